@@ -1,0 +1,63 @@
+#include "base/atomic_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/temp_folder.h"
+
+namespace zemva {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Save(const std::string& path, const std::string& text) {
+  AtomicFile file(path);
+  if (file.GetStream() == nullptr) return false;
+  std::fputs(text.c_str(), file.GetStream());
+  return file.Commit();
+}
+
+TEST(AtomicFile, ReplacesTheFileOnCommitOnly) {
+  const test::TempFolder folder;
+  const std::string path = folder.File("a.txt");
+  EXPECT_TRUE(Save(path, "old"));
+  {
+    AtomicFile abandoned(path);
+    std::fputs("new", abandoned.GetStream());
+  }
+  EXPECT_EQ(test::ReadBytes(path), "old");
+  EXPECT_TRUE(Save(path, "new"));
+  EXPECT_EQ(test::ReadBytes(path), "new");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1)
+      << "a file was left behind";
+}
+
+TEST(AtomicFile, FailsInAFolderThatDoesNotExist) {
+  const test::TempFolder folder;
+  EXPECT_FALSE(Save(folder.File("no/such/a.txt"), "x"));
+}
+
+#if !defined(_WIN32)
+TEST(AtomicFile, FollowsALinkAndKeepsPermissions) {
+  const test::TempFolder folder;
+  const std::string path = folder.File("a.txt");
+  test::WriteBytes(path, "old");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("a.txt", folder.File("link"));
+  EXPECT_TRUE(Save(folder.File("link"), "new"));
+  EXPECT_TRUE(fs::is_symlink(folder.File("link")));
+  EXPECT_EQ(test::ReadBytes(path), "new");
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST(AtomicFile, ADeviceIsWrittenToAndNotReplaced) {
+  EXPECT_FALSE(Save("/dev/full", "x"));
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+  EXPECT_TRUE(Save("/dev/null", "x"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+#endif
+
+}  // namespace
+}  // namespace zemva
