@@ -5,7 +5,8 @@
 #   install_win32_packages REASON        the cross compiler and the 32-bit Wine
 #
 # They say what they install and why, and nothing when all is there. All they print goes to standard
-# error. They return non-zero when something is still missing afterwards.
+# error. Where something could not be installed they return non-zero, with $missing listing it. On a
+# system without apt-get they do nothing: the build says what it misses.
 
 say() { echo "$*" >&2; }
 
@@ -24,9 +25,10 @@ is_present() {
     dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed
 }
 
-# Prints those of the packages that are missing.
+# Prints those of the packages that are missing and can be had by apt-get.
 missing_of() {
-  for package; do is_present "$package" || printf '%s ' "$package"; done
+  command -v apt-get >/dev/null || return 0
+  for package; do is_present "$package" || printf ' %s' "$package"; done
 }
 
 as_root() {
@@ -34,19 +36,18 @@ as_root() {
 }
 
 apt_get() {
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -y -o DPkg::Lock::Timeout=300 "$@" \
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=300 "$@" \
     </dev/null >&2
+}
+
+update_lists() {
+  apt_get update || say "The package lists are not all up to date; going on with what there is"
 }
 
 # Whether packages can be installed here; says what stands in the way.
 can_install() {
-  if ! command -v apt-get >/dev/null; then
-    say "cannot install on this system: it has no apt-get"
-  elif [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
-    say "cannot install: neither root nor sudo"
-  else
-    return 0
-  fi
+  if [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null; then return 0; fi
+  say "Cannot install: this is neither root nor is there sudo"
   return 1
 }
 
@@ -55,16 +56,16 @@ install_packages() {
   shift
   missing=$(missing_of "$@")
   [ -n "$missing" ] || return 0
-  say "Installing for $reason: $missing"
+  say "Installing for $reason:$missing"
   can_install || return 1
-  apt_get -q update || say "the package lists are not all up to date; going on with what there is"
+  update_lists
   # Word splitting is meant: a list of package names.
   # shellcheck disable=SC2086
-  apt_get -q install --no-install-recommends $missing
+  apt_get install --no-install-recommends --no-remove $missing
 }
 
-# Prints, as LIBRARY=VERSION, what to install for both architectures where the version of a 64-bit
-# library here is not the one that there is for 32 bits: the two have to be the same.
+# library_versions_of_both RELEASE: prints, as LIBRARY=VERSION, each library whose version here is
+# not the one that the release has for 32 bits.
 library_versions_of_both() {
   apt-cache depends --recurse --no-recommends --no-suggests --no-conflicts --no-breaks \
     --no-replaces --no-enhances wine32:i386 |
@@ -78,23 +79,23 @@ library_versions_of_both() {
     done
 }
 
-# All in one command, so that the packages for both architectures are chosen together, and from the
-# release itself: a library that has an update for one architecture only cannot stand beside its
-# twin.
+# All in one command, so that the packages for both architectures are chosen together. A library of
+# both must have one version: where the lists hold an update for one architecture only, the second
+# try takes what the release itself has, and steps back behind such an update.
 install_win32_packages() {
   packages="g++-mingw-w64-i686-posix googletest wine wine32:i386"
   # shellcheck disable=SC2086
   missing=$(missing_of $packages)
   [ -n "$missing" ] || return 0
-  say "Installing for $1: $missing"
+  say "Installing for $1:$missing"
   can_install || return 1
-  release=$(. /etc/os-release && echo "$VERSION_CODENAME")
   as_root dpkg --add-architecture i386
-  apt_get -q update || say "the package lists are not all up to date; going on with what there is"
+  update_lists
   # shellcheck disable=SC2086
-  apt_get -q install --no-install-recommends -t "$release" $packages && return 0
+  apt_get install --no-install-recommends --no-remove $packages && return 0
   say "Trying again with the versions that there are for both architectures"
+  release=$(. /etc/os-release && echo "$VERSION_CODENAME")
   # shellcheck disable=SC2046,SC2086
-  apt_get -q install --no-install-recommends -t "$release" --allow-downgrades \
+  apt_get install --no-install-recommends --no-remove --allow-downgrades -t "$release" \
     $packages $(library_versions_of_both "$release")
 }
