@@ -160,18 +160,19 @@ bool Dataset::CountsFitMatrix() const {
   return nobs_ >= 0 && nobs_ <= rows && nvar_ >= 0 && nvar_ <= columns;
 }
 
-// Cuts the matrix and the tables down to the counts. 2023 when there is no matrix that is as large,
-// 5001 when memory runs out.
+// Cuts the matrix and the tables down to the counts. 2023 when there is no matrix that is as large;
+// else the codes of the matrix.
 int Dataset::DropBeyondCounts() {
   if (!matrix_ || !CountsFitMatrix()) return status::dio::kIncompleteDataset;
-  const XI1Vector rows = SelectFirst(nobs_, matrix_->NRow());
-  const XI1Vector columns = SelectFirst(nvar_, matrix_->NCol());
-  if (rows.GetStatus() != status::kOk || columns.GetStatus() != status::kOk) {
-    return status::mat::kMemory;
-  }
   int status = status::kOk;
-  if (matrix_->NRow() > nobs_) status = matrix_->DelRows(&rows);
-  if (status == status::kOk && matrix_->NCol() > nvar_) status = matrix_->DelCols(&columns);
+  if (matrix_->NRow() > nobs_) {
+    const XI1Vector rows = SelectFirst(nobs_, matrix_->NRow());
+    status = matrix_->DelRows(&rows);
+  }
+  if (status == status::kOk && matrix_->NCol() > nvar_) {
+    const XI1Vector columns = SelectFirst(nvar_, matrix_->NCol());
+    status = matrix_->DelCols(&columns);
+  }
   if (status != status::kOk) return status;
   if (obs_info_) obs_info_->KeepFirst(nobs_);
   if (var_info_) var_info_->KeepFirst(nvar_);

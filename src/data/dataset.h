@@ -126,8 +126,10 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   // appended.
   int MergeObs(Dataset* other, bool renumber);
 
-  // Appends the variables of `other`, 8046 when the counts of observations differ. Repeated names
-  // get a suffix; where that makes one too long, or with `rename`, all variables are named anew.
+  // Appends the variables of `other`, 8046 when the counts of observations differ. Their numbers go
+  // up by the count of variables before, modulo 2^16. Repeated names get a suffix; where that makes
+  // one too long, or with `rename`, all variables are named anew; the result is then the status of
+  // the observation table, unless it is 8055.
   int MergeVar(Dataset* other, bool rename);
 
   // Copies the observation at src_row to dst_row, matching variables by name; where `src` has none,
@@ -200,6 +202,8 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   int MakeWhole();
 
   // dataset_merge.cpp
+  template <typename Merge>
+  int MergeWith(Dataset* other, Merge merge);
   int MergeObsOf(const Dataset& other, bool renumber);
   int MergeVarOf(const Dataset& other, bool rename);
   bool ReportRepeatedNumbers(const Dataset& other) const;

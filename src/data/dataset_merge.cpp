@@ -164,20 +164,26 @@ bool Dataset::CopyObservationData(Dataset* dst, int dst_row, Dataset* src, int s
   return kept_map->is_matched;
 }
 
-int Dataset::MergeObs(Dataset* other, bool renumber) {
+// Runs `merge` while `other` is loaded.
+template <typename Merge>
+int Dataset::MergeWith(Dataset* other, Merge merge) {
   if (StartEdit() != status::kOk) return status_;
   if (other == nullptr) return status_ = status::mva::kNullPointer;
   const LoadedMeanwhile loaded(*other);
   if (loaded.GetStatus() != status::kOk) return status_ = loaded.GetStatus();
   if (!other->CountsFitMatrix()) return status_ = status::dio::kIncompleteDataset;
-  if (nobs_ + other->nobs_ > kMaxItems) return status_ = status::mva::kIndexOutOfRange;
-  return Changed(MemoryGuarded([&] { return MergeObsOf(*other, renumber); }));
+  return Changed(MemoryGuarded(merge));
+}
+
+int Dataset::MergeObs(Dataset* other, bool renumber) {
+  return MergeWith(other, [&] { return MergeObsOf(*other, renumber); });
 }
 
 int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
   const int old_count = nobs_;
   const int added_count = other.nobs_;
   const int count = old_count + added_count;
+  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
   const bool has_repeated = !renumber && ReportRepeatedNumbers(other);
 
   // All that can fail comes before the first change of this data set.
@@ -236,20 +242,15 @@ int Dataset::JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) 
 }
 
 int Dataset::MergeVar(Dataset* other, bool rename) {
-  if (StartEdit() != status::kOk) return status_;
-  if (other == nullptr) return status_ = status::mva::kNullPointer;
-  const LoadedMeanwhile loaded(*other);
-  if (loaded.GetStatus() != status::kOk) return status_ = loaded.GetStatus();
-  if (!other->CountsFitMatrix()) return status_ = status::dio::kIncompleteDataset;
-  if (nobs_ != other->nobs_) return status_ = status::mva::kInconsistentDatasets;
-  if (nvar_ + other->nvar_ > kMaxItems) return status_ = status::mva::kIndexOutOfRange;
-  return Changed(MemoryGuarded([&] { return MergeVarOf(*other, rename); }));
+  return MergeWith(other, [&] { return MergeVarOf(*other, rename); });
 }
 
 int Dataset::MergeVarOf(const Dataset& other, bool rename) {
   const int old_count = nvar_;
   const int added_count = other.nvar_;
   const int count = old_count + added_count;
+  if (nobs_ != other.nobs_) return status::mva::kInconsistentDatasets;
+  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
 
   // All that can fail comes before the first change of this data set.
   JoinedVariables joined(*var_info_, window_);

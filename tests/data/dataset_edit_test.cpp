@@ -27,12 +27,6 @@ PlainTable WithVariables(int n, const std::vector<std::string>& names) {
   return table;
 }
 
-PlainTable WithObservations(const std::vector<std::string>& names) {
-  PlainTable table = SmallTable(static_cast<int>(names.size()), 1);
-  for (std::size_t i = 0; i < names.size(); ++i) table.observations[i].name = names[i];
-  return table;
-}
-
 std::vector<Label> Numbered(const std::vector<std::string>& names) {
   std::vector<Label> labels;
   for (const std::string& name : names) {
@@ -132,119 +126,77 @@ TEST(DatasetMergeObs, MatchesVariablesByNameAndRenumbersRepeatedNumbers) {
   EXPECT_EQ(window.log,
             "Duplicate observation number 2.\n"
             "Observations have been renumbered starting with 1.\n");
-}
 
-TEST(DatasetMergeObs, WithoutACommonVariableNoRowIsAdded) {
-  test::RecordingWindow window;
-  const auto dataset = MakeDataset(WithVariables(2, {"a"}), window);
-  const auto other = MakeDataset(WithVariables(3, {"b"}), window);
-  EXPECT_EQ(dataset->MergeObs(other.get(), true), 0);
-  PlainTable expected = WithVariables(2, {"a"});
-  expected.observations = Numbered({"Obs_1", "Obs_2"});
-  EXPECT_EQ(Content(*dataset), expected);
+  window.log.clear();
+  EXPECT_EQ(dataset->MergeObs(MakeDataset(SmallTable(2, 1), window).get(), true), 0);
+  merged.observations = Numbered({"Obs_1", "Obs_2", "Obs_3", "Obs_4"});
+  EXPECT_EQ(Content(*dataset), merged);
   EXPECT_EQ(window.log, "Observations have been reidentified starting with Obs_1.\n");
 }
 
-TEST(DatasetMergeObs, OfItselfDoublesTheRows) {
-  StreamWindow window;
-  const auto dataset = MakeDataset(SmallTable(2, 1), window);
-  EXPECT_EQ(dataset->MergeObs(dataset.get(), true), 0);
-  EXPECT_EQ(Content(*dataset).values,
-            (std::vector<std::vector<float>>{{11.0f}, {21.0f}, {11.0f}, {21.0f}}));
-}
-
-TEST(DatasetMergeVar, RepairsRepeatedNames) {
-  const std::string long_name(22, 'n');
+TEST(DatasetMergeVar, RepairsRepeatedNamesAndTells) {
+  const std::string tight(21, 'n'), loose(22, 'n');
   const struct {
-    std::vector<std::string> names, other_names;
-    bool rename;
-    int status;
-    std::vector<Label> variables;
+    std::vector<std::string> names, others, merged;
     std::string log;
   } cases[] = {
-      {{"a"}, {"b"}, false, 0, {{1, "a"}, {2, "b"}}, ""},
       {{"B", "B_1"},
-       {"B", "C", "C"},
-       false,
-       8055,
-       {{1, "B"}, {2, "B_1"}, {3, "B_2"}, {4, "C"}, {5, "C_1"}},
-       "Duplicate variable name B.\nChanged to B_2.\n"
-       "Duplicate variable name C.\nChanged to C_1.\n"},
-      {{long_name},
-       {long_name},
-       false,
-       8055,
-       {{1, "Var_1"}, {2, "Var_2"}},
-       "Duplicate variable name " + long_name +
+       {"B", "C"},
+       {"B", "B_1", "B_2", "C"},
+       "Duplicate variable name B.\nChanged to B_2.\n"},
+      {{tight},
+       {tight},
+       {tight, tight + "_1"},
+       "Duplicate variable name " + tight + ".\nChanged to " + tight + "_1.\n"},
+      {{loose},
+       {loose},
+       {"Var_1", "Var_2"},
+       "Duplicate variable name " + loose +
            ".\nVariable name too long, can not fix duplicate name.\n"
            "Variables have been renamed starting with Var_1.\n"},
-      {{long_name.substr(1)},
-       {long_name.substr(1)},
-       false,
-       8055,
-       {{1, long_name.substr(1)}, {2, long_name.substr(1) + "_1"}},
-       "Duplicate variable name " + long_name.substr(1) + ".\nChanged to " + long_name.substr(1) +
-           "_1.\n"},
-      {{"a"},
-       {"a"},
-       true,
-       0,
-       {{1, "Var_1"}, {2, "Var_2"}},
-       "Variables have been renamed starting with Var_1.\n"},
   };
   for (const auto& c : cases) {
     test::RecordingWindow window;
     const auto dataset = MakeDataset(WithVariables(2, c.names), window);
-    const auto other = MakeDataset(WithVariables(2, c.other_names), window);
-    EXPECT_EQ(dataset->MergeVar(other.get(), c.rename), c.status);
-    const PlainTable content = Content(*dataset);
-    EXPECT_EQ(content.variables, c.variables);
+    const auto other = MakeDataset(WithVariables(2, c.others), window);
+    EXPECT_EQ(dataset->MergeVar(other.get(), false), 8055);
+    EXPECT_EQ(Content(*dataset).variables, Numbered(c.merged));
     EXPECT_EQ(window.log, c.log);
-    EXPECT_EQ(content.values[1].back(), 20.0f + static_cast<float>(c.other_names.size()));
   }
 }
 
-TEST(DatasetTranspose, RepairsRepeatedNames) {
-  const std::string long_name(22, 'n');
+TEST(DatasetMergeVar, ARenamingAnswersTheObservationTablesStatus) {
+  StreamWindow window;
+  const auto dataset = MakeDataset(SmallTable(1, 1), window);
+  EXPECT_EQ(dataset->DelObs(9), 8014);
+  EXPECT_EQ(dataset->MergeVar(dataset.get(), true), 8014);
+  EXPECT_EQ(Content(*dataset).variables, Numbered({"Var_1", "Var_2"}));
+}
+
+TEST(DatasetTranspose, RepairsRepeatedNamesAndTells) {
+  const std::string loose(22, 'n');
   const struct {
-    std::vector<std::string> names;
-    bool new_names;
-    int status;
-    std::vector<Label> variables;
+    std::vector<std::string> names, variables;
     std::string log;
   } cases[] = {
-      {{"A", "B"}, false, 0, Numbered({"A", "B"}), ""},
-      {{"A", "B", "A", "A"},
-       false,
-       8055,
-       Numbered({"A", "B", "A_2", "A_3"}),
+      {{"A", "A_2", "A", "A"},
+       {"A", "A_2", "A_2_2", "A_3"},
        "Duplicate variable name A.\nChanged to A_2.\n"
-       "Duplicate variable name A.\nChanged to A_3.\n"},
-      {{"A", "A_2", "A"},
-       false,
-       8055,
-       Numbered({"A", "A_2", "A_2_2"}),
-       "Duplicate variable name A.\nChanged to A_2.\n"
+       "Duplicate variable name A.\nChanged to A_3.\n"
        "Duplicate variable name A_2.\nChanged to A_2_2.\n"},
-      {{long_name, long_name},
-       false,
-       8055,
-       Numbered({"V1", "V2"}),
-       "Duplicate variable name " + long_name +
+      {{loose, loose},
+       {"V1", "V2"},
+       "Duplicate variable name " + loose +
            ".\nVariable name too long, can not fix duplicate name.\n"
            "New variable names are given starting with V1.\n"},
-      {{"A", "A"},
-       true,
-       0,
-       Numbered({"V1", "V2"}),
-       "New variable names are given starting with V1.\n"},
   };
   for (const auto& c : cases) {
     test::RecordingWindow window;
-    const auto dataset = MakeDataset(WithObservations(c.names), window);
-    EXPECT_EQ(dataset->Transpose(c.new_names), c.status);
-    EXPECT_EQ(Content(*dataset).variables, c.variables);
-    EXPECT_EQ(Content(*dataset).observations, Numbered({"v1"}));
+    PlainTable table = SmallTable(static_cast<int>(c.names.size()), 1);
+    for (std::size_t i = 0; i < c.names.size(); ++i) table.observations[i].name = c.names[i];
+    const auto dataset = MakeDataset(table, window);
+    EXPECT_EQ(dataset->Transpose(false), 8055);
+    EXPECT_EQ(Content(*dataset).variables, Numbered(c.variables));
     EXPECT_EQ(window.log, c.log);
   }
 }
@@ -269,17 +221,6 @@ TEST(CopyObservationData, TheMapIsKeptUntilTheLengthDiffersOrItIsDropped) {
   EXPECT_FALSE(copy(stranger.get(), 65537, 1, true));
   EXPECT_EQ((*to)[2][1], 21.0f);
   EXPECT_TRUE(copy(nullptr, 1, 1, true));
-}
-
-TEST(CopyObservationData, RepeatedNamesAreMatchedInTheirOrder) {
-  StreamWindow window;
-  const auto to = MakeDataset(WithVariables(1, {"a", "b", "a", "a", "b"}), window);
-  const auto from = MakeDataset(WithVariables(1, {"a", "a", "b"}), window);
-  Dataset::CopyObservationData(nullptr, 0, nullptr, 0, true);
-  Dataset::CopyObservationData(to.get(), 1, from.get(), 1, true);
-  Dataset::CopyObservationData(nullptr, 0, nullptr, 0, true);
-  EXPECT_EQ((std::vector<float>((*to)[1] + 1, (*to)[1] + 6)),
-            (std::vector<float>{11.0f, 13.0f, 11.0f, 12.0f, 13.0f}));
 }
 
 }  // namespace

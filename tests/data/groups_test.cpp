@@ -83,14 +83,6 @@ TEST(ClaInfo, ExtractKeepsTheSelectedOrNothing) {
   EXPECT_EQ(table.ExtClaInfo(nullptr), nullptr);
 }
 
-TEST(BlkInfo, TypesAndTheirNames) {
-  EXPECT_EQ(BlkInfo::GetBlkType("1/4root"), BlkInfo::kFourthRoot);
-  EXPECT_EQ(BlkInfo::GetBlkType("Undef"), BlkInfo::kUndefined);
-  EXPECT_EQ(BlkInfo::GetBlkType(nullptr), BlkInfo::kUndefined);
-  EXPECT_STREQ(BlkInfo::GetString(BlkInfo::kSquareRoot), "1/sqrt");
-  EXPECT_STREQ(BlkInfo::GetString(BlkInfo::kUndefined), "");
-}
-
 TEST(BlkInfo, NumbersForANewBlock) {
   const struct {
     Blocks rows;
@@ -99,17 +91,13 @@ TEST(BlkInfo, NumbersForANewBlock) {
   for (const auto& c : cases) EXPECT_EQ(MakeBlocks({}, c.rows).GetBNumNext(), c.next);
 }
 
-TEST(BlkInfo, InsertedVariablesAreInNoBlock) {
-  BlkInfo table = MakeBlocks({1, 1, 2}, {1, 2});
+TEST(BlkInfo, VariablesComeInNoBlockAndLeaveNoBlockOfOne) {
+  BlkInfo table = MakeBlocks({1, 2, 1, 1}, {1, 2});
   EXPECT_EQ(table.AddVar(0), 8014);
-  EXPECT_EQ(table.AddVar(2), 0);
-  EXPECT_EQ(BlocksOf(table), (Blocks{1, 0, 1, 2}));
+  EXPECT_EQ(table.AddVar(4), 0);
   EXPECT_EQ(table.AddVar(30), 0);
-  EXPECT_EQ(BlocksOf(table), (Blocks{1, 0, 1, 2, 0}));
-}
-
-TEST(BlkInfo, ARemovedVariableLeavesNoBlockOfOne) {
-  BlkInfo table = MakeBlocks({1, 2, 1, 0, 1, 2}, {1, 2});
+  EXPECT_EQ(BlocksOf(table), (Blocks{1, 2, 1, 0, 1, 0}));
+  table.SetBStat(6, 2);
   EXPECT_EQ(table.DelVar(0), 8014);
   EXPECT_EQ(table.DelVar(7), 8014);
   EXPECT_EQ(table.DelVar(4), 8014);
@@ -150,6 +138,8 @@ TEST(BlkInfo, RowsAreReadUpdatedAndListed) {
   ASSERT_EQ(table.GetItm(1, number, name, type, nvar, weight, scale), 0);
   EXPECT_EQ(number, 7);
   EXPECT_EQ(scale, -99.0f);
+  EXPECT_EQ(BlkInfo::GetBlkType("1/4root"), BlkInfo::kFourthRoot);
+  EXPECT_STREQ(BlkInfo::GetString(BlkInfo::kUndefined), "");
   const std::string row = "     1     7      new    Undef       4      0.25\n";
   test::RecordingWindow window;
   table.ShowItm(1, window);
