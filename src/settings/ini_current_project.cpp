@@ -1,6 +1,7 @@
 // The current project, and free values.
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
+#include "settings/paths.h"
 #include "settings/text.h"
 
 namespace zemva {

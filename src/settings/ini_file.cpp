@@ -3,6 +3,7 @@
 #include <array>
 
 #include "settings/ini_layout.h"
+#include "settings/paths.h"
 #include "settings/prj_opt.h"
 #include "settings/text.h"
 

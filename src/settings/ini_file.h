@@ -7,7 +7,7 @@
 
 #include "base/export.h"
 #include "base/fixed_text.h"
-#include "settings/paths.h"
+#include "settings/path_text.h"
 
 // What a menu of the Windows interface is known by; unknown to other systems and never looked into.
 struct HMENU__;

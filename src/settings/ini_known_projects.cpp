@@ -3,6 +3,7 @@
 
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
+#include "settings/paths.h"
 #include "settings/text.h"
 
 namespace zemva {

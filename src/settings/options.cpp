@@ -12,6 +12,16 @@
 #include "settings/text.h"
 
 namespace zemva {
+namespace {
+
+const char* ValueIn(const std::vector<ProfileEntry>& entries, std::string_view key) {
+  const auto entry = std::ranges::find_if(entries, [key](const ProfileEntry& candidate) {
+    return IsSameIgnoringCase(candidate.key, key);
+  });
+  return entry != entries.end() ? entry->value.c_str() : "";
+}
+
+}  // namespace
 
 Options::Options(bool has_defaults_only) {
   for (int number = 1; number <= kOptionCount; ++number) {
@@ -72,11 +82,12 @@ bool Options::IsResetOnLoad(EOptType type) {
 
 void Options::LoadGlobal() {
   const std::string file = IniFile::GetSettingsFile();
+  const auto entries = Profile::OfThisSystem().ReadSection(kOptionsSection, file.c_str());
   std::vector<ProfileChange> defaults;
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const OptionCell& row = OptionRow(static_cast<EOptType>(number));
     auto& cell = values_[static_cast<std::size_t>(number)];
-    ReadInto(cell, kOptionsSection, row.key, file.c_str());
+    cell.Set(ValueIn(entries, row.key));
     if (!row.IsResetOnLoad() && !cell.IsEmpty() && row.rule.Allows(cell.View())) continue;
     cell.Set(row.default_value);
     defaults.push_back({kOptionsSection, row.key, row.default_value});

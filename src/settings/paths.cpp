@@ -34,10 +34,6 @@ std::size_t LengthOfDirectory(std::string_view path) {
 
 }  // namespace
 
-void PathText::SetPath(std::string_view path) {
-  Set(path.size() <= kCapacity ? std::string(path).c_str() : "");
-}
-
 std::string WithSeparator(std::string_view path) {
   std::string result(path);
   if (!path.empty() && kSeparators.find(path.back()) == std::string_view::npos) {

@@ -6,16 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/fixed_text.h"
-
 namespace zemva {
-
-// A path in a field of 260 bytes. One that does not fit would name another file: the field is then
-// empty, which names none.
-class PathText : public FixedText<259> {
- public:
-  void SetPath(std::string_view path);
-};
 
 // The path with a separator at its end, unless it is empty or ends in one. A path keeps the
 // separator that it uses: "\" with a drive letter, else the first that stands in it, else the

@@ -12,8 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "base/export.h"
-
 namespace zemva {
 
 struct ProfileEntry {
@@ -28,7 +26,7 @@ struct ProfileChange {
   const char* value;
 };
 
-class ZEMVA_API Profile {
+class Profile {
  public:
   // The longest key or value that can be written.
   static constexpr std::size_t kMaxText = 32000;

@@ -19,6 +19,8 @@
 namespace zemva {
 namespace {
 
+using namespace std::string_literals;
+
 std::string Read(const std::string& file, const char* section, const char* key) {
   std::string buffer(64, '#');
   buffer.resize(FileProfile().ReadString(section, key, "none", buffer, file.c_str()));
@@ -52,10 +54,7 @@ TEST(ProfileDamage, AnEndlessLineIsReadOnce) {
 TEST(ProfileDamage, Utf16IsLeftAlone) {
   const test::TempFolder folder;
   const std::string file = folder.File("a.ini");
-  const std::string text(
-      "\xFF\xFE[\0a\0]\0\n\0k\0=\0"
-      "1\0",
-      18);
+  const std::string text = "\xFF\xFE[\0a\0]\0\n\0k\0=\0\x31\0"s;
   test::WriteBytes(file, text);
   EXPECT_EQ(Read(file, "a", "k"), "none");
   EXPECT_FALSE(FileProfile().Write({"a", "k", "2"}, file.c_str()));
