@@ -22,5 +22,8 @@
 #include "errors/stream_window.h"
 #include "numeric/x_matrix.h"
 #include "numeric/x_vector.h"
+#include "settings/ini_file.h"
+#include "settings/mod_opt.h"
+#include "settings/prj_opt.h"
 
 #endif  // ZEMVA_ZEMVA_H

@@ -24,6 +24,7 @@ struct Command {
 constexpr std::array kCommands = {
     Command{"import", ImportCommand, "import FILE.vdo [-o OUT.csv] [--plugin LIBRARY]"},
     Command{"info", InfoCommand, "info FILE.vdo"},
+    Command{"options", OptionsCommand, "options [set KEY VALUE] [--ini DIR]"},
 };
 
 void PrintUsage(std::FILE* stream) {
