@@ -17,6 +17,7 @@ inline constexpr int kWrongUsage = 2;
 
 using Arguments = std::span<const std::string_view>;
 
+int ConvertCommand(Arguments arguments);
 int ImportCommand(Arguments arguments);
 int InfoCommand(Arguments arguments);
 int OptionsCommand(Arguments arguments);
