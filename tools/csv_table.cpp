@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <set>
@@ -20,6 +21,7 @@ namespace zemva::tools {
 namespace {
 
 constexpr std::size_t kLongestName = DioFile::kMaxText - 1;
+constexpr std::size_t kMostValues = std::numeric_limits<std::int32_t>::max() / sizeof(float);
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
@@ -178,6 +180,7 @@ void TableReader::ReadRow() {
   if (table_.observation_names.size() == static_cast<std::size_t>(kMaxItems)) {
     Refuse("more than 32767 observations");
   }
+  if (table_.values.size() > kMostValues) Refuse("the values do not fit a file of 2 GiB");
   if (cells_.size() != column_count_) {
     Repair(std::min(cells_.size(), column_count_) + 1,
            std::to_string(cells_.size()) + " cells in place of " + std::to_string(column_count_) +
