@@ -184,6 +184,10 @@ TEST_F(IniFileTest, AProjectIsMadeAndMovedWithoutItsLists) {
   EXPECT_TRUE(ini.SetCurrentProjectName("A name of more than 24 characters"));
   EXPECT_STREQ(ini.GetCurrentProjectName(), "A name of more than 24 c");
 
+  for (const auto& no_file : {std::string(), std::string(300, 'n')}) {
+    EXPECT_FALSE(ini.MoveCurrentProject(no_file.c_str()));
+    EXPECT_TRUE(std::filesystem::exists(old_address));
+  }
   EXPECT_TRUE(ini.MoveCurrentProject(new_address.c_str()));
   EXPECT_FALSE(std::filesystem::exists(old_address));
   EXPECT_EQ(ini.GetCurrentProjectAddress(), new_address);
