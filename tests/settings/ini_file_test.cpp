@@ -205,8 +205,8 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
   }
   PathText path;
   path.SetPath(std::string(200, 'n'));
-  EXPECT_FALSE(IniFile(("/" + std::string(200, 'd') + "/p.ini").c_str())
-                   .MakePath2CurrentProjectDirctory(path.Get()));
+  const std::string deep_project = std::string("/").append(200, 'd').append("/p.ini");
+  EXPECT_FALSE(IniFile(deep_project.c_str()).MakePath2CurrentProjectDirctory(path.Get()));
   EXPECT_TRUE(path.IsEmpty());
 
   const std::pair<const char*, const char*> directories[] = {
