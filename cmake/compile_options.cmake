@@ -18,6 +18,9 @@ add_library(zemva_compile_options INTERFACE)
 target_compile_options(zemva_compile_options INTERFACE
   -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   $<$<BOOL:${ZEMVA_WERROR}>:-Werror>)
+if(ZEMVA_FUZZ)
+  target_compile_options(zemva_compile_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86)$" OR CMAKE_SIZEOF_VOID_P EQUAL 4)
   target_compile_options(zemva_compile_options INTERFACE -msse2 -mfpmath=sse)
 endif()

@@ -1,0 +1,21 @@
+# What an installation holds: the library, the program, the public headers in their folders, a CMake
+# package (find_package(zemva), target zemva::zemva) and a pkg-config file. Nothing in it names the
+# folder that it was installed to, so that the whole can be moved.
+include(CMakePackageConfigHelpers)
+
+set(zemva_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zemva)
+
+install(TARGETS zemva_program)
+install(TARGETS zemva EXPORT zemva
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zemva)
+install(EXPORT zemva NAMESPACE zemva:: FILE zemva-targets.cmake DESTINATION ${zemva_package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/zemva-config-version.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES cmake/zemva-config.cmake ${PROJECT_BINARY_DIR}/zemva-config-version.cmake
+  DESTINATION ${zemva_package_dir})
+
+set(zemva_prefix_from_pc ${CMAKE_INSTALL_PREFIX})
+cmake_path(RELATIVE_PATH zemva_prefix_from_pc
+  BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+configure_file(cmake/zemva.pc.in zemva.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zemva.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -3,6 +3,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/native_path.h"
+
 #if defined(_WIN32)
 #include <io.h>
 #include <process.h>
@@ -62,13 +64,14 @@ fs::path ResolveLinks(const fs::path& path) {
 
 }  // namespace
 
-AtomicFile::AtomicFile(const std::string& path) : target_(ResolveLinks(path)), beside_(target_) {
+AtomicFile::AtomicFile(const std::string& path)
+    : target_(ResolveLinks(NativePath(path))), beside_(target_) {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
   if (!fs::exists(status) || fs::is_regular_file(status)) {
     beside_ += ".saving-" + std::to_string(ProcessNumber());
   }
-  stream_ = std::fopen(beside_.string().c_str(), "wb");
+  stream_ = OpenFile(beside_, "wb");
 }
 
 AtomicFile::~AtomicFile() {

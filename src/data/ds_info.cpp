@@ -1,0 +1,48 @@
+#include "data/ds_info.h"
+
+#include "data/itm_listing.h"
+#include "errors/status.h"
+
+namespace zemva {
+
+const char* DSInfo::GetDSAddr(short i) const {
+  const DSData* row = GetRow(i);
+  return row == nullptr ? nullptr : row->GetAddr();
+}
+
+Dataset* DSInfo::GetDS(short i) const {
+  const DSData* row = GetRow(i);
+  return row == nullptr ? nullptr : row->GetDS();
+}
+
+int DSInfo::SetDSAddr(short i, const char* address) {
+  DSData* row = GetRow(i);
+  if (row == nullptr) return SetStatus(status::itm::kBadPosition);
+  row->SetAddr(address);
+  return Changed(status::kOk);
+}
+
+int DSInfo::SetDS(short i, Dataset* dataset) {
+  DSData* row = GetRow(i);
+  if (row == nullptr) return SetStatus(status::itm::kBadPosition);
+  row->SetDS(dataset);
+  return Changed(status::kOk);
+}
+
+int DSInfo::ShowAll(StreamWindow& window) {
+  ListTitle(window, GetNam(), GetNItm());
+  Listing(window).Text("  Item DSNum     DSNam  DSAddr").EndLine();
+  for (int i = 1; i <= GetNItm(); ++i) {
+    const DSData& row = *GetRow(static_cast<short>(i));
+    Listing(window)
+        .Right(6, i)
+        .Right(6, row.GetINum())
+        .Right(10, row.GetINam())
+        .Text("  ")
+        .Text(row.GetAddr())
+        .EndLine();
+  }
+  return status::kOk;
+}
+
+}  // namespace zemva

@@ -1,0 +1,50 @@
+#include <cstring>
+
+#include "data/dataset.h"
+#include "dio/dio_data.h"
+#include "errors/dio_error.h"
+#include "errors/status.h"
+
+namespace zemva {
+namespace {
+
+void RaiseUnless(int status, const char* item) {
+  if (status != status::kOk) throw new DioDataError(status, kWritingData, item);
+}
+
+int WriteNumber(DioFile& file, const char* name, short number, int& size) {
+  size = sizeof number;
+  return file.WriteTheItem(size, name, "i2", 0, nullptr, &number);
+}
+
+}  // namespace
+
+int DioData::WriteDataset(Dataset& dataset, DioFile& file, int& size) {
+  DioItem tables(file);
+  int item_size = static_cast<int>(std::strlen(dataset.GetDSNam())) + 1;
+  RaiseUnless(file.WriteTheItem(item_size, "DSName", "sz21", 0, nullptr, dataset.GetDSNam()),
+              "DSName");
+  size += item_size;
+  RaiseUnless(WriteNumber(file, "DSNum", dataset.GetDSNum(), item_size), "DSNum");
+  size += item_size;
+  RaiseUnless(file.WriteComment(dataset.GetDSTitle(), item_size), "Title");
+  size += item_size;
+  ProgressCount(dataset.GetNObsDS());
+  RaiseUnless(WriteNumber(file, "NOBJ", dataset.GetNObsDS(), item_size), "NOBJ");
+  size += item_size;
+  if (const ObsInfo* observations = dataset.GetOIPtr()) {
+    tables.WriteObsInfo(*observations, item_size);
+    size += item_size;
+  }
+  RaiseUnless(WriteNumber(file, "NVar", dataset.GetNVarDS(), item_size), "NVar");
+  size += item_size;
+  if (const VarInfo* variables = dataset.GetVIPtr()) {
+    tables.WriteVariableInfo(*variables, "VarInfo", item_size);
+    size += item_size;
+  }
+  RaiseUnless(file.WriteMXF4("Dataset", *dataset.GetDMPtr(), item_size, this), "Dataset");
+  size += item_size;
+  return status::kOk;
+}
+
+}  // namespace zemva

@@ -1,0 +1,24 @@
+// The whole exported class interface.
+#ifndef ZEMVA_ZEMVA_H
+#define ZEMVA_ZEMVA_H
+
+#include "data/dangerous_data_set_manipulator.h"
+#include "data/dataset.h"
+#include "data/ds_info.h"
+#include "data/obs_info.h"
+#include "data/var_info.h"
+#include "dio/dio.h"
+#include "dio/dio_data.h"
+#include "dio/dio_file.h"
+#include "dio/dio_item.h"
+#include "dio/file_contents.h"
+#include "dio/finder.h"
+#include "errors/dio_error.h"
+#include "errors/listing.h"
+#include "errors/messages.h"
+#include "errors/status.h"
+#include "errors/stream_window.h"
+#include "numeric/x_matrix.h"
+#include "numeric/x_vector.h"
+
+#endif  // ZEMVA_ZEMVA_H

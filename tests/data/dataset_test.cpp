@@ -1,0 +1,172 @@
+#include "data/dataset.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "data/dangerous_data_set_manipulator.h"
+#include "data/plain_table.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+
+namespace zemva {
+namespace {
+
+using Inside = DangerousDataSetManipulator;
+
+TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
+  StreamWindow window;
+  EXPECT_EQ(Dataset(nullptr, "a", window).GetStatus(), 8013);
+  EXPECT_EQ(Dataset("n", nullptr, window).GetStatus(), 8013);
+  EXPECT_EQ(Dataset("n", std::string(261, 'a').c_str(), window).GetStatus(), 8013);
+  XFMatrix matrix("m", 2, 1, 0.0f);
+  ObsInfo observations("ObsInfo");
+  VarInfo variables("VarInfo");
+  variables.AddVar(1, "x");
+  Dataset dataset("n", "a", window, &matrix, &observations, &variables);
+  EXPECT_EQ(dataset.GetStatus(), 8013);
+  EXPECT_FALSE(dataset.IsLoaded());
+}
+
+TEST(Dataset, HeaderTextsAreCutAndAddressesAreNot) {
+  StreamWindow window;
+  Dataset dataset(std::string(300, 'n').c_str(), "addr", window);
+  dataset.SetDSTitle(std::string(300, 't').c_str());
+  EXPECT_EQ(dataset.GetDSNam(), std::string(24, 'n'));
+  EXPECT_EQ(dataset.GetDSTitle(), std::string(60, 't'));
+  EXPECT_EQ(dataset.SetDSAddr(std::string(261, 'a').c_str()), 8013);
+  EXPECT_STREQ(dataset.GetDSAddr(), "addr");
+}
+
+TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
+  test::TempFolder folder;
+  test::RecordingWindow window;
+  Dataset dataset("n", folder.File("none.vdo").c_str(), window);
+  EXPECT_EQ(dataset.Load(), 2004);
+  EXPECT_EQ(dataset.GetNObsDS(), 0);
+  EXPECT_EQ(dataset.GetDMPtr(), nullptr);
+  EXPECT_EQ(dataset[1], nullptr);
+  short number;
+  const char* name;
+  EXPECT_EQ(dataset.GetObsInfo(1, number, name), 2004);
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(dataset.SetVarName(1, "x"), 2004);
+  EXPECT_EQ(dataset.DeleteFileA(), 1002);
+  window.log.clear();
+  EXPECT_EQ(dataset.Save(), 8009);
+  EXPECT_EQ(window.log,
+            std::string("Could not save data set 0to file ") + dataset.GetDSAddr() + ".\n");
+  EXPECT_FALSE(std::filesystem::exists(dataset.GetDSAddr()));
+  EXPECT_EQ(Dataset("n", "", window).Save(), 8013);
+}
+
+TEST(Dataset, SavedAndLoadedItIsTheSame) {
+  test::TempFolder folder;
+  StreamWindow window;
+  test::PlainTable table = test::SmallTable(3, 2);
+  table.values[1][1] = -99.0f;
+  table.observations[2] = {-7, ""};
+  const std::string path = folder.File("saved.vdo");
+  const auto dataset = test::MakeDataset(table, window, path.c_str());
+  dataset->SetDSTitle("A title");
+  dataset->GetOIPtr()->SetLabel(2, " label ");
+  EXPECT_TRUE(dataset->IsDirty());
+  ASSERT_EQ(dataset->Save(), 0);
+  EXPECT_FALSE(dataset->IsDirty());
+  EXPECT_EQ(dataset->Load(), 8001);
+
+  Dataset loaded("Tovle", path.c_str(), window);
+  EXPECT_EQ(loaded.LoadListProject(), 0);
+  EXPECT_FALSE(loaded.IsLoaded());
+  EXPECT_EQ(test::Content(loaded), table);
+  EXPECT_STREQ(loaded.GetDSNam(), "Plain");
+  EXPECT_STREQ(loaded.GetDSTitle(), "A title");
+  EXPECT_EQ(std::string(loaded.GetOIPtr()->GetLabel(2)).substr(0, 7), " label ");
+
+  loaded.Unload();
+  EXPECT_EQ(loaded.DeleteFileA(), 0);
+  EXPECT_EQ(loaded.Load(), 2004);
+}
+
+TEST(Dataset, LoadDropsWhatIsBeyondTheCountsAndLeavesShortTablesShort) {
+  test::TempFolder folder;
+  StreamWindow window;
+  const std::string path = folder.File("odd.vdo");
+  const auto dataset = test::MakeDataset(test::SmallTable(4, 3), window, path.c_str());
+  Inside::SetNObsDS(dataset.get(), 2);
+  Inside::SetNVarDS(dataset.get(), 1);
+  ASSERT_EQ(dataset->Save(), 0);
+  Dataset cut("cut", path.c_str(), window);
+  EXPECT_EQ(test::Content(cut), test::SmallTable(2, 1));
+
+  Inside::SetOI(dataset.get(), nullptr);
+  Inside::SetVI(dataset.get(), new VarInfo("none"));
+  ASSERT_EQ(dataset->Save(), 0);
+  Dataset bare("bare", path.c_str(), window);
+  short number = 1;
+  const char* name = "old";
+  EXPECT_EQ(bare.GetObsInfo(1, number, name), 8021);
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(bare.GetVarInfo(1, number, name), 8021);
+  EXPECT_EQ(bare.GetOIPtr(), nullptr);
+  EXPECT_EQ(bare.GetOIx(1), 0);
+  EXPECT_EQ(bare.SetObsName(1, "x"), 8021);
+
+  Inside::SetNObsDS(dataset.get(), 5);
+  ASSERT_EQ(dataset->Save(), 0);
+  Dataset half("half", path.c_str(), window);
+  EXPECT_EQ(half.Load(), 2023);
+  EXPECT_EQ(Inside::GetDM(&half), nullptr);
+  EXPECT_STREQ(half.GetDSNam(), "half");
+}
+
+TEST(Dataset, ACopyIsItsOwn) {
+  StreamWindow window;
+  const auto dataset = test::MakeDataset(test::SmallTable(2, 2), window);
+  Dataset copy(*dataset);
+  copy[1][1] = 5.0f;
+  copy.SetObsName(1, "changed");
+  EXPECT_EQ(test::Content(*dataset), test::SmallTable(2, 2));
+  EXPECT_EQ(copy[1][1], 5.0f);
+  EXPECT_TRUE(copy.IsClass(Dataset::GetClassID().GetID()));
+}
+
+TEST(Dataset, ListingsDoNotLoad) {
+  test::RecordingWindow window;
+  Dataset unloaded("name", "addr", window);
+  unloaded.Show(window);
+  unloaded.SetDSCreaDate("today");
+  unloaded.ShowAll(window);
+  EXPECT_EQ(window.log,
+            "Data set name: name\n"
+            "Address: addr\n"
+            "Data set title  : UnTitled\n"
+            "No. of observations is 0, no. of variables is 0\n"
+            "Data set is unloaded.\n"
+            "Data set name  : name\n"
+            "Address: addr\n"
+            "Data set title : UnTitled\n"
+            "Created       : today\n"
+            "No. of observations is 0, no. of variables is 0\n"
+            "Data set is unloaded.\n");
+
+  window.log.clear();
+  const auto loaded = test::MakeDataset(test::SmallTable(1, 1), window);
+  loaded->Show(window);
+  EXPECT_EQ(window.log,
+            "Data set name: Plain\n"
+            "Address: \n"
+            "Data set title  : UnTitled\n"
+            "No. of observations is 1, no. of variables is 1\n"
+            "Variable info loaded\n"
+            "Observation info loaded \n"
+            "Data matrix loaded \n");
+  window.log.clear();
+  loaded->ShowAll(window);
+  EXPECT_NE(window.log.find("ObsInfo has 1 items:\n  Item  ONum      ONam\n"), std::string::npos);
+  EXPECT_NE(window.log.find("VarInfo has 1 items:\n  Item  VNum      VNam\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,102 @@
+// Files that were cut or changed: each loads whole or fails with a code. Run under the sanitizers,
+// these tests find reads and writes outside an object, leaks, and allocations out of proportion.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "data/dataset.h"
+#include "numeric/x_matrix.h"
+#include "plugin/ko_import.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+#include "support/vdo_builder.h"
+
+namespace zemva {
+namespace {
+
+class DamagedFile : public ::testing::Test {
+ protected:
+  // Loads the bytes and, when they load, reads all that a host can ask for.
+  int LoadAndReadAll(const std::string& bytes) {
+    test::WriteBytes(path_, bytes);
+    Dataset dataset("Damaged", path_.c_str(), window_);
+    const int status = dataset.Load();
+    if (status != 0) {
+      EXPECT_FALSE(dataset.IsLoaded());
+      return status;
+    }
+    EXPECT_GE(dataset.GetDMPtr()->NRow(), dataset.GetNObsDS());
+    EXPECT_GE(dataset.GetDMPtr()->NCol(), dataset.GetNVarDS());
+    double sum = 0;
+    for (int i = 1; i <= dataset.GetNObsDS(); ++i) {
+      for (int j = 1; j <= dataset.GetNVarDS(); ++j) sum += dataset[static_cast<short>(i)][j];
+    }
+    checksum_ += sum;
+    std::size_t length = 0;
+    for (int i = 0; i <= dataset.GetNObsDS() + 1; ++i) {
+      short number;
+      const char* name = nullptr;
+      dataset.GetObsInfo(static_cast<short>(i), number, name);
+      if (name != nullptr) length += std::string(name).size();
+      name = nullptr;
+      dataset.GetVarInfo(static_cast<short>(i), number, name);
+      if (name != nullptr) length += std::string(name).size();
+    }
+    checksum_ += static_cast<double>(length);
+    return status;
+  }
+
+  test::TempFolder folder_;
+  std::string path_ = folder_.File("file.vdo");
+  test::RecordingWindow window_;
+  double checksum_ = 0;
+};
+
+TEST_F(DamagedFile, CutAtEveryLengthItFailsWithACode) {
+  const std::string whole = test::SmallFile();
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    EXPECT_NE(LoadAndReadAll(whole.substr(0, length)), 0) << "cut at byte " << length;
+  }
+  EXPECT_EQ(LoadAndReadAll(whole), 0);
+}
+
+TEST_F(DamagedFile, WithAnyByteChangedItLoadsWholeOrFails) {
+  const std::string whole = test::SmallFile();
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    for (const int value : {0x00, 0x7f, 0x80, 0xff}) {
+      std::string damaged = whole;
+      damaged[i] = static_cast<char>(value);
+      const int status = LoadAndReadAll(damaged);
+      EXPECT_TRUE(status == 0 || (2000 <= status && status < 3000))
+          << "byte " << i << " set to " << value << ": " << status;
+    }
+  }
+}
+
+TEST_F(DamagedFile, SampleCutOrChangedDoesTheSame) {
+  const std::string whole = test::ReadBytes(std::string(ZEMVA_SAMPLES) + "/USArrests.vdo");
+  ASSERT_EQ(LoadAndReadAll(whole), 0);
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    EXPECT_NE(LoadAndReadAll(whole.substr(0, length)), 0) << "cut at byte " << length;
+  }
+  // Header and first items byte by byte; the rest repeats itself.
+  for (std::size_t i = 0; i < whole.size(); i += i < 450 ? 1 : 7) {
+    for (const int value : {0x00, 0x7f, 0x80, 0xff}) {
+      std::string damaged = whole;
+      damaged[i] = static_cast<char>(value);
+      LoadAndReadAll(damaged);
+    }
+  }
+}
+
+TEST_F(DamagedFile, NeverReachesTheHostAsMoreThanAFailedOpen) {
+  test::WriteBytes(path_, test::SmallFile().substr(0, 500));
+  KoImportInitPackage(nullptr);
+  void* handle = this;
+  EXPECT_EQ(KoImportIsCorrectFileType(nullptr, path_.c_str()), 1);
+  EXPECT_FALSE(KoImportOpen(nullptr, path_.c_str(), nullptr, &handle));
+  EXPECT_EQ(handle, nullptr);
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,260 @@
+#include "dio/dio_data.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/dataset.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+#include "support/vdo_builder.h"
+
+namespace zemva {
+namespace {
+
+using test::FileOf;
+using test::FileOfItems;
+using test::Item;
+using test::SmallItems;
+
+constexpr const char* kComplaint = "\nThe file is maybe corrupt or not a Vardo file.\n";
+
+// Positions in SmallItems().
+enum { kName, kNumber, kTitle, kNObs, kObsInfo, kNVar, kVarInfo, kMatrix };
+
+class DioDataTest : public ::testing::Test {
+ protected:
+  // Loads a file of these bytes into a new data set.
+  int Load(const std::string& bytes) {
+    test::WriteBytes(path_, bytes);
+    window_.log.clear();
+    dataset_ = std::make_unique<Dataset>("Before", path_.c_str(), window_);
+    return dataset_->Load();
+  }
+
+  std::vector<std::string> ItemsWith(int position, const std::string& item) {
+    std::vector<std::string> items = SmallItems();
+    items[static_cast<std::size_t>(position)] = item;
+    return items;
+  }
+
+  test::TempFolder folder_;
+  std::string path_ = folder_.File("file.vdo");
+  test::RecordingWindow window_;
+  std::unique_ptr<Dataset> dataset_;
+};
+
+TEST_F(DioDataTest, LoadsEveryFieldOfADataSet) {
+  for (const int version : {1, 2}) {
+    ASSERT_EQ(Load(FileOfItems(SmallItems(), version)), 0);
+    EXPECT_STREQ(dataset_->GetDSNam(), "Small");
+    EXPECT_STREQ(dataset_->GetDSTitle(), "A small data set");
+    EXPECT_EQ(dataset_->GetDSNum(), 7);
+    EXPECT_EQ(dataset_->GetNObsDS(), 3);
+    EXPECT_EQ(dataset_->GetNVarDS(), 2);
+    EXPECT_EQ(dataset_->GetNValA(), 5);
+    short number;
+    const char* name;
+    EXPECT_EQ(dataset_->GetObsInfo(2, number, name), 0);
+    EXPECT_EQ(number, -2);
+    EXPECT_STREQ(name, "second");
+    EXPECT_EQ(dataset_->GetVarInfo(2, number, name), 0);
+    EXPECT_EQ(number, 2);
+    EXPECT_STREQ(name, "y");
+    EXPECT_EQ((*dataset_)[1][1], 1.5f);
+    EXPECT_EQ((*dataset_)[3][2], 6.0f);
+    EXPECT_EQ(window_.log, "");
+  }
+}
+
+TEST_F(DioDataTest, ItemsComeInAnyOrder) {
+  std::vector<std::string> items = SmallItems();
+  std::reverse(items.begin(), items.end());
+  ASSERT_EQ(Load(FileOfItems(items)), 0);
+  EXPECT_EQ(dataset_->GetNObsDS(), 3);
+  EXPECT_EQ((*dataset_)[3][2], 6.0f);
+}
+
+TEST_F(DioDataTest, LaterItemCountsButANumberThatIsSetStays) {
+  std::vector<std::string> items = SmallItems();
+  items.push_back(Item("DSName", "sz21", {}, test::Z("Later")));
+  items.push_back(Item("DSNum", "i2", {}, test::I2(9)));
+  items.push_back(test::ObsInfoItem({{4, "d"}, {5, "e"}, {6, "f"}}));
+  items.push_back(test::VarInfoItem({{1, "p"}, {2, "q"}}));
+  items.push_back(test::MatrixItem(3, 2, {9, 8, 7, 6, 5, 4}));
+  ASSERT_EQ(Load(FileOfItems(items)), 0);
+  EXPECT_STREQ(dataset_->GetDSNam(), "Later");
+  EXPECT_EQ(dataset_->GetDSNum(), 7);
+  short number;
+  const char* name;
+  dataset_->GetObsInfo(1, number, name);
+  EXPECT_STREQ(name, "d");
+  EXPECT_EQ((*dataset_)[1][1], 9.0f);
+}
+
+TEST_F(DioDataTest, KnownItemsThatADataSetHasNoUseForAreIgnored) {
+  std::vector<std::string> items = SmallItems();
+  items.insert(items.begin(), Item("AvgX", "xyz", {1, 2}, "whatever"));
+  items.push_back(Item("900TAB", "i2", {}, test::I2(1)));
+  ASSERT_EQ(Load(FileOfItems(items)), 0);
+  EXPECT_EQ(dataset_->GetKind(), 2);
+}
+
+TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
+  const std::string long_payload(65535, 'x');
+  const std::string small = test::SuperItemOf("Small", "data", test::Joined(SmallItems()));
+  std::vector<std::string> no_matrix = SmallItems();
+  no_matrix.pop_back();
+  std::vector<std::string> foreign = SmallItems();
+  foreign.push_back(Item("Foreign", "i2", {}, test::I2(1)));
+  std::vector<std::string> component = SmallItems();
+  component.push_back(Item("P3", "i2", {}, test::I2(1)));
+  const struct {
+    const char* what;
+    std::string bytes;
+    int status;
+    bool is_complaint;
+  } cases[] = {
+      {"version 3", FileOf(3, 1, small), 2017, true},
+      {"version 0", FileOf(0, 1, small), 2017, true},
+      {"empty file", "", 2005, true},
+      {"no super item", FileOf(2, 0, small), 2000, true},
+      {"model first", FileOf(2, 2, test::SuperItemOf("M", "mod", "") + small), 2000, true},
+      {"unknown super item", FileOf(2, 1, test::SuperItemOf("M", "abc", "")), 2008, true},
+      {"unknown item", FileOfItems(foreign), 2008, true},
+      {"component number", FileOfItems(component), 2000, true},
+      {"payload of 65,535 bytes",
+       FileOfItems(ItemsWith(kTitle, Item("Title", "sz61", {}, long_payload))), 2003, false},
+      {"overrun by a byte",
+       FileOf(2, 1,
+              Item("Small", "data", {}, test::Joined(SmallItems()),
+                   static_cast<int>(small.size()) - 1)),
+       2005, false},
+      {"super item beyond the end",
+       FileOf(2, 1,
+              Item("Small", "data", {}, test::Joined(SmallItems()),
+                   static_cast<int>(small.size()) + 1)),
+       2005, true},
+      {"count of one byte", FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, "\2"))), 2005,
+       false},
+      {"negative count", FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, test::I2(-1)))), 2005,
+       false},
+      {"no matrix", FileOfItems(no_matrix), 2023, false},
+      {"more observations than rows",
+       FileOfItems(ItemsWith(kNObs, Item("NOBJ", "i2", {}, test::I2(4)))), 2023, false},
+      {"more variables than columns",
+       FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, test::I2(3)))), 2023, false},
+      {"matrix of one dimension",
+       FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {3}, test::Z("m")))), 2005, false},
+      {"matrix that promises too much",
+       FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {32767, 32767}, test::Z("m")))), 2005,
+       false},
+      {"rows of nothing",
+       FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {32767, 0}, test::Z("m")))), 2005,
+       false},
+      {"variables without a count",
+       FileOfItems(ItemsWith(kVarInfo, Item("VarInfo", "vari", {}, ""))), 2005, false},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Load(c.bytes), c.status) << c.what;
+    EXPECT_EQ(window_.log, c.is_complaint ? kComplaint : "") << c.what;
+    EXPECT_FALSE(dataset_->IsLoaded()) << c.what;
+    EXPECT_STREQ(dataset_->GetDSNam(), "Before") << c.what;
+    EXPECT_EQ(dataset_->GetDSNum(), 0) << c.what;
+  }
+}
+
+TEST_F(DioDataTest, FailedLoadCanBeTriedAgain) {
+  EXPECT_NE(Load(test::SmallFile().substr(0, 500)), 0);
+  test::WriteBytes(path_, test::SmallFile());
+  EXPECT_EQ(dataset_->Load(), 0);
+  EXPECT_EQ(dataset_->Load(), 8001);
+  EXPECT_EQ(dataset_->GetNObsDS(), 3);
+}
+
+TEST_F(DioDataTest, NullDataSetIsAnErrorOfStatusZero) {
+  test::WriteBytes(path_, test::SmallFile());
+  EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).Load(nullptr), 0);
+  EXPECT_EQ(window_.log, kComplaint);
+}
+
+TEST_F(DioDataTest, LongNamesAreCutAndPutWhatFollowsOutOfStep) {
+  const std::string fits(24, 'n');
+  ASSERT_EQ(Load(FileOfItems(ItemsWith(kVarInfo, test::VarInfoItem({{1, fits}, {2, "y"}})))), 0);
+  short number;
+  const char* name;
+  dataset_->GetVarInfo(1, number, name);
+  EXPECT_EQ(name, fits);
+  const std::string too_long(60000, 'n');
+  EXPECT_NE(Load(FileOfItems(ItemsWith(kVarInfo, test::VarInfoItem({{1, too_long}, {2, "y"}})))),
+            0);
+  EXPECT_NE(Load(FileOfItems(ItemsWith(kObsInfo, test::ObsInfoItem({{1, too_long}})))), 0);
+  const std::string in_field =
+      Item("DSName", "sz21", {}, std::string(60000, 'n'));  // without a terminator
+  ASSERT_EQ(Load(FileOfItems(ItemsWith(kName, in_field))), 0);
+  EXPECT_EQ(std::string(dataset_->GetDSNam()), fits);
+}
+
+TEST_F(DioDataTest, TablesThatAreAbsentOrShortAnswerWithNone) {
+  std::vector<std::string> items = ItemsWith(kObsInfo, test::ObsInfoItem({{1, "only"}}));
+  items.erase(items.begin() + kVarInfo);
+  ASSERT_EQ(Load(FileOfItems(items)), 0);
+  short number = 5;
+  const char* name = nullptr;
+  EXPECT_EQ(dataset_->GetObsInfo(2, number, name), 8021);
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(dataset_->GetVarInfo(1, number, name), 8021);
+  EXPECT_EQ(name, nullptr);
+}
+
+TEST_F(DioDataTest, ObservationLabelsAreKept) {
+  const std::vector<test::Record> records = {{1, "a"}, {2, "b"}, {3, "c"}};
+  const std::string item = test::ObsInfoItem(records, {"start", std::string(22, ' '), ""});
+  ASSERT_EQ(Load(FileOfItems(ItemsWith(kObsInfo, item))), 0);
+  EXPECT_STREQ(dataset_->GetOIPtr()->GetLabel(1), "start");
+  EXPECT_EQ(std::string(dataset_->GetOIPtr()->GetLabel(2)), std::string(22, ' '));
+}
+
+TEST_F(DioDataTest, PartsAreReadWithoutTheRest) {
+  test::WriteBytes(path_, test::SmallFile());
+  DioData data(path_.c_str(), nullptr, window_);
+  short number = 0;
+  EXPECT_EQ(data.GetNObs(number), 0);
+  EXPECT_EQ(number, 3);
+  EXPECT_EQ(data.GetNVar(number), 0);
+  EXPECT_EQ(number, 2);
+  EXPECT_EQ(data.GetDSNumber(number), 0);
+  EXPECT_EQ(number, 7);
+  XFVector* vector = nullptr;
+  ASSERT_EQ(data.GetVar(2, vector), 0);
+  EXPECT_STREQ(vector->GetName(), "VarDS[2]");
+  EXPECT_EQ(vector->NVal(), 3);
+  EXPECT_EQ((*vector)[3], 6.0f);
+  delete vector;
+  ASSERT_EQ(data.GetObs(2, vector), 0);
+  EXPECT_STREQ(vector->GetName(), "ObsDS[2]");
+  EXPECT_EQ(vector->NValA(), 1);
+  delete vector;
+  vector = nullptr;
+  for (const short outside : std::initializer_list<short>{-1, 0, 4, 32767}) {
+    EXPECT_EQ(data.GetVar(outside, vector), 2019);
+    EXPECT_EQ(data.GetObs(outside, vector), 2019);
+  }
+  XFMatrix* matrix = nullptr;
+  ASSERT_EQ(data.GetMatrix(matrix), 0);
+  EXPECT_EQ((*matrix)[3][2], 6.0f);
+  delete matrix;
+}
+
+TEST_F(DioDataTest, ListOfDataSetsNeedsNoMatrix) {
+  test::WriteBytes(path_, test::SmallFile());
+  Dataset dataset("Before", path_.c_str(), window_);
+  EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).LoadListProject(&dataset), 0);
+  EXPECT_FALSE(dataset.IsLoaded());
+  EXPECT_STREQ(dataset.GetDSTitle(), "A small data set");
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,270 @@
+#include "dio/dio_file.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "errors/dio_error.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+#include "support/vdo_builder.h"
+
+namespace zemva {
+namespace {
+
+class DioFileTest : public ::testing::Test {
+ protected:
+  // A file with these bytes, open for reading.
+  DioFile& Open(const std::string& bytes) {
+    test::WriteBytes(path_, bytes);
+    file_ = std::make_unique<DioFile>(path_.c_str(), window_);
+    file_->OpenSuperItemFile();
+    return *file_;
+  }
+
+  // The bytes that `write` leaves in a new file.
+  std::string Written(const std::function<int(DioFile&)>& write) {
+    file_.reset();  // a file that is open cannot be replaced on every system
+    DioFile file(path_.c_str(), window_);
+    EXPECT_EQ(file.NewFile(), 0);
+    EXPECT_EQ(write(file), 0);
+    EXPECT_EQ(file.CommitSuperItemFile(), 0);
+    return test::ReadBytes(path_);
+  }
+
+  // "<status> <detail>" of the error that `read` raises; empty when it raises none.
+  static std::string Raised(const std::function<void()>& read) {
+    try {
+      read();
+      return "";
+    } catch (DioError* raised) {
+      const std::unique_ptr<DioError> error(raised);
+      return std::to_string(error->ShowMsg()) + " " + error->GetText();
+    }
+  }
+
+  test::TempFolder folder_;
+  std::string path_ = folder_.File("file.vdo");
+  test::RecordingWindow window_;
+  std::unique_ptr<DioFile> file_;
+};
+
+TEST_F(DioFileTest, OpeningSaysWhatIsWrong) {
+  const std::string missing = folder_.File("none.vdo");
+  const std::string too_long(300, 'x');
+  const struct {
+    const char* path;
+    const char* raised;
+  } cases[] = {
+      {nullptr, "2004 No file address."},
+      {"", "2004 No file address."},
+      {too_long.c_str(), "2004 No file address."},
+      {missing.c_str(), "2004 file does not exist."},
+  };
+  for (const auto& c : cases) {
+    DioFile file(c.path, window_);
+    EXPECT_EQ(Raised([&] { file.OpenSuperItemFile(); }), c.raised);
+  }
+  const std::string folder = folder_.Path().string();
+  DioFile file(folder.c_str(), window_);
+  EXPECT_EQ(Raised([&] { file.OpenSuperItemFile(); }), "2004 file could not be opened.");
+}
+
+TEST_F(DioFileTest, SecondOpenGivesTheSameStreamAndThePathIsFixed) {
+  DioFile& file = Open(test::SmallFile());
+  EXPECT_EQ(file.OpenSuperItemFile(), file.OpenSuperItemFile());
+  EXPECT_EQ(file.SetPath("other"), 2020);
+}
+
+TEST_F(DioFileTest, SuperHeaderNamesTheFirstFieldThatIsCut) {
+  const std::string whole = test::SmallFile();
+  const struct {
+    std::size_t length;
+    const char* field;
+  } cases[] = {{0, "version"},  {1, "version"}, {2, "size"},  {25, "name"},
+               {85, "comment"}, {107, "time"},  {109, "nitm"}};
+  for (const auto& c : cases) {
+    DioFile& file = Open(whole.substr(0, c.length));
+    SuperHeader header;
+    EXPECT_EQ(Raised([&] { file.GetSuperHeader(header); }), std::string("2005 ") + c.field);
+  }
+  SuperHeader header;
+  EXPECT_EQ(Open(whole).GetSuperHeader(header), 0);
+  EXPECT_EQ(header.version, 2);
+  EXPECT_EQ(header.size, static_cast<int>(whole.size()));
+  EXPECT_EQ(Trimmed(header.name), "Project");
+  EXPECT_EQ(Trimmed(header.comment), "A comment");
+  EXPECT_EQ(Trimmed(header.time), "2001-01-01 12:00:00");
+  EXPECT_EQ(header.nitm, 1);
+  const auto encoded = EncodeSuperHeader(header);
+  EXPECT_EQ(std::string(encoded.begin(), encoded.end()), whole.substr(0, 110));
+}
+
+TEST_F(DioFileTest, HeaderFieldsAreReadAndWrittenInPlace) {
+  DioFile& file = Open(test::SmallFile());
+  file.Seek(5);
+  int size = 0;
+  char date[23];
+  EXPECT_EQ(file.GetSuperItemSize(size), 0);
+  EXPECT_EQ(size, static_cast<int>(test::SmallFile().size()) - 110);
+  EXPECT_EQ(file.GetSuperItemDate(date), 0);
+  EXPECT_STREQ(date, "2001-01-01");
+  SuperItem next;
+  file.Seek(110);
+  EXPECT_EQ(file.GetNextSuperItemType(next), 0);
+  EXPECT_EQ(next.type, SuperItem::kData);
+  EXPECT_EQ(Trimmed(next.header.name), "Small");
+  EXPECT_EQ(file.GetPosition(), 110);
+
+  const std::string bytes = Written([](DioFile& written) {
+    written.WriteBlock(test::SmallFile().data(), 150);
+    written.WriteSuperSize(1000);
+    written.WriteSuperItemSize(500);
+    written.WriteNumberOfSuperItems(3);
+    return written.WriteTime("1999-12-31 23:59:59   ");
+  });
+  EXPECT_EQ(bytes.size(), 150u);
+  EXPECT_EQ(bytes.substr(2, 4), test::I4(1000));
+  EXPECT_EQ(bytes.substr(86, 24), "1999-12-31 23:59:59   " + test::I2(3));
+  EXPECT_EQ(bytes.substr(110, 4), test::I4(500));
+}
+
+TEST_F(DioFileTest, ItemOffsetsAreFoundByName) {
+  const std::string bytes = test::SmallFile();
+  DioFile& file = Open(bytes);
+  int offset = 0;
+  EXPECT_EQ(file.GetFileOfsetToItem(offset, item::kVarInfo), 0);
+  EXPECT_EQ(bytes.substr(static_cast<std::size_t>(offset) + 4, 7), "VarInfo");
+  EXPECT_EQ(Raised([&] { file.GetFileOfsetToItem(offset, ItemNamed("AvgX")); }), "2005 ");
+
+  std::vector<std::string> items = test::SmallItems();
+  items.insert(items.begin(), test::Item("Foreign", "i2", {}, test::I2(1)));
+  EXPECT_EQ(Open(test::FileOfItems(items)).GetFileOfsetToItem(offset, item::kNVar), 2009);
+}
+
+TEST_F(DioFileTest, ItemHeadersThatCannotBeAreReadErrors) {
+  const std::string name_and_type = test::Pad("NOBJ", 20) + test::Pad("i2", 5);
+  const struct {
+    const char* what;
+    std::string bytes;
+  } cases[] = {
+      {"cut", test::I4(33) + name_and_type},
+      {"smaller than its header", test::I4(30) + name_and_type + test::I2(0) + "ab"},
+      {"negative size", test::I4(-1) + name_and_type + test::I2(0) + "ab"},
+      {"more than the file holds", test::I4(34) + name_and_type + test::I2(0) + "ab"},
+      {"negative dimensions", test::I4(33) + name_and_type + test::I2(-1) + "ab"},
+      {"more dimensions than bytes", test::I4(99) + name_and_type + test::I2(32767) + "ab"},
+  };
+  for (const auto& c : cases) {
+    DioFile& file = Open(c.bytes);
+    ItemHeader header;
+    EXPECT_EQ(Raised([&] { file.GetItemHeader(header); }), "2005 ") << c.what;
+  }
+}
+
+TEST_F(DioFileTest, NameOfTwentyCharactersFillsItsField) {
+  const std::string name = "12345678901234567890";
+  const std::string bytes = Written([&](DioFile& file) {
+    int size = 0;
+    return file.WriteTheItem(size, name, "sz21", 0, nullptr, nullptr);
+  });
+  EXPECT_EQ(bytes, test::I4(31) + name + "sz21 " + test::I2(0));
+}
+
+TEST_F(DioFileTest, TextsAreCutAndTheRestIsReadNext) {
+  DioFile& file = Open(test::Z("abcdef") + test::Z("") + "open");
+  char text[4];
+  EXPECT_EQ(file.GetZString(text, sizeof text), 0);
+  EXPECT_STREQ(text, "abc");
+  EXPECT_EQ(file.GetZString(text, sizeof text), 0);
+  EXPECT_STREQ(text, "ef");  // the fourth byte is gone
+  EXPECT_EQ(file.GetZString(text, sizeof text), 0);
+  EXPECT_STREQ(text, "");
+  char last[10];
+  EXPECT_EQ(file.GetZString(last, sizeof last), 2005);
+}
+
+TEST_F(DioFileTest, ArraysOfTextsAreReadWholeOrNotAtAll) {
+  const char* const texts[] = {"one", "", "three"};
+  Written([&](DioFile& file) { return file.WriteZStrings(texts, 3); });
+  DioFile file(path_.c_str(), window_);
+  file.OpenSuperItemFile();
+  char** read = nullptr;
+  ASSERT_EQ(file.GetZStrings(read, 3, 4), 0);
+  EXPECT_STREQ(read[0], "one");
+  EXPECT_STREQ(read[1], "");
+  EXPECT_STREQ(read[2], "thr");
+  for (int i = 0; i < 3; ++i) delete[] read[i];
+  delete[] read;
+  file.Seek(0);
+  EXPECT_EQ(file.GetZStrings(read, 4, 10), 2005);
+  EXPECT_EQ(read, nullptr);
+}
+
+TEST_F(DioFileTest, ArraysLandAtIndexOneAndNothingIsKeptOfAShortOne) {
+  DioFile& file = Open(test::I2(5) + test::I2(-6) + test::F4(2.5f));
+  short* numbers = nullptr;
+  ASSERT_EQ(file.GetVI2(numbers, 2), 0);
+  EXPECT_EQ(numbers[0], 0);
+  EXPECT_EQ(numbers[1], 5);
+  EXPECT_EQ(numbers[2], -6);
+  delete[] numbers;
+  float* values = nullptr;
+  EXPECT_EQ(Raised([&] { file.GetVF4(values, 2); }), "2005 ");
+  EXPECT_EQ(Raised([&] { file.GetVF4(values, 2000000000); }), "2005 ");
+  EXPECT_EQ(values, nullptr);
+  EXPECT_EQ(file.GetVF4(values, 1), 0);
+  EXPECT_EQ(values[1], 2.5f);
+  delete[] values;
+  numbers = nullptr;
+  EXPECT_EQ(file.GetVI2(numbers, -1), 2005);
+}
+
+TEST_F(DioFileTest, MatrixOfNoRowsReadsItsNameOnly) {
+  DioFile& file = Open(test::Z("empty") + "rest");
+  XFMatrix* matrix = nullptr;
+  ASSERT_EQ(file.GetMXF4(matrix, 0, 3), 0);
+  EXPECT_STREQ(matrix->GetName(), "empty");
+  EXPECT_EQ(matrix->NRow(), 0);
+  EXPECT_EQ(file.GetRemaining(), 4);
+  delete matrix;
+}
+
+TEST_F(DioFileTest, MatricesAndVectorsRoundTrip) {
+  XFMatrix matrix("M", 2, 3, 0.0f);
+  matrix[1][1] = 1.25f;
+  matrix[2][3] = -99.0f;
+  XI2Vector vector("V", 2, 4);
+  std::string bytes = Written([&](DioFile& file) {
+    int size = 0;
+    int status = file.WriteMXF4("Dataset", matrix, size, nullptr);
+    EXPECT_EQ(size, 35 + 2 + 24);
+    if (status == 0) status = file.WriteVXI2("expIx1", vector, size);
+    EXPECT_EQ(size, 33 + 1 + 3 + 4);
+    return status;
+  });
+  EXPECT_EQ(bytes, test::MatrixItem(2, 3, {1.25f, 0, 0, 0, 0, -99.0f}, "M") +
+                       test::Item("expIx1", "xiv2", {2},
+                                  test::I2(0) + test::Z("V") + test::I2(4) + test::I2(4)));
+  DioFile file(path_.c_str(), window_);
+  file.OpenSuperItemFile();
+  file.Seek(35);
+  XFMatrix* read = nullptr;
+  ASSERT_EQ(file.GetMXF4(read, 2, 3), 0);
+  EXPECT_EQ((*read)[1][1], 1.25f);
+  EXPECT_EQ(read->NValA(), 5);
+  EXPECT_EQ(read->NValARow(2), 2);
+  EXPECT_EQ(read->NValACol(3), 1);
+  delete read;
+  file.Seek(37);
+  XFVector* row = nullptr;
+  ASSERT_EQ(file.GetXFVector("row", 3, row), 0);
+  EXPECT_STREQ(row->GetName(), "row");
+  EXPECT_EQ((*row)[1], 1.25f);
+  delete row;
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "data/dangerous_data_set_manipulator.h"
+#include "data/dataset.h"
+#include "dio/dio_data.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+#include "support/vdo_builder.h"
+
+#if !defined(_WIN32)
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace zemva {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string WithoutTime(std::string bytes) {
+  return bytes.replace(86, 22, 22, '#');
+}
+
+class SaveTest : public ::testing::Test {
+ protected:
+  std::unique_ptr<Dataset> LoadFrom(const std::string& path) {
+    auto dataset = std::make_unique<Dataset>("Loaded", path.c_str(), window_);
+    EXPECT_EQ(dataset->Load(), 0);
+    return dataset;
+  }
+
+  std::unique_ptr<Dataset> SmallDataset() {
+    test::WriteBytes(path_, test::SmallFile());
+    return LoadFrom(path_);
+  }
+
+  std::size_t FilesInFolder() const {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.Path()), {}));
+  }
+
+  test::TempFolder folder_;
+  std::string path_ = folder_.File("file.vdo");
+  std::string other_ = folder_.File("other.vdo");
+  test::RecordingWindow window_;
+};
+
+TEST_F(SaveTest, NewFileHoldsTheItemsInTheirOrder) {
+  const auto dataset = SmallDataset();
+  dataset->SetDSAddr(other_.c_str());
+  ASSERT_EQ(dataset->Save(), 0);
+  std::vector<std::string> items = test::SmallItems();
+  const std::string blank(22, ' ');
+  items[4] =
+      test::ObsInfoItem({{1, "first"}, {-2, "second"}, {30, "third"}}, {blank, blank, blank});
+  std::string expected = test::FileOfItems(items);
+  expected.replace(26, 60, 60, ' ');  // the comment
+  EXPECT_EQ(WithoutTime(test::ReadBytes(other_)), WithoutTime(expected));
+  EXPECT_FALSE(dataset->IsDirty());
+}
+
+TEST_F(SaveTest, SavedSampleIsTheSampleByteForByte) {
+  for (const char* name : {"USArrests", "airquality", "iris", "mtcars", "spectra"}) {
+    const std::string sample = std::string(ZEMVA_SAMPLES) + "/" + name + ".vdo";
+    const auto dataset = LoadFrom(sample);
+    const std::string copy = folder_.File(std::string(name) + ".vdo");
+    dataset->SetDSAddr(copy.c_str());
+    ASSERT_EQ(dataset->Save(), 0);
+    EXPECT_EQ(WithoutTime(test::ReadBytes(copy)), WithoutTime(test::ReadBytes(sample))) << name;
+  }
+}
+
+TEST_F(SaveTest, ReplacingKeepsAllThatIsNotTheDataSet) {
+  std::vector<std::string> items = test::SmallItems();
+  const std::string ignored = test::Item("AvgX", "xvf4", {2}, "12345678");
+  const std::string kind = test::Item("900TAB", "i2", {}, test::I2(1));
+  items.insert(items.begin(), ignored);
+  items.push_back(kind);
+  const std::string model = test::SuperItemOf("Model", "mod", "a body of some other layout");
+  const std::string tail = "bytes behind the last super item";
+  const std::string old =
+      test::FileOf(1, 2, test::SuperItemOf("Small", "data", test::Joined(items)) + model) + tail;
+  test::WriteBytes(path_, old);
+  auto dataset = LoadFrom(path_);
+  dataset->SetDSTitle("Changed");
+  ASSERT_EQ(dataset->Save(), 0);
+
+  const std::string saved = test::ReadBytes(path_);
+  EXPECT_EQ(saved.substr(0, 2), old.substr(0, 2));
+  EXPECT_EQ(saved.substr(2, 4), test::I4(static_cast<int>(saved.size())));
+  EXPECT_EQ(saved.substr(6, 80), old.substr(6, 80)) << "name and comment of the project";
+  EXPECT_EQ(saved.substr(108, 2), test::I2(2));
+  EXPECT_NE(saved.find(ignored), std::string::npos);
+  EXPECT_NE(saved.find(kind), std::string::npos);
+  EXPECT_TRUE(saved.ends_with(model + tail));
+  dataset = LoadFrom(path_);
+  EXPECT_STREQ(dataset->GetDSTitle(), "Changed");
+  EXPECT_EQ(dataset->GetKind(), 2);
+  ASSERT_EQ(dataset->Save(), 0);
+  EXPECT_EQ(WithoutTime(test::ReadBytes(path_)), WithoutTime(saved)) << "a second save";
+
+  ASSERT_EQ(DioData(path_.c_str(), nullptr, window_).Delete(), 0);
+  const std::string rest = test::ReadBytes(path_);
+  EXPECT_EQ(rest.substr(110), model + tail);
+  EXPECT_EQ(rest.substr(108, 2), test::I2(1));
+}
+
+TEST_F(SaveTest, DeletingTheOnlySuperItemRemovesTheFile) {
+  test::WriteBytes(path_, test::SmallFile());
+  EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).Delete(), 0);
+  EXPECT_FALSE(fs::exists(path_));
+}
+
+TEST_F(SaveTest, WhatIsNoProjectFileIsNotOverwritten) {
+  const auto dataset = SmallDataset();
+  test::WriteBytes(other_, "A letter to a friend. " + std::string(200, 'x'));
+  const std::string letter = test::ReadBytes(other_);
+  dataset->SetDSAddr(other_.c_str());
+  EXPECT_EQ(dataset->Save(), 2017);
+  EXPECT_EQ(test::ReadBytes(other_), letter);
+  test::WriteBytes(other_, "");
+  EXPECT_EQ(dataset->Save(), 0) << "an empty file has nothing to lose";
+}
+
+TEST_F(SaveTest, WhatCannotBeReadAgainIsRefused) {
+  const auto dataset = SmallDataset();
+  const std::string before = test::ReadBytes(path_);
+  window_.log.clear();
+  dataset->SetObsName(2, std::string(25, 'n').c_str());
+  EXPECT_EQ(dataset->Save(), 2013);
+  EXPECT_EQ(window_.log, "Could not save data set 7to file " + path_ + ".\n");
+  EXPECT_EQ(test::ReadBytes(path_), before);
+  dataset->SetObsName(2, std::string(24, 'n').c_str());
+  EXPECT_EQ(dataset->Save(), 0);
+}
+
+TEST_F(SaveTest, MoreThanTwoGigabytesAreRefused) {
+  if (sizeof(void*) == 4) GTEST_SKIP() << "the matrix does not fit the address space";
+  constexpr short kRows = 32767;
+  constexpr short kColumns = 16400;
+  XFMatrix* matrix = new XFMatrix("Large", kRows, kColumns, Unfilled{});
+  ASSERT_EQ(matrix->GetStatus(), 0);
+  const auto small = SmallDataset();
+  DangerousDataSetManipulator::SetDM(small.get(), matrix);
+  EXPECT_EQ(DioData(other_.c_str(), nullptr, window_).Save(*small), 2001);
+  EXPECT_FALSE(fs::exists(other_));
+}
+
+#if !defined(_WIN32)
+
+TEST_F(SaveTest, FullDiskIsAWriteErrorAndTheOldFileStays) {
+  const auto dataset = SmallDataset();
+  dataset->SetDSAddr("/dev/full");
+  EXPECT_EQ(dataset->Save(), 2006);
+
+  const std::string before = test::ReadBytes(path_);
+  dataset->SetDSAddr(path_.c_str());
+  signal(SIGXFSZ, SIG_IGN);
+  rlimit limit;
+  getrlimit(RLIMIT_FSIZE, &limit);
+  for (const rlim_t bytes : std::initializer_list<rlim_t>{0, 100, 300, 500}) {
+    const rlimit small_limit = {bytes, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small_limit);
+    EXPECT_EQ(dataset->Save(), 2006) << "after " << bytes << " bytes";
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(test::ReadBytes(path_), before);
+    EXPECT_EQ(FilesInFolder(), 1u) << "a file was left behind";
+  }
+  signal(SIGXFSZ, SIG_DFL);
+  EXPECT_EQ(dataset->Save(), 0);
+}
+
+TEST_F(SaveTest, KilledInMidSaveTheOldFileOrTheNewOneIsThere) {
+  constexpr short kRows = 200;
+  constexpr short kColumns = 500;
+  XFMatrix* matrix = new XFMatrix("M", kRows, kColumns, 0.0f);
+  ObsInfo* observations = new ObsInfo("ObsInfo");
+  for (short i = 1; i <= kRows; ++i) observations->AddObs(i, "o");
+  VarInfo* variables = new VarInfo("VarInfo");
+  for (short j = 1; j <= kColumns; ++j) variables->AddVar(j, "v");
+  Dataset dataset("Saved", path_.c_str(), window_, matrix, observations, variables);
+  ASSERT_EQ(dataset.Save(), 0);
+  int versions_seen = 0;
+  float seen_last = -1.0f;
+  for (int round = 0; round < 30; ++round) {
+    const pid_t child = fork();
+    if (child == 0) {
+      for (float version = 1.0f;; version += 1.0f) {
+        for (int i = 1; i <= kRows; ++i) std::fill_n((*matrix)[i] + 1, kColumns, version);
+        if (dataset.Save() != 0) _exit(1);
+      }
+    }
+    std::this_thread::sleep_for(std::chrono::microseconds(2000 + 777 * round));
+    kill(child, SIGKILL);
+    int child_status;
+    waitpid(child, &child_status, 0);
+    ASSERT_TRUE(WIFSIGNALED(child_status)) << "the child could not save";
+
+    const auto found = LoadFrom(path_);
+    const float version = (*found)[1][1];
+    for (int i = 1; i <= kRows; ++i) {
+      const float* row = (*found)[static_cast<short>(i)];
+      ASSERT_EQ(std::count(row + 1, row + 1 + kColumns, version), kColumns) << "row " << i;
+    }
+    versions_seen += version != seen_last;
+    seen_last = version;
+    fs::remove(path_ + ".saving-" + std::to_string(child));
+  }
+  EXPECT_GT(versions_seen, 1) << "no save was ever finished";
+}
+
+#endif
+
+}  // namespace
+}  // namespace zemva

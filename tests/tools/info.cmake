@@ -1,0 +1,24 @@
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+run(0 info ${SAMPLES}/airquality.vdo)
+foreach(line
+    "Version       2\n"
+    "Size          5781\n"
+    "Project       Project\n"
+    "Time          2001-01-01 12:00:00\n"
+    "Super items   1\n"
+    "\nairquality              data                        5671\n"
+    "\n  Dataset               mxf4   153 x 6              3718\n"
+    "\n  NVar                  i2                            33\n"
+    "Observations  153\n"
+    "Variables     6\n"
+    "Missing       44 \\(4.79 %\\)\n")
+  expect("${out}" "${line}")
+endforeach()
+
+file(WRITE ${WORK}/text.vdo "no project file")
+run(1 info ${WORK}/text.vdo)
+expect("${err}" "text.vdo: DIO: Read error. \\(2005\\)")
+run(1 info ${WORK}/none.vdo)
+expect("${err}" "none.vdo: DIO: File open error. \\(2004\\)")
+run(2 info)

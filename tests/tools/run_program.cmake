@@ -1,0 +1,27 @@
+# Helpers of the program's tests. PROGRAM is the command, SAMPLES the samples, WORK a folder.
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+
+# run(EXIT_STATUS ARGUMENT...): runs the program; leaves what it wrote in `out` and `err`.
+macro(run exit_status)
+  execute_process(COMMAND ${PROGRAM} ${ARGN}
+    RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT result STREQUAL "${exit_status}")
+    message(SEND_ERROR "zemva ${ARGN}: exit status ${result}, not ${exit_status}\n${err}")
+  endif()
+endmacro()
+
+# expect(TEXT REGEX): the text must match.
+function(expect text regex)
+  if(NOT "${text}" MATCHES "${regex}")
+    message(SEND_ERROR "'${regex}' is not in:\n${text}")
+  endif()
+endfunction()
+
+# expect_same_files(A B): byte for byte.
+macro(expect_same_files a b)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${a} ${b} RESULT_VARIABLE different)
+  if(different)
+    message(SEND_ERROR "${a} is not ${b}")
+  endif()
+endmacro()

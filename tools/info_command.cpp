@@ -1,0 +1,93 @@
+// What is in a file: its headers and items, and its data set.
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "code_page.h"
+#include "commands.h"
+#include "data/dataset.h"
+#include "dio/file_contents.h"
+#include "errors/status.h"
+#include "errors/stream_window.h"
+#include "numeric/missing.h"
+
+namespace zemva::tools {
+namespace {
+
+void PrintText(const char* label, std::string_view text) {
+  std::printf("%-14s%s\n", label, Utf8FromCodePage(text).c_str());
+}
+
+void PrintNumber(const char* label, long long number) {
+  std::printf("%-14s%lld\n", label, number);
+}
+
+void PrintSuperHeader(const FileContents& contents) {
+  const SuperHeader& header = contents.super_header;
+  PrintNumber("Version", header.version);
+  PrintNumber("Size", header.size);
+  PrintText("Project", Trimmed(header.name));
+  PrintText("Comment", Trimmed(header.comment));
+  PrintText("Time", Trimmed(header.time));
+  PrintNumber("Super items", header.nitm);
+}
+
+void PrintItem(const char* indent, const ItemHeader& item, int width) {
+  std::string dims;
+  for (const std::int16_t extent : item.dims) {
+    dims += (dims.empty() ? "" : " x ") + std::to_string(extent);
+  }
+  std::printf("%s%-*s  %-5s  %-13s  %10d\n", indent, width,
+              Utf8FromCodePage(Trimmed(item.name)).c_str(),
+              Utf8FromCodePage(Trimmed(item.type)).c_str(), dims.c_str(), item.size);
+}
+
+void PrintItems(const FileContents& contents) {
+  std::printf("\n%-22s  %-5s  %-13s  %10s\n", "Item", "Type", "Dims", "Size");
+  for (const SuperItemContents& super_item : contents.super_items) {
+    PrintItem("", super_item.super_item.header, 22);
+    for (const ItemHeader& item : super_item.items) PrintItem("  ", item, 20);
+  }
+}
+
+void PrintDataset(Dataset& dataset) {
+  const long long cells = 1LL * dataset.GetNObsDS() * dataset.GetNVarDS();
+  long long missing = 0;
+  for (int i = 1; i <= dataset.GetNObsDS(); ++i) {
+    const float* row = dataset[static_cast<short>(i)];
+    missing += std::count(row + 1, row + 1 + dataset.GetNVarDS(), kMissing);
+  }
+  std::printf("\n");
+  PrintText("Data set", dataset.GetDSNam());
+  PrintNumber("Number", dataset.GetDSNum());
+  PrintText("Title", dataset.GetDSTitle());
+  PrintNumber("Observations", dataset.GetNObsDS());
+  PrintNumber("Variables", dataset.GetNVarDS());
+  std::printf("%-14s%lld (%.2f %%)\n", "Missing", missing,
+              cells == 0 ? 0.0 : 100.0 * static_cast<double>(missing) / static_cast<double>(cells));
+}
+
+}  // namespace
+
+int InfoCommand(Arguments arguments) {
+  if (arguments.size() != 1 || arguments[0].starts_with('-')) {
+    return WrongUsage("info takes one file");
+  }
+  const std::string path(arguments[0]);
+  StreamWindow discard;
+  FileContents contents;
+  const int listed = GetFileContents(path.c_str(), discard, contents);
+  Dataset dataset("Info", path.c_str(), discard);
+  const int loaded = dataset.Load();
+  // What can be read is shown, also of a file that is damaged further on.
+  if (contents.super_header.version != 0) {
+    std::printf("%-14s%s\n", "File", path.c_str());
+    PrintSuperHeader(contents);
+    PrintItems(contents);
+  }
+  if (loaded == status::kOk) PrintDataset(dataset);
+  if (listed != status::kOk) return Fail(path, listed);
+  return loaded == status::kOk ? kDone : Fail(path, loaded);
+}
+
+}  // namespace zemva::tools

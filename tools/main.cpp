@@ -1,0 +1,80 @@
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <string_view>
+#include <vector>
+
+#include "commands.h"
+#include "errors/messages.h"
+
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace zemva::tools {
+namespace {
+
+struct Command {
+  std::string_view name;
+  int (*run)(Arguments);
+  const char* usage;
+};
+
+constexpr std::array kCommands = {
+    Command{"import", ImportCommand, "import FILE.vdo [-o OUT.csv] [--plugin LIBRARY]"},
+    Command{"info", InfoCommand, "info FILE.vdo"},
+};
+
+void PrintUsage(std::FILE* stream) {
+  for (const Command& command : kCommands) {
+    std::fprintf(stream, "%s zemva %s\n", &command == kCommands.data() ? "usage:" : "      ",
+                 command.usage);
+  }
+}
+
+int Run(Arguments arguments) {
+  if (arguments.empty()) return WrongUsage("no command given");
+  if (arguments[0] == "--help" || arguments[0] == "-h") {
+    PrintUsage(stdout);
+    return kDone;
+  }
+  for (const Command& command : kCommands) {
+    if (command.name == arguments[0]) return command.run(arguments.subspan(1));
+  }
+  return WrongUsage("unknown command '" + std::string(arguments[0]) + "'");
+}
+
+}  // namespace
+
+int Fail(std::string_view what, std::string_view why) {
+  std::fprintf(stderr, "zemva: %.*s: %.*s\n", static_cast<int>(what.size()), what.data(),
+               static_cast<int>(why.size()), why.data());
+  return kFailed;
+}
+
+int Fail(std::string_view what, int status) {
+  return Fail(what, std::string(GetVdoMsg(status)) + " (" + std::to_string(status) + ")");
+}
+
+int WrongUsage(std::string_view why) {
+  std::fprintf(stderr, "zemva: %.*s\n", static_cast<int>(why.size()), why.data());
+  PrintUsage(stderr);
+  return kWrongUsage;
+}
+
+}  // namespace zemva::tools
+
+int main(int argc, char** argv) {
+#if defined(_WIN32)
+  _setmode(_fileno(stdout), _O_BINARY);  // lines end in \n on every system
+#endif
+  const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+  try {
+    const int exit_status = zemva::tools::Run(arguments);
+    if (std::fflush(stdout) != 0) return zemva::tools::Fail("standard output", "cannot be written");
+    return exit_status;
+  } catch (const std::exception& error) {
+    return zemva::tools::Fail("failed", error.what());
+  }
+}
