@@ -18,6 +18,11 @@
 #include "errors/messages.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
+#include "numeric/d_matrix.h"
+#include "numeric/distributions.h"
+#include "numeric/moments.h"
+#include "numeric/uni_var.h"
+#include "numeric/vector_listing.h"
 #include "numeric/x_matrix.h"
 #include "numeric/x_vector.h"
 

@@ -62,19 +62,36 @@ double FrontFactor(double a, double b, double x) {
   return factor < kNegligible ? 0.0 : factor;
 }
 
+// I_x(a, b). Kept in double: near x = 1 a float would leave few digits of 1 - x.
+double IncompleteBeta(double a, double b, double x) {
+  const double front = FrontFactor(a, b, x);
+  // The fraction converges fast below this point; above it the symmetry
+  // I_x(a, b) = 1 - I_(1-x)(b, a) leads back there.
+  if (x >= (a + 1.0) / (a + b + 2.0)) return 1.0 - front * BetaFraction(b, a, 1.0 - x) / b;
+  return front * BetaFraction(a, b, x) / a;
+}
+
+// The upper-tail probability of the F distribution at s1 / s2.
+double UpperTail(double s1, double df1, double s2, double df2) {
+  const bool is_swapped = s1 <= s2;
+  if (is_swapped) {
+    if (s1 == 0.0) return 1.0;
+    std::swap(s1, s2);
+    std::swap(df1, df2);
+  } else if (s2 == 0.0) {
+    return 0.0;
+  }
+  const double ratio = s1 / s2;
+  double tail = IncompleteBeta(df2 / 2.0, df1 / 2.0, df2 / (df2 + df1 * ratio));
+  // Only rounding can carry it over 1.
+  if (tail > 1.0) tail = 2.0 - tail;
+  return is_swapped ? 1.0 - tail : tail;
+}
+
 }  // namespace
 
 float betai(float a, float b, float x) {
-  const double p = static_cast<double>(a);
-  const double q = static_cast<double>(b);
-  const double y = static_cast<double>(x);
-  const double front = FrontFactor(p, q, y);
-  // The fraction converges fast below this point; above it the symmetry
-  // I_x(a, b) = 1 - I_(1-x)(b, a) leads back there.
-  const double value = y >= (p + 1.0) / (p + q + 2.0)
-                           ? 1.0 - front * BetaFraction(q, p, 1.0 - y) / q
-                           : front * BetaFraction(p, q, y) / p;
-  return static_cast<float>(value);
+  return static_cast<float>(IncompleteBeta(a, b, x));
 }
 
 float TCrit(float p, int df) {
@@ -84,28 +101,15 @@ float TCrit(float p, int df) {
   double high = 64.0;
   double t = 32.0;
   while (high - low > kWidth) {
-    const double x = df / (t * t + df);
-    const float central = 1.0f - betai(static_cast<float>(df) / 2.0f, 0.5f, static_cast<float>(x));
-    (central <= p ? low : high) = t;
+    const double central = 1.0 - IncompleteBeta(df / 2.0, 0.5, df / (t * t + df));
+    (central <= static_cast<double>(p) ? low : high) = t;
     t = (low + high) / 2.0;
   }
   return static_cast<float>(t);
 }
 
 float PFTest(float s1, float df1, float s2, float df2) {
-  const bool is_swapped = s1 <= s2;
-  if (is_swapped) {
-    if (s1 == 0.0f) return 1.0f;
-    std::swap(s1, s2);
-    std::swap(df1, df2);
-  } else if (s2 == 0.0f) {
-    return 0.0f;
-  }
-  const float ratio = s1 / s2;
-  float tail = betai(df2 / 2.0f, df1 / 2.0f, df2 / (df2 + df1 * ratio));
-  // Only rounding can carry it over 1.
-  if (tail > 1.0f) tail = 2.0f - tail;
-  return is_swapped ? 1.0f - tail : tail;
+  return static_cast<float>(UpperTail(s1, df1, s2, df2));
 }
 
 float FFTest(float df1, float df2, float p) {
@@ -116,8 +120,7 @@ float FFTest(float df1, float df2, float p) {
   double high = 99999.0;
   double f = 1.0 / static_cast<double>(p);
   while (std::fabs(high - low) > kWidth && std::fabs(high - low) / high > kRelativeWidth) {
-    const float tail = PFTest(static_cast<float>(f), df1, 1.0f, df2);
-    (p <= tail ? low : high) = f;
+    (static_cast<double>(p) <= UpperTail(f, df1, 1.0, df2) ? low : high) = f;
     f = (high + low) * 0.5;
   }
   return static_cast<float>(f);

@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "base/atomic_file.h"
+#include "base/native_path.h"
 #include "numeric/missing.h"
 
 namespace zemva {
@@ -45,7 +46,7 @@ bool CanHold(std::string_view text, int row_count, int column_count) {
 }
 
 std::optional<std::string> ReadText(const char* path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(NativePath(path), std::ios::binary);
   if (!file) return std::nullopt;
   std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   return file.bad() ? std::nullopt : std::optional(std::move(text));

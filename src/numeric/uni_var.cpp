@@ -7,7 +7,7 @@
 
 #include "errors/listing.h"
 #include "errors/status.h"
-#include "numeric/moments.h"
+#include "numeric/sample.h"
 
 namespace zemva {
 namespace {
