@@ -58,11 +58,13 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   FVector* MaxCol() const;
   FVector* MinCol() const;
 
-  // Sum, difference and product, in float; the product adds its terms in ascending order. The
-  // result lands in one of the two work matrices of the class: in MStat when that is empty or one
-  // of the operands, else in MStat2; MStat2 is emptied when it is an operand and the result lands
-  // in MStat. So an expression such as A * B + C * D holds, and a result is good until a later
-  // operator overwrites its work matrix. When the sizes do not fit the result is empty.
+  // Sum, difference and product, in float; the product adds its terms in ascending order. When the
+  // sizes do not fit the result is empty, and no status is set.
+  //
+  // The result lands in one of the two work matrices of the class: in MStat when that is empty or
+  // one of the operands, else in MStat2; MStat2 is emptied when it is an operand and the result
+  // lands in MStat. A result is good until a later operator overwrites its work matrix: whoever
+  // combines two results, as in A * B + C * D, empties MStat first. Not for several threads.
   FMatrix& operator+(const FMatrix& right) const;
   FMatrix& operator-(const FMatrix& right) const;
   FMatrix& operator*(const FMatrix& right) const;

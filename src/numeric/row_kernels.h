@@ -6,17 +6,26 @@
 
 namespace zemva {
 
+// `n` rounded up to whole groups of lanes.
+constexpr int PaddedCount(int n) {
+  return (n + 7) / 8 * 8;
+}
+
 // Each comes once for every instruction set, all giving the same bits. A row is n consecutive
 // values, counted from 0 here; missing values are left out unless said otherwise.
 struct RowKernels {
   // Sums over one row, in 8 lanes that are added up at the end from the first to the last: of the
-  // values, in double and in float; of their squares; of the products with another row, where both
-  // are present.
+  // values, in double and in float; of their squares; of both; of the products with another row,
+  // where both are present.
   PresentSum (*sum)(const float* values, int n);
   PresentSum (*sum_in_float)(const float* values, int n);
   PresentSum (*sum_of_squares)(const float* values, int n);
+  PresentSum (*sum_and_squares)(const float* values, int n, double* squares);
   PresentSum (*inner_product)(const float* values, const float* others, int n);
+
+  // How many values are missing; and for each that is, 1 off its counter.
   int (*count_missing)(const float* values, int n);
+  void (*count_off_missing)(const float* values, int n, short* present_counts);
 
   // The smallest and the largest value and the largest absolute value; +infinity, and for the
   // largest -infinity, when there is none. A NaN is passed over.
@@ -36,9 +45,10 @@ struct RowKernels {
   void (*subtract_multiple)(float* values, float factor, const float* others, int n);
 
   // Statistics of n columns over the rows rows[0..row_count-1], whose values begin at rows[i][1],
-  // added row by row to one accumulator a column: sums, sums of squares and sums of squares about a
-  // centre, in double, with the number of values that are missing; the smallest and the largest,
-  // where an accumulator begins as +infinity or -infinity.
+  // added row by row to one accumulator a column. Sums, sums of squares and sums of squares about a
+  // centre, in double, with the number of values that are missing: these accumulators have room for
+  // PaddedCount(n). The smallest and the largest, where an accumulator begins as +infinity or
+  // -infinity.
   void (*add_to_sums)(const float* const* rows, int row_count, int n, double* sums,
                       int* missing_counts);
   void (*add_to_squares)(const float* const* rows, int row_count, int n, double* squares);

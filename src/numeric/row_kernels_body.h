@@ -84,6 +84,22 @@ PresentSum SumOfSquares(const float* values, int n) {
       values, n, [](const Float8& value) ZEMVA_INLINE_LAMBDA { return Square(ToDouble(value)); });
 }
 
+PresentSum SumAndSquares(const float* values, int n, double* squares) {
+  Double8 sum = {};
+  Double8 square_sum = {};
+  Mask8 missing = {};
+  ForLanes(n, [&](auto access, int i) ZEMVA_INLINE_LAMBDA {
+    const Float8 value = access.Get(values + i);
+    const Mask8 is_missing = IsMissing(value);
+    const Double8 present = ToDouble(ZeroWhere(is_missing, value));
+    missing = missing + is_missing;
+    sum = sum + present;
+    square_sum = square_sum + Square(present);
+  });
+  *squares = Total(square_sum);
+  return {Total(sum), PresentCount(n, missing)};
+}
+
 PresentSum InnerProduct(const float* values, const float* others, int n) {
   Double8 sum = {};
   Mask8 missing = {};
@@ -102,6 +118,12 @@ int CountMissing(const float* values, int n) {
   ForLanes(n, [&](auto access, int i)
                   ZEMVA_INLINE_LAMBDA { missing = missing + IsMissing(access.Get(values + i)); });
   return n - PresentCount(n, missing);
+}
+
+void CountOffMissing(const float* values, int n, short* present_counts) {
+  for (int j = 0; j < n; ++j) {
+    present_counts[j] = static_cast<short>(present_counts[j] - (values[j] == kMissing ? 1 : 0));
+  }
 }
 
 // The first present value in an order: the smallest or the largest.
@@ -223,28 +245,28 @@ ZEMVA_INLINE void ForRowGroups(const T* const* rows, int row_count, int n, Step 
 void AddToSums(const float* const* rows, int row_count, int n, double* sums, int* missing_counts) {
   ForRowGroups(rows, row_count, n,
                [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
-                 Double8 sum = access.Get(sums + j);
-                 Mask8 missing = access.Get(missing_counts + j);
+                 Double8 sum = Load(sums + j);
+                 Mask8 missing = Load(missing_counts + j);
                  for (int k = 0; k < kRows; ++k) {
                    const Float8 value = access.Get(group[k] + 1 + j);
                    const Mask8 is_missing = IsMissing(value);
                    missing = missing - is_missing;
                    sum = sum + ToDouble(ZeroWhere(is_missing, value));
                  }
-                 access.Put(sum, sums + j);
-                 access.Put(missing, missing_counts + j);
+                 Store(sum, sums + j);
+                 Store(missing, missing_counts + j);
                });
 }
 
 void AddToSquares(const float* const* rows, int row_count, int n, double* squares) {
   ForRowGroups(rows, row_count, n,
                [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
-                 Double8 sum = access.Get(squares + j);
+                 Double8 sum = Load(squares + j);
                  for (int k = 0; k < kRows; ++k) {
                    const Float8 value = access.Get(group[k] + 1 + j);
                    sum = sum + Square(ToDouble(ZeroWhere(IsMissing(value), value)));
                  }
-                 access.Put(sum, squares + j);
+                 Store(sum, squares + j);
                });
 }
 
@@ -252,16 +274,16 @@ void AddToSumsAndSquares(const float* const* rows, int row_count, int n, double*
                          double* squares) {
   ForRowGroups(rows, row_count, n,
                [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
-                 Double8 sum = access.Get(sums + j);
-                 Double8 square_sum = access.Get(squares + j);
+                 Double8 sum = Load(sums + j);
+                 Double8 square_sum = Load(squares + j);
                  for (int k = 0; k < kRows; ++k) {
                    const Float8 value = access.Get(group[k] + 1 + j);
                    const Double8 present = ToDouble(ZeroWhere(IsMissing(value), value));
                    sum = sum + present;
                    square_sum = square_sum + Square(present);
                  }
-                 access.Put(sum, sums + j);
-                 access.Put(square_sum, squares + j);
+                 Store(sum, sums + j);
+                 Store(square_sum, squares + j);
                });
 }
 
@@ -271,16 +293,16 @@ void AddToDeviations(const float* const* rows, int row_count, int n, const float
                [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
                  const Float8 centre = access.Get(centres + j);
                  const Double8 wide_centre = ToDouble(centre);
-                 Double8 sum = access.Get(squares + j);
-                 Mask8 missing = access.Get(missing_counts + j);
+                 Double8 sum = Load(squares + j);
+                 Mask8 missing = Load(missing_counts + j);
                  for (int k = 0; k < kRows; ++k) {
                    const Float8 value = access.Get(group[k] + 1 + j);
                    const Mask8 is_missing = IsMissing(value);
                    missing = missing - is_missing;
                    sum = sum + Square(ToDouble(Select(is_missing, centre, value)) - wide_centre);
                  }
-                 access.Put(sum, squares + j);
-                 access.Put(missing, missing_counts + j);
+                 Store(sum, squares + j);
+                 Store(missing, missing_counts + j);
                });
 }
 
@@ -322,8 +344,10 @@ constexpr RowKernels kRowKernels = {
     .sum = SumInDouble,
     .sum_in_float = SumInFloat,
     .sum_of_squares = SumOfSquares,
+    .sum_and_squares = SumAndSquares,
     .inner_product = InnerProduct,
     .count_missing = CountMissing,
+    .count_off_missing = CountOffMissing,
     .least = Least,
     .greatest = Greatest,
     .greatest_magnitude = GreatestMagnitude,

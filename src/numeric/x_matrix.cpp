@@ -5,7 +5,7 @@
 #include <span>
 #include <utility>
 
-#include "numeric/present.h"
+#include "numeric/row_kernels.h"
 #include "numeric/slots.h"
 
 namespace zemva {
@@ -148,16 +148,13 @@ void XFMatrix::StartActValInfo() {
 }
 
 void XFMatrix::AddRowToActValInfo(int row) {
-  const std::span<const float> values = std::as_const(*this).Row(row);
-  const int missing_count = NCol() - CountPresent(values);
+  const float* const values = Row(row).data();
+  const int missing_count = GetRowKernels().count_missing(values, NCol());
   if (missing_count == 0) return;
   present_count_ -= missing_count;
   short& row_count = row_counts_[static_cast<std::size_t>(row)];
   row_count = static_cast<short>(row_count - missing_count);
-  short* const column_counts = column_counts_.get() + 1;
-  for (std::size_t j = 0; j < values.size(); ++j) {
-    column_counts[j] = static_cast<short>(column_counts[j] - (IsMissing(values[j]) ? 1 : 0));
-  }
+  GetRowKernels().count_off_missing(values, NCol(), column_counts_.get() + 1);
 }
 
 int XFMatrix::CountIf(int result) {

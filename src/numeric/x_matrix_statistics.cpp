@@ -10,12 +10,17 @@
 namespace zemva {
 namespace {
 
-// Accumulators of columns: sums in double and the number of values that are missing.
+// An accumulator a column, for the kernels.
+DVector Accumulators(const FMatrix& matrix) {
+  return DVector(PaddedCount(matrix.NCol()), 0.0);
+}
+
+// Sums of columns and how many of their values are missing.
 class ColumnSums {
  public:
   explicit ColumnSums(const FMatrix& matrix)
-      : sums_(matrix.NCol(), 0.0), missing_counts_(AllocateSlots<int>(matrix.NCol())) {
-    if (missing_counts_) std::fill_n(missing_counts_.get(), matrix.NCol(), 0);
+      : sums_(Accumulators(matrix)), missing_counts_(AllocateSlots<int>(sums_.NVal())) {
+    if (missing_counts_) std::fill_n(missing_counts_.get(), sums_.NVal(), 0);
   }
 
   bool IsMade() const { return sums_.GetStatus() == status::kOk && missing_counts_ != nullptr; }
@@ -56,7 +61,7 @@ XFVector* XFMatrix::Avg(const char* name) const {
 
 XFVector* XFMatrix::SSCol(const char* name) const {
   auto result = MakeObject<XFVector>(name, NCol(), 0.0f);
-  DVector squares(NCol(), 0.0);
+  DVector squares = Accumulators(*this);
   if (!result || squares.GetStatus() != status::kOk) return HandOver<XFVector>(nullptr);
   GetRowKernels().add_to_squares(GetMatPtr() + 1, NRow(), NCol(), squares.Values().data());
   for (int j = 1; j <= NCol(); ++j) (*result)[j] = static_cast<float>(squares[j]);
@@ -77,8 +82,8 @@ XFVector* XFMatrix::SSRow(const char* name) const {
 
 XFVector* XFMatrix::S2Col(const char* name, float centre, int df_loss, float df_factor) const {
   auto result = MakeObject<XFVector>(name, NCol(), 0.0f);
-  DVector sums(NCol(), 0.0);
-  DVector squares(NCol(), 0.0);
+  DVector sums = Accumulators(*this);
+  DVector squares = Accumulators(*this);
   if (!result || sums.GetStatus() != status::kOk || squares.GetStatus() != status::kOk) {
     return HandOver<XFVector>(nullptr);
   }
@@ -95,12 +100,10 @@ XFVector* XFMatrix::S2Col(const char* name, float centre, int df_loss, float df_
 XFVector* XFMatrix::S2Row(const char* name, float centre, int df_loss, float df_factor) const {
   auto result = MakeObject<XFVector>(name, NRow(), 0.0f);
   if (!result) return HandOver<XFVector>(nullptr);
-  const RowKernels& kernels = GetRowKernels();
   const VarianceRule variance{centre, df_loss, df_factor};
   for (int i = 1; i <= NRow(); ++i) {
-    const float* const row = Row(i).data();
-    const double sum = kernels.sum(row, NCol()).sum;
-    const double squares = kernels.sum_of_squares(row, NCol()).sum;
+    double squares = 0.0;
+    const double sum = GetRowKernels().sum_and_squares(Row(i).data(), NCol(), &squares).sum;
     (*result)[i] = static_cast<float>(variance.Apply(NValARow(i), sum, squares));
   }
   result->SetActValInfo();
