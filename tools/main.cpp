@@ -26,6 +26,7 @@ constexpr std::array kCommands = {
     Command{"info", InfoCommand, "info FILE.vdo"},
     Command{"convert", ConvertCommand,
             "convert IN.csv OUT.vdo [--name NAME] [--title TITLE] [--repair]"},
+    Command{"stats", StatsCommand, "stats FILE.vdo [--all]"},
     Command{"options", OptionsCommand, "options [set KEY VALUE] [--ini DIR]"},
 };
 
