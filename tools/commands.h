@@ -20,6 +20,7 @@ using Arguments = std::span<const std::string_view>;
 int ConvertCommand(Arguments arguments);
 int ImportCommand(Arguments arguments);
 int InfoCommand(Arguments arguments);
+int StatsCommand(Arguments arguments);
 int OptionsCommand(Arguments arguments);
 
 // Says in one line on standard error what failed, and returns kFailed.

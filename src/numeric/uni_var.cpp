@@ -156,6 +156,7 @@ int UniVar::Calc(const XFMatrix* x, const XI1Vector* variables, const XI1Vector*
     for (const Column& column : kColumns) {
       if (!(this->*column.is_on) || column.value == nullptr) continue;
       const float value = summary.*column.value;
+      listing.Text(" ");  // a number may fill its field
       if (IsMissing(value)) {
         listing.Right(column.width, "N/A");
       } else {

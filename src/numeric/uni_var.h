@@ -40,9 +40,10 @@ class ZEMVA_API UniVar {
   int GetNumberOfStatistics() const;
 
   // Lists the statistics of the variables with a flag other than 0 in `variables`, over the
-  // observations with a flag other than 0 in `observations`: a line a variable, with its position.
-  // Where no observation is selected it says so and ends. 0; 13002 when an argument is null or
-  // there is not a flag for each column and row of `x`; 13001.
+  // observations with a flag other than 0 in `observations`: a line a variable, with its position,
+  // in fields of a fixed width with a blank between. Where no observation is selected it says so
+  // and ends. 0; 13002 when an argument is null or there is not a flag for each column and row of
+  // `x`; 13001.
   int Calc(const XFMatrix* x, const XI1Vector* variables, const XI1Vector* observations,
            StreamWindow& window) const;
 

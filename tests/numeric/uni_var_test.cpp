@@ -117,12 +117,12 @@ TEST_F(UniVarTable, IsListed) {
   EXPECT_EQ(window_.log,
             " Var   N   MV%        Min        Max    Min/Max       Mean     Median        25%"
             "        75%         SD   Skewness   Kurtosis  Prob Norm\n"
-            "   1    4 0.000     1.000     6.000     0.167     3.000     2.500     1.500"
-            "     4.500     2.160     1.190     1.500\n"
-            "   3    0100.000       N/A       N/A       N/A       N/A       N/A       N/A"
-            "       N/A       N/A       N/A       N/A\n"
-            "   4    250.000    -1.000     0.000       N/A    -0.500    -0.500    -1.000"
-            "     0.000     0.707       N/A       N/A\n");
+            "   1     4  0.000      1.000      6.000      0.167      3.000      2.500      1.500"
+            "      4.500      2.160      1.190      1.500\n"
+            "   3     0 100.000        N/A        N/A        N/A        N/A        N/A        N/A"
+            "        N/A        N/A        N/A        N/A\n"
+            "   4     2 50.000     -1.000      0.000        N/A     -0.500     -0.500     -1.000"
+            "      0.000      0.707        N/A        N/A\n");
 }
 
 TEST_F(UniVarTable, IsReturned) {
