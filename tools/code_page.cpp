@@ -89,6 +89,17 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
+std::string PrintableFromCodePage(std::string_view text) {
+  const auto is_control = [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool is_open = 0x80 <= byte && byte < 0xA0 && kHighControls[byte - 0x80] == byte;
+    return byte < 0x20 || byte == 0x7F || is_open;
+  };
+  std::string printable(text);
+  std::ranges::replace_if(printable, is_control, '?');
+  return Utf8FromCodePage(printable);
+}
+
 std::string Utf8FromCodePage(std::string_view text) {
   std::string out;
   out.reserve(text.size());

@@ -11,6 +11,9 @@ namespace zemva::tools {
 // characters of the same number.
 std::string Utf8FromCodePage(std::string_view text);
 
+// The same for a screen: control characters, which could steer it, become question marks.
+std::string PrintableFromCodePage(std::string_view text);
+
 // What the code page has no character for becomes a question mark, and so does a zero byte, which
 // would end the text; `is_whole` is then false. `text` is valid UTF-8.
 std::string CodePageFromUtf8(std::string_view text, bool& is_whole);
