@@ -2,6 +2,8 @@
 #ifndef ZEMVA_ZEMVA_H
 #define ZEMVA_ZEMVA_H
 
+#include "data/blk_info.h"
+#include "data/cla_info.h"
 #include "data/dangerous_data_set_manipulator.h"
 #include "data/dataset.h"
 #include "data/ds_info.h"

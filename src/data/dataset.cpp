@@ -88,8 +88,12 @@ int Dataset::GetNValA() {
 }
 
 float* Dataset::operator[](short i) {
-  XFMatrix* matrix = GetDMPtr();
-  return matrix != nullptr && i >= 1 && i <= matrix->NRow() ? (*matrix)[i] : nullptr;
+  return EnsureLoaded() == status::kOk ? GetRow(i) : nullptr;
+}
+
+// Null where there is no such row.
+float* Dataset::GetRow(int i) const {
+  return matrix_ && i >= 1 && i <= matrix_->NRow() ? (*matrix_)[i] : nullptr;
 }
 
 int Dataset::GetObsInfo(short i, short& onum, const char*& name) {
@@ -144,34 +148,55 @@ int Dataset::SetDSAddr(const char* addr) {
   return status_ = status::kOk;
 }
 
-// Keeps the result code of a change; after a successful one there is something to save.
+// Keeps the result code of a change; after one that was made there is something to save.
 int Dataset::Changed(int status) {
-  if (status == status::kOk) is_dirty_ = true;
+  if (status == status::kOk || status == status::mva::kDuplicateName) is_dirty_ = true;
   return status_ = status;
 }
 
-// Cuts the matrix and the tables down to the counts. 2023 when there is no matrix that is as large,
-// 5001 when memory runs out.
+bool Dataset::CountsFitMatrix() const {
+  const int rows = matrix_ ? matrix_->NRow() : 0;
+  const int columns = matrix_ ? matrix_->NCol() : 0;
+  return nobs_ >= 0 && nobs_ <= rows && nvar_ >= 0 && nvar_ <= columns;
+}
+
+// Cuts the matrix and the tables down to the counts. 2023 when there is no matrix that is as large;
+// else the codes of the matrix.
 int Dataset::DropBeyondCounts() {
-  if (!matrix_ || nobs_ < 0 || nobs_ > matrix_->NRow() || nvar_ < 0 || nvar_ > matrix_->NCol()) {
-    return status::dio::kIncompleteDataset;
-  }
-  const XI1Vector rows = SelectFirst(nobs_, matrix_->NRow());
-  const XI1Vector columns = SelectFirst(nvar_, matrix_->NCol());
-  if (rows.GetStatus() != status::kOk || columns.GetStatus() != status::kOk) {
-    return status::mat::kMemory;
-  }
+  if (!matrix_ || !CountsFitMatrix()) return status::dio::kIncompleteDataset;
   int status = status::kOk;
-  if (matrix_->NRow() > nobs_) status = matrix_->DelRows(&rows);
-  if (status == status::kOk && matrix_->NCol() > nvar_) status = matrix_->DelCols(&columns);
+  if (matrix_->NRow() > nobs_) {
+    const XI1Vector rows = SelectFirst(nobs_, matrix_->NRow());
+    status = matrix_->DelRows(&rows);
+  }
+  if (status == status::kOk && matrix_->NCol() > nvar_) {
+    const XI1Vector columns = SelectFirst(nvar_, matrix_->NCol());
+    status = matrix_->DelCols(&columns);
+  }
   if (status != status::kOk) return status;
-  if (obs_info_ && obs_info_->GetNItm() > nobs_) {
-    obs_info_->KeepItms(SelectFirst(nobs_, obs_info_->GetNItm()));
-  }
-  if (var_info_ && var_info_->GetNItm() > nvar_) {
-    var_info_->KeepItms(SelectFirst(nvar_, var_info_->GetNItm()));
-  }
+  if (obs_info_) obs_info_->KeepFirst(nobs_);
+  if (var_info_) var_info_->KeepFirst(nvar_);
   return status;
+}
+
+// The row of the table, or, where the table does not reach, the position without a name.
+Dataset::Label Dataset::GetObsLabel(int i) const {
+  const auto position = static_cast<short>(i);
+  if (!obs_info_ || i > obs_info_->GetNItm()) return {position, ""};
+  return {obs_info_->GetONum(position), obs_info_->GetONam(position)};
+}
+
+Dataset::Label Dataset::GetVarLabel(int j) const {
+  const auto position = static_cast<short>(j);
+  if (!var_info_ || j > var_info_->GetNItm()) return {position, ""};
+  return {var_info_->GetVNum(position), var_info_->GetVNam(position)};
+}
+
+std::vector<std::string_view> Dataset::GetVarNames() const {
+  std::vector<std::string_view> names;
+  names.reserve(static_cast<std::size_t>(nvar_));
+  for (int j = 1; j <= nvar_; ++j) names.emplace_back(GetVarLabel(j).name);
+  return names;
 }
 
 }  // namespace zemva

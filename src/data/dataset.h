@@ -3,6 +3,8 @@
 #define ZEMVA_DATA_DATASET_H
 
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "base/export.h"
 #include "data/object_base.h"
@@ -13,6 +15,8 @@
 #include "numeric/x_matrix.h"
 
 namespace zemva {
+
+class I2Vector;
 
 // N observations (rows) by K variables (columns) of single-precision values, an observation table
 // and a variable table, all counted from 1. What is not known is the missing value. The data set
@@ -89,6 +93,60 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   int SetObsNum(short i, short onum);
   int SetVarName(short i, const char* name);
 
+  // --- Shape (dataset_edit.cpp) ---
+  // No data set grows beyond 32,767 observations or variables: 8021.
+
+  // The new count, or 0 when it fails. New values are missing, but 0 in a data set that had no
+  // matrix. A new variable is numbered by its position.
+  virtual short AddObs(short onum, const char* name);
+  short AddVar(const char* name) { return AddVars(&name, 1); }
+  // All of the n variables or none. 8022 for null, 8013 for a negative n.
+  short AddVars(const char* const* names, int n);
+
+  // 8014 when there is no observation.
+  int DelObs(short onum);
+  // 8014 when there are no variables. A number that no variable has lowers the count all the same:
+  // matrix and table keep what they have, until the next operation that changes the shape drops the
+  // last variable, and the variable table's status is 8021.
+  int DelVar(short vnum);
+  // Deletes a variable for each number listed. 8022 for null; 8014, with nothing deleted, when
+  // there are fewer variables of a number than listed.
+  int DelVars(const I2Vector* vnums);
+  // Deletes the observations whose byte is not 1. 8022 for null, 5004 when there is not one byte an
+  // observation.
+  virtual int DeleteExcludedObservations(const XI1Vector* selection);
+
+  // --- Merging (dataset_merge.cpp) ---
+  // `other` is loaded for the time of the merge; it may be this data set itself. 8022 for null,
+  // 8055 when the merge stands but numbers or names had to be repaired, which messages tell.
+
+  // Appends the observations of `other`, matching variables by name where they do not line up; a
+  // variable that `other` has not is missing. Repeated numbers, or `renumber`, number all
+  // observations anew; `renumber` names them anew too. When no variable matches nothing is
+  // appended.
+  int MergeObs(Dataset* other, bool renumber);
+
+  // Appends the variables of `other`, 8046 when the counts of observations differ. Their numbers go
+  // up by the count of variables before, modulo 2^16. Repeated names get a suffix; where that makes
+  // one too long, or with `rename`, all variables are named anew; the result is then the status of
+  // the observation table, unless it is 8055.
+  int MergeVar(Dataset* other, bool rename);
+
+  // Copies the observation at src_row to dst_row, matching variables by name; where `src` has none,
+  // the value becomes missing if `fill`, else it stays. True when any variable matched; false also
+  // when a data set cannot be loaded. Positions outside the matrices copy nothing.
+  //
+  // The match is kept for the next call and made anew only when the number of variables of `dst`
+  // differs. Call it with a null data set, which returns true, before and after each run.
+  static bool CopyObservationData(Dataset* dst, int dst_row, Dataset* src, int src_row, bool fill);
+
+  // --- Transposing (dataset_transpose.cpp) ---
+
+  // Makes variables of the observations and observations of the variables. Repeated names get a
+  // suffix, as messages tell; where that makes one too long, or with `new_names`, the new variables
+  // are V1, V2 and so on. 8055 when names were repeated.
+  int Transpose(bool new_names);
+
   // --- Header; none of these loads ---
 
   short GetDSNum() const { return header_.number; }
@@ -122,11 +180,37 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
  private:
   friend class DangerousDataSetManipulator;
 
+  struct Label {
+    short number;
+    const char* name;
+  };
+
   int EnsureLoaded() { return IsLoaded() ? 0 : Load(); }
   int CopyParts(const Dataset& other);
   int Changed(int status);
+  float* GetRow(int i) const;
+  bool CountsFitMatrix() const;
   int DropBeyondCounts();
   void ShowCounts(StreamWindow& window) const;
+
+  Label GetObsLabel(int i) const;
+  Label GetVarLabel(int j) const;
+  std::vector<std::string_view> GetVarNames() const;
+
+  // dataset_edit.cpp
+  int StartEdit();
+  int MakeWhole();
+
+  // dataset_merge.cpp
+  template <typename Merge>
+  int MergeWith(Dataset* other, Merge merge);
+  int MergeObsOf(const Dataset& other, bool renumber);
+  int MergeVarOf(const Dataset& other, bool rename);
+  bool ReportRepeatedNumbers(const Dataset& other) const;
+  int JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) const;
+
+  // dataset_transpose.cpp
+  int TransposeAll(bool new_names);
 
   short kind_ = 1;
   ObjectHeader header_;

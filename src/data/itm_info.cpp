@@ -133,6 +133,12 @@ int ItmInfo::KeepItms(const XI1Vector& keep) {
   return Changed(status::kOk);
 }
 
+void ItmInfo::KeepFirst(int count) {
+  if (GetNItm() <= count) return;
+  items_.KeepItms([&](short i) { return i <= count; });
+  Changed(status::kOk);
+}
+
 int ItmInfo::AddItm(ItmData* item) {
   return Changed(items_.AddItm(std::unique_ptr<ItmData>(item)));
 }

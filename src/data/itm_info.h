@@ -136,6 +136,8 @@ class ZEMVA_API ItmInfo {
   // Deletes the items whose byte in `keep` is not 1. 8021, with nothing changed, when `keep` has
   // not one byte an item.
   int KeepItms(const XI1Vector& keep);
+  // Deletes the items beyond position `count`; never fails.
+  void KeepFirst(int count);
 
   int GetStatus() const { return status_; }
   void ClearStatus() { status_ = 0; }

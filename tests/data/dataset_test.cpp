@@ -19,6 +19,7 @@ TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
   StreamWindow window;
   EXPECT_EQ(Dataset(nullptr, "a", window).GetStatus(), 8013);
   EXPECT_EQ(Dataset("n", nullptr, window).GetStatus(), 8013);
+  // Cut, it would be another file.
   EXPECT_EQ(Dataset("n", std::string(261, 'a').c_str(), window).GetStatus(), 8013);
   XFMatrix matrix("m", 2, 1, 0.0f);
   ObsInfo observations("ObsInfo");
@@ -27,16 +28,6 @@ TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
   Dataset dataset("n", "a", window, &matrix, &observations, &variables);
   EXPECT_EQ(dataset.GetStatus(), 8013);
   EXPECT_FALSE(dataset.IsLoaded());
-}
-
-TEST(Dataset, HeaderTextsAreCutAndAddressesAreNot) {
-  StreamWindow window;
-  Dataset dataset(std::string(300, 'n').c_str(), "addr", window);
-  dataset.SetDSTitle(std::string(300, 't').c_str());
-  EXPECT_EQ(dataset.GetDSNam(), std::string(24, 'n'));
-  EXPECT_EQ(dataset.GetDSTitle(), std::string(60, 't'));
-  EXPECT_EQ(dataset.SetDSAddr(std::string(261, 'a').c_str()), 8013);
-  EXPECT_STREQ(dataset.GetDSAddr(), "addr");
 }
 
 TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {

@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "data/ds_info.h"
 #include "data/obs_info.h"
 #include "data/var_info.h"
 #include "numeric/x_vector.h"
@@ -20,20 +19,9 @@ ObsInfo ThreeObservations() {
   return table;
 }
 
-TEST(ItmInfo, AnEmptyTableAnswersNone) {
-  ObsInfo table("Obs");
-  EXPECT_EQ(table.GetOIx(1), 0);
-  EXPECT_EQ(table.GetOIx("a"), 0);
-  EXPECT_EQ(table.GetINam(1), nullptr);
-  EXPECT_EQ(table.GetONum(1), 0);
-  EXPECT_FALSE(table.IsModified());
-  test::RecordingWindow window;
-  table.ShowAll(window);
-  EXPECT_EQ(window.log, "Obs has 0 items:\n  Item  ONum      ONam\n");
-}
-
 TEST(ItmInfo, TextsAreCutAtTheirFields) {
   VarInfo table(std::string(30, 't').c_str());
+  EXPECT_FALSE(table.IsModified());
   EXPECT_EQ(table.GetNam(), std::string(24, 't'));
   table.AddVar(1, std::string(60000, 'n').c_str());
   table.AddVar(2, nullptr);
@@ -117,17 +105,6 @@ TEST(ObsInfo, ExtractKeepsSelectedRowsAndLabels) {
   EXPECT_EQ(std::unique_ptr<ObsInfo>(table.ExtObsInfo(&one))->GetNItm(), 1);
 }
 
-TEST(ObsInfo, TimeSettersSetTheirArgumentAlone) {
-  ObsInfo table("Obs");
-  KOTime time(KOTime::kInterval, 2.5);
-  table.SetStaTim(time);
-  EXPECT_EQ(time.GetKind(), 1);
-  EXPECT_EQ(time.GetValue(), 2.5);
-  EXPECT_EQ(table.GetStaTim().GetValue(), 0.0);
-  table.SetSmpInt(time);
-  EXPECT_EQ(time.GetKind(), 0);
-}
-
 TEST(VarInfo, ListingShowsPositionsAndACopyIsItsOwn) {
   VarInfo table("Var");
   table.AddVar(7, "x");
@@ -152,16 +129,6 @@ TEST(VarInfo, ListingShowsPositionsAndACopyIsItsOwn) {
             "PrivateItmInfo, item 2 is:\n"
             "  Item  INum  INam\n"
             "     2     7y\n");
-}
-
-TEST(DSInfo, RowsHoldAddressAndDataset) {
-  DSInfo table("DS");
-  EXPECT_EQ(table.AddDS(3, "iris", "a/b.vdo", nullptr), 0);
-  EXPECT_STREQ(table.GetDSAddr(1), "a/b.vdo");
-  EXPECT_EQ(table.GetDSAddr(2), nullptr);
-  EXPECT_EQ(table.SetDSAddr(2, "x"), 7002);
-  const DSInfo copy(table);
-  EXPECT_STREQ(copy.GetDSAddr(copy.GetDSIx(3)), "a/b.vdo");
 }
 
 }  // namespace

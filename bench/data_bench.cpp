@@ -1,0 +1,109 @@
+// Merging and transposing as the data sets grow: the time per observation or variable at 30,000
+// against that at 3,000, both in one run.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/dataset.h"
+#include "errors/stream_window.h"
+
+namespace zemva {
+namespace {
+
+constexpr int kSmall = 3000;
+constexpr int kLarge = 30000;
+constexpr int kFew = 4;
+
+// Names and numbers from `first` on; the variables in random order if `shuffled`.
+std::unique_ptr<Dataset> MakeDataset(int rows, int first_row, int columns, int first_column,
+                                     bool shuffled) {
+  static StreamWindow window;
+  auto matrix = std::make_unique<XFMatrix>("Bench", rows, columns, 1.0f);
+  auto observations = std::make_unique<ObsInfo>("ObsInfo");
+  auto variables = std::make_unique<VarInfo>("VarInfo");
+  std::string name;
+  for (int i = first_row; i < first_row + rows; ++i) {
+    name = "Observation_";
+    observations->AddObs(static_cast<short>(i), (name += std::to_string(i)).c_str());
+  }
+  std::vector<int> order(static_cast<std::size_t>(columns));
+  std::iota(order.begin(), order.end(), first_column);
+  if (shuffled) std::shuffle(order.begin(), order.end(), std::mt19937(1));
+  for (const int j : order) {
+    name = "Variable_";
+    variables->AddVar(static_cast<short>(j), (name += std::to_string(j)).c_str());
+  }
+  return std::make_unique<Dataset>("Bench", "", window, matrix.release(), observations.release(),
+                                   variables.release());
+}
+
+// An operation and how it spends its time: seconds for n observations or variables.
+template <typename Operation>
+double Seconds(Dataset& dataset, Operation operation) {
+  const auto start = std::chrono::steady_clock::now();
+  const int status = operation(dataset);
+  const auto end = std::chrono::steady_clock::now();
+  return status == 0 ? std::chrono::duration<double>(end - start).count() : 1e9;
+}
+
+// n observations in two halves.
+double MergeObservations(int n) {
+  const auto dataset = MakeDataset(n / 2, 1, kFew, 1, false);
+  const auto other = MakeDataset(n / 2, n / 2 + 1, kFew, 1, true);
+  return Seconds(*dataset, [&](Dataset& d) { return d.MergeObs(other.get(), false); });
+}
+
+// n variables to be matched by name.
+double MergeMatchingVariables(int n) {
+  const auto dataset = MakeDataset(kFew, 1, n, 1, false);
+  const auto other = MakeDataset(kFew, kFew + 1, n, 1, true);
+  return Seconds(*dataset, [&](Dataset& d) { return d.MergeObs(other.get(), false); });
+}
+
+// n variables in two halves.
+double MergeVariables(int n) {
+  const auto dataset = MakeDataset(kFew, 1, n / 2, 1, false);
+  const auto other = MakeDataset(kFew, 1, n / 2, n / 2 + 1, false);
+  return Seconds(*dataset, [&](Dataset& d) { return d.MergeVar(other.get(), false); });
+}
+
+// Variables of n observations.
+double MergeLongVariables(int n) {
+  const auto dataset = MakeDataset(n, 1, kFew, 1, false);
+  const auto other = MakeDataset(n, 1, kFew, kFew + 1, false);
+  return Seconds(*dataset, [&](Dataset& d) { return d.MergeVar(other.get(), false); });
+}
+
+double Transpose(int n) {
+  const auto dataset = MakeDataset(n, 1, kFew, 1, false);
+  return Seconds(*dataset, [&](Dataset& d) { return d.Transpose(false); });
+}
+
+void Growth(benchmark::State& state, double (*seconds)(int)) {
+  constexpr int kRepeats = kLarge / kSmall;
+  double small = 0;
+  double large = 0;
+  for (auto _ : state) {
+    for (int i = 0; i < kRepeats; ++i) small += seconds(kSmall);
+    large += seconds(kLarge);
+  }
+  const double items = static_cast<double>(state.iterations()) * kLarge * 1e-9;
+  state.counters["ns_per_item_3000"] = small / items;
+  state.counters["ns_per_item_30000"] = large / items;
+  state.counters["ratio"] = large / small;
+}
+BENCHMARK_CAPTURE(Growth, merge_observations, MergeObservations)->Iterations(20);
+BENCHMARK_CAPTURE(Growth, merge_matching_variables, MergeMatchingVariables)->Iterations(20);
+BENCHMARK_CAPTURE(Growth, merge_variables, MergeVariables)->Iterations(20);
+BENCHMARK_CAPTURE(Growth, merge_long_variables, MergeLongVariables)->Iterations(20);
+BENCHMARK_CAPTURE(Growth, transpose, Transpose)->Iterations(20);
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/blk_info.h"
+#include "data/cla_info.h"
+#include "support/recording_window.h"
+
+namespace zemva {
+namespace {
+
+ClaInfo MakeClasses(const std::vector<int>& classes) {
+  ClaInfo table("Classes", static_cast<short>(classes.size()));
+  short i = 0;
+  for (const int c : classes) table.SetOClass(++i, static_cast<char>(c));
+  return table;
+}
+
+// A block table whose rows count what `blocks` says of the variables.
+BlkInfo MakeBlocks(const std::vector<int>& blocks, const std::vector<int>& rows) {
+  BlkInfo table("Blocks", static_cast<short>(blocks.size()));
+  short v = 0;
+  for (const int b : blocks) table.SetBStat(++v, static_cast<char>(b));
+  for (const int b : rows) {
+    const auto nvar = static_cast<short>(std::count(blocks.begin(), blocks.end(), b));
+    table.AddItm(static_cast<char>(b), "blk", BlkInfo::kSquareRoot, nvar, 0.5f);
+  }
+  return table;
+}
+
+std::vector<int> BlocksOf(const BlkInfo& table) {
+  std::vector<int> blocks;
+  for (short v = 1; v <= table.GetNVar(); ++v) blocks.push_back(table.GetBStat(v));
+  return blocks;
+}
+
+using Blocks = std::vector<int>;
+
+TEST(ClaInfo, RowsFollowTheAssignments) {
+  ClaInfo table = MakeClasses({3, 3, 1, 3});
+  EXPECT_EQ(table.GetNOClass(), 2);
+  EXPECT_EQ(table.GetOClassNum(1), 3);
+  EXPECT_EQ(table.GetNObsOClass(1), 3);
+  EXPECT_EQ(table.GetOClassNum(2), 1);
+  table.SetOClass(3, 0);
+  EXPECT_EQ(table.GetNOClass(), 1);
+  EXPECT_EQ(table.GetNObsOClass(2), 0);
+  EXPECT_EQ(table.SetOClass(5, 1), 8021);
+  EXPECT_EQ(table.SetOClass(0, 1), 8021);
+  EXPECT_EQ(table.SetOClass(1, 100), 8021);
+  test::RecordingWindow window;
+  table.ShowAll(window);
+  EXPECT_EQ(window.log.find("Classes has 1 items:\nOClass is: NValA= 4\n"), 0u);
+  EXPECT_TRUE(
+      window.log.ends_with("\n  Item  CNum     CNam  NObs\n     1     3   Class3       3\n"));
+}
+
+TEST(ClaInfo, NumbersForANewClass) {
+  std::vector<int> all(99);
+  for (int c = 1; c <= 99; ++c) all[static_cast<std::size_t>(c - 1)] = c;
+  EXPECT_EQ(MakeClasses({}).GetNextOClassNum(), 1);
+  EXPECT_EQ(MakeClasses({0, 4, 2}).GetNextOClassNum(), 5);
+  EXPECT_EQ(MakeClasses({99}).GetNextOClassNum(), 1);
+  EXPECT_EQ(MakeClasses({1, 99, 3}).GetNextOClassNum(), 2);
+  EXPECT_EQ(MakeClasses(all).GetNextOClassNum(), 0);
+}
+
+TEST(ClaInfo, ExtractKeepsTheSelectedOrNothing) {
+  ClaInfo table = MakeClasses({3, 0, 1, 3});
+  XI1Vector selection("sel", 4, char{0});
+  selection[2] = 1;
+  EXPECT_EQ(table.ExtClaInfo(&selection), nullptr);
+  EXPECT_EQ(table.GetStatus(), 0);
+  selection[4] = 1;
+  const std::unique_ptr<ClaInfo> extract(table.ExtClaInfo(&selection));
+  ASSERT_NE(extract, nullptr);
+  EXPECT_STREQ(extract->GetNam(), "ClaInfo");
+  EXPECT_EQ(extract->GetOClass(2), 3);
+  EXPECT_EQ(extract->GetNOClass(), 1);
+  EXPECT_EQ(table.ExtClaInfo(nullptr), nullptr);
+}
+
+TEST(BlkInfo, NumbersForANewBlock) {
+  const struct {
+    Blocks rows;
+    int next;
+  } cases[] = {{{}, 1}, {{1, 5}, 6}, {{97}, 98}, {{98}, 1}, {{2, 1, 99}, 3}};
+  for (const auto& c : cases) EXPECT_EQ(MakeBlocks({}, c.rows).GetBNumNext(), c.next);
+}
+
+TEST(BlkInfo, VariablesComeInNoBlockAndLeaveNoBlockOfOne) {
+  BlkInfo table = MakeBlocks({1, 2, 1, 1}, {1, 2});
+  EXPECT_EQ(table.AddVar(0), 8014);
+  EXPECT_EQ(table.AddVar(4), 0);
+  EXPECT_EQ(table.AddVar(30), 0);
+  EXPECT_EQ(BlocksOf(table), (Blocks{1, 2, 1, 0, 1, 0}));
+  table.SetBStat(6, 2);
+  EXPECT_EQ(table.DelVar(0), 8014);
+  EXPECT_EQ(table.DelVar(7), 8014);
+  EXPECT_EQ(table.DelVar(4), 8014);
+  EXPECT_EQ(BlocksOf(table), (Blocks{1, 2, 1, 0, 1, 2}));
+  EXPECT_EQ(table.DelVar(1), 0);
+  EXPECT_EQ(BlocksOf(table), (Blocks{2, 1, 0, 1, 2}));
+  EXPECT_EQ(table.GetNVar(1), 2);
+  EXPECT_EQ(table.DelVar(5), 0);
+  EXPECT_EQ(BlocksOf(table), (Blocks{0, 1, 0, 1}));
+  EXPECT_EQ(table.GetNItm(), 1);
+  EXPECT_EQ(table.GetBNum(1), 1);
+}
+
+TEST(BlkInfo, ExtractKeepsBlocksOfTwoOrMore) {
+  BlkInfo table = MakeBlocks({1, 2, 1, 2, 1}, {1, 2});
+  XI1Vector selection("sel", 5, 'X');
+  selection[4] = 'Y';
+  const std::unique_ptr<BlkInfo> extract(table.ExtBlkInfo(&selection, 'X'));
+  ASSERT_NE(extract, nullptr);
+  EXPECT_STREQ(extract->GetNam(), "BlkInfoX");
+  EXPECT_EQ(BlocksOf(*extract), (Blocks{1, 0, 1, 1}));
+  EXPECT_EQ(extract->GetNItm(), 1);
+  EXPECT_EQ(extract->GetNVar(1), 3);
+}
+
+TEST(BlkInfo, RowsAreReadUpdatedAndListed) {
+  BlkInfo table = MakeBlocks({1, 1, 1, 1}, {1});
+  char number;
+  const char* name;
+  BlkInfo::EBlkType type;
+  short nvar;
+  float weight, scale;
+  EXPECT_EQ(table.GetItm(2, number, name, type, nvar, weight, scale), 7002);
+  EXPECT_EQ(table.UpdateItm(2, 1, "x", BlkInfo::kSquareRoot, 1, 1.0f), 7002);
+  ASSERT_EQ(table.GetItm(1, number, name, type, nvar, weight, scale), 0);
+  EXPECT_EQ(scale, 0.5f);
+  EXPECT_EQ(table.UpdateItm(1, 7, "new", BlkInfo::kUndefined, 4, 0.25f), 0);
+  ASSERT_EQ(table.GetItm(1, number, name, type, nvar, weight, scale), 0);
+  EXPECT_EQ(number, 7);
+  EXPECT_EQ(scale, -99.0f);
+  EXPECT_EQ(BlkInfo::GetBlkType("1/4root"), BlkInfo::kFourthRoot);
+  EXPECT_STREQ(BlkInfo::GetString(BlkInfo::kUndefined), "");
+  const std::string row = "     1     7      new    Undef       4      0.25\n";
+  test::RecordingWindow window;
+  table.ShowItm(1, window);
+  EXPECT_EQ(window.log,
+            "Blocks, item 1 is:\n  Item  BNum BNam        BType       NVar  BWeig\n" + row);
+  table.ShowAll(window);
+  EXPECT_TRUE(window.log.ends_with("  Item  BNum     BNam  BType   NVar    BWeig\n" + row));
+  window.log.clear();
+  table.ShowItm(2, window);
+  EXPECT_EQ(window.log, "Index error.\n");
+  table.DelAll();
+  EXPECT_EQ(BlocksOf(table), (Blocks{0, 0, 0, 0}));
+}
+
+}  // namespace
+}  // namespace zemva
