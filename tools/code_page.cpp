@@ -1,6 +1,11 @@
 #include "code_page.h"
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
+#include <iterator>
+#include <optional>
 
 namespace zemva::tools {
 namespace {
@@ -26,6 +31,40 @@ void AppendUtf8(std::string& out, unsigned character) {
   }
 }
 
+unsigned ByteAt(std::string_view text, std::size_t i) {
+  return static_cast<unsigned char>(text[i]);
+}
+
+// Takes the first character off a text that is not empty; none when it is not UTF-8.
+std::optional<char32_t> TakeCharacter(std::string_view& text) {
+  constexpr std::array<char32_t, 5> kSmallestOfLength = {0, 0, 0x80, 0x800, 0x10000};
+  const unsigned lead = ByteAt(text, 0);
+  const auto ones = static_cast<std::size_t>(std::countl_one(static_cast<std::uint8_t>(lead)));
+  const std::size_t length = std::max<std::size_t>(ones, 1);
+  if (ones == 1 || ones > 4 || length > text.size()) return std::nullopt;
+  char32_t character = lead & (0xFFU >> (ones == 0 ? 0 : ones + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    const unsigned byte = ByteAt(text, i);
+    if ((byte & 0xC0) != 0x80) return std::nullopt;
+    character = character << 6 | (byte & 0x3F);
+  }
+  const bool is_surrogate = 0xD800 <= character && character <= 0xDFFF;
+  if (character < kSmallestOfLength[length] || is_surrogate || character > 0x10FFFF) {
+    return std::nullopt;
+  }
+  text.remove_prefix(length);
+  return character;
+}
+
+std::optional<char> ByteOf(char32_t character) {
+  if (character < 0x80 || (0xA0 <= character && character <= 0xFF)) {
+    return static_cast<char>(character);
+  }
+  const auto* found = std::find(kHighControls.begin(), kHighControls.end(), character);
+  if (found == kHighControls.end()) return std::nullopt;
+  return static_cast<char>(0x80 + std::distance(kHighControls.begin(), found));
+}
+
 }  // namespace
 
 std::string Utf8FromCodePage(std::string_view text) {
@@ -34,6 +73,24 @@ std::string Utf8FromCodePage(std::string_view text) {
   for (const char c : text) {
     const unsigned byte = static_cast<unsigned char>(c);
     AppendUtf8(out, 0x80 <= byte && byte < 0xA0 ? kHighControls[byte - 0x80] : byte);
+  }
+  return out;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    if (!TakeCharacter(text)) return false;
+  }
+  return true;
+}
+
+std::string CodePageFromUtf8(std::string_view text, std::size_t& lost) {
+  std::string out;
+  lost = 0;
+  while (!text.empty()) {
+    const std::optional<char> byte = ByteOf(TakeCharacter(text).value());
+    if (!byte) ++lost;
+    out += byte.value_or('?');
   }
   return out;
 }

@@ -2,6 +2,7 @@
 #ifndef ZEMVA_TOOLS_CODE_PAGE_H
 #define ZEMVA_TOOLS_CODE_PAGE_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,13 @@ namespace zemva::tools {
 // Every byte has a character: the five that the code page leaves open stand for the control
 // characters of the same number.
 std::string Utf8FromCodePage(std::string_view text);
+
+// Whether the bytes are UTF-8 throughout: no overlong forms, surrogates or numbers beyond Unicode.
+bool IsUtf8(std::string_view text);
+
+// The other way, for a text that IsUtf8. A '?' stands for each character that the code page has
+// not; `lost` is how many there are.
+std::string CodePageFromUtf8(std::string_view text, std::size_t& lost);
 
 }  // namespace zemva::tools
 

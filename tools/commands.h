@@ -17,6 +17,7 @@ inline constexpr int kWrongUsage = 2;
 
 using Arguments = std::span<const std::string_view>;
 
+int ConvertCommand(Arguments arguments);
 int ImportCommand(Arguments arguments);
 int InfoCommand(Arguments arguments);
 
@@ -24,6 +25,9 @@ int InfoCommand(Arguments arguments);
 int Fail(std::string_view what, std::string_view why);
 // The same for a status code, with its text and number.
 int Fail(std::string_view what, int status);
+
+// Says the same of what was changed on the way.
+void Tell(std::string_view what, std::string_view change);
 
 // Says how the program is to be used, and returns kWrongUsage.
 int WrongUsage(std::string_view why);
