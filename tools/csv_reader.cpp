@@ -191,10 +191,10 @@ void TableReader::ReadRow(const CsvCell& first, int row) {
     TakeCell(cell.place, cell.text, row);
   }
   if (cell.place.column == outline_.column_count) return;
-  const std::string count =
-      std::to_string(cell.place.column) + " cells, not " + std::to_string(outline_.column_count);
   const bool is_short = cell.place.column < outline_.column_count;
-  repairs_.RefuseOrTell(cell.place, "the row has " + count,
+  const std::string counts =
+      std::to_string(cell.place.column) + ", not " + std::to_string(outline_.column_count);
+  repairs_.RefuseOrTell(cell.place, "the number of cells in the row is " + counts,
                         is_short ? "the others are missing" : "those beyond left out");
   while (cell.place.column < outline_.column_count) {
     ++cell.place.column;

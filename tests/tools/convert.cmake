@@ -1,0 +1,56 @@
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+# converted(CSV): by way of a new file, the table comes back as it was.
+function(converted csv)
+  run(0 convert ${csv} ${WORK}/back.vdo)
+  expect("${out}${err}" "^$")
+  run(0 import ${WORK}/back.vdo -o ${WORK}/back.csv)
+  expect_same_files(${WORK}/back.csv ${csv})
+  file(REMOVE ${WORK}/back.vdo)
+endfunction()
+
+file(GLOB samples ${SAMPLES}/*.csv)
+foreach(sample IN LISTS samples)
+  converted(${sample})
+endforeach()
+file(WRITE ${WORK}/odd.csv ",,\"a, \"\"b\"\"\",ä€ß\n-32768,,-3.4028235e+38,1e-45\n7,\"x\ny\",,-0\n")
+converted(${WORK}/odd.csv)
+
+# Name and title: of the table, of the options, and of the data set that is replaced.
+run(0 convert ${SAMPLES}/iris.csv ${WORK}/a.vdo)
+run(0 info ${WORK}/a.vdo)
+expect("${out}" "Data set      iris\nNumber        1\nTitle         UnTitled\nObservations  150\n")
+run(0 convert ${SAMPLES}/mtcars.csv ${WORK}/a.vdo --name "Größe" --title "Two words")
+run(0 convert ${SAMPLES}/USArrests.csv ${WORK}/a.vdo)
+run(0 info ${WORK}/a.vdo)
+expect("${out}" "Data set      Größe\nNumber        1\nTitle         Two words\nObservations  50\n")
+
+# What cannot be done is said in one line, and leaves all files as they were.
+file(COPY ${WORK}/a.vdo DESTINATION ${WORK}/kept)
+file(WRITE ${WORK}/bad.csv ",,a\n1,x,2\n1,y,z\n")
+string(REPEAT "x" 61 long)
+run(1 convert ${WORK}/bad.csv ${WORK}/a.vdo)
+expect("${err}" "^zemva: [^\n]*bad.csv: line 3, column 1: the number 1 is that of another [a-z]*\r?\n$")
+run(1 convert ${WORK}/none.csv ${WORK}/a.vdo)
+run(1 convert ${WORK} ${WORK}/a.vdo)
+run(1 convert ${SAMPLES}/iris.csv ${WORK}/a.vdo --title ${long})
+expect("${err}" "^zemva: --title: more than 60 characters[^\n]*\n$")
+run(1 convert ${SAMPLES}/iris.csv ${WORK}/a.vdo --name "α")
+run(1 convert ${SAMPLES}/iris.csv ${WORK}/no/such.vdo)
+run(1 convert ${SAMPLES}/iris.csv ${WORK})
+run(1 convert ${WORK}/bad.csv ${WORK}/bad.csv --repair)
+run(1 convert ${WORK}/bad.csv ${WORK}/new.vdo)
+expect_same_files(${WORK}/a.vdo ${WORK}/kept/a.vdo)
+file(GLOB left RELATIVE ${WORK} ${WORK}/*)
+expect("${left}" "^a.vdo;back.csv;bad.csv;kept;odd.csv$")
+
+# Repairs are told, a line each.
+run(0 convert ${WORK}/bad.csv ${WORK}/new.vdo --repair --title ${long})
+expect("${err}" "title[^\n]*: stored as 'x+'\r?\n[^\n]*'z' is not a number: missing\r?\n[^\n]*renumbered 2\r?\n$")
+run(0 import ${WORK}/new.vdo)
+expect("${out}" "^,,a\n1,x,2\n2,y,\n$")
+
+foreach(wrong "convert" "convert;a.csv" "convert;a;b;c" "convert;a;b;--name" "convert;a;b;-x")
+  run(2 ${wrong})
+  expect("${err}" "usage: zemva convert IN.csv OUT.vdo")
+endforeach()
