@@ -1,11 +1,13 @@
 // A table of comma-separated values becomes the data set of a project file.
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "base/native_path.h"
 #include "code_page.h"
@@ -85,9 +87,11 @@ bool SetField(const std::optional<std::string>& value, const char* option, std::
   bool fits = true;
   const std::string text = FieldText(*value, capacity, fits);
   if (!fits) {
-    const std::string reason =
-        "more than " + std::to_string(capacity) + " characters, or one not in code page 1252";
-    Tell(option, is_repairing ? reason + ": stored as '" + Utf8FromCodePage(text) + "'" : reason);
+    std::string message = "more than ";
+    message += std::to_string(capacity);
+    message += " characters, or one not in code page 1252";
+    if (is_repairing) message += ": stored as '" + Utf8FromCodePage(text) + "'";
+    Tell(option, message);
     if (!is_repairing) return false;
   }
   set(text.c_str());

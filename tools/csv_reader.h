@@ -18,9 +18,9 @@ struct CsvTable {
   std::unique_ptr<VarInfo> variables;
 };
 
-// Reads the characters of a file. Raises CsvError for what does not fit, as the user's guide to
-// `convert` lists it, and std::bad_alloc. It takes memory for the cells that the file holds, not
-// for those that its header row promises.
+// Reads the characters of a file, as docs/convert.md has it. Raises CsvError for what does not fit,
+// and std::bad_alloc. It takes memory for the cells that the file holds, not for those that its
+// header row promises.
 CsvTable ReadCsv(std::string_view bytes, const CsvRepairs& repairs);
 
 }  // namespace zemva::tools
