@@ -87,7 +87,7 @@ LabelColumns FindLabelColumns(const std::array<LabelColumn, 2>& columns) {
   if (first.IsHeadedAs(kNumberHeadings) || (!is_first_named && first.is_whole)) {
     return {1, second.IsHeadedAs(kNameHeadings) || second.IsText() ? 2 : 0};
   }
-  if (first.IsHeadedAs(kNameHeadings) || !is_first_named || first.IsText()) {
+  if (first.IsHeadedAs(kNameHeadings) || !is_first_named || (first.IsText() && second.exists)) {
     return {second.IsHeadedAs(kNumberHeadings) ? 2 : 0, 1};
   }
   return {};

@@ -128,7 +128,7 @@ TEST(CsvReader, RefusesWhatDoesNotFitWhereItStands) {
       {"a,b\n1,2,\n", "line 2, column 3: the number of cells in the row is 3, not 2"},
       {"a\n-99.0\n", "line 2, column 1: '-99.0' stands for a missing value in a data set"},
       {"a\n1\n1e39\n", "line 3, column 1: '1e39' is beyond the range of single precision"},
-      {"a\n1\nnan\n", "line 3, column 1: 'nan' is not a number"},
+      {"a\nnan\n", "line 2, column 1: 'nan' is not a number"},
       {"a\n1\n-inf\n", "line 3, column 1: '-inf' is not a number"},
       {"a\n1\n0x1\n", "line 3, column 1: '0x1' is not a number"},
       {"a\n1\n+-1\n", "line 3, column 1: '+-1' is not a number"},
