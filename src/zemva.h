@@ -20,7 +20,15 @@
 #include "errors/messages.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
+#include "numeric/d_matrix.h"
+#include "numeric/distributions.h"
+#include "numeric/moments.h"
+#include "numeric/uni_var.h"
+#include "numeric/vector_listing.h"
 #include "numeric/x_matrix.h"
 #include "numeric/x_vector.h"
+#include "settings/ini_file.h"
+#include "settings/mod_opt.h"
+#include "settings/prj_opt.h"
 
 #endif  // ZEMVA_ZEMVA_H

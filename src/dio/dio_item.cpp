@@ -62,6 +62,11 @@ int DioItem::GetObsInfo(std::unique_ptr<ObsInfo>& table) {
   return status::kOk;
 }
 
+int DioItem::ReadRecord(Record& record) {
+  const int status = file_.GetI2(record.number);
+  return status == status::kOk ? file_.GetZString(record.name, sizeof record.name) : status;
+}
+
 int DioItem::ReadObservations(ObsInfo& table) {
   char title[DioFile::kMaxText];
   if (const int status = file_.GetZString(title, sizeof title); status != status::kOk) {
@@ -78,13 +83,10 @@ int DioItem::ReadObservations(ObsInfo& table) {
   if (const int status = file_.GetI2(n); status != status::kOk) return status;
   if (n < 0 || n > file_.GetRemaining() / kSmallestRecord) return status::dio::kReadError;
   for (int i = 1; i <= n; ++i) {
-    short number;
-    char name[DioFile::kMaxText];
-    if (const int status = file_.GetI2(number); status != status::kOk) return status;
-    if (const int status = file_.GetZString(name, sizeof name); status != status::kOk) {
-      return status;
-    }
-    if (table.AddObs(number, name) != status::kOk) return status::dio::kTooManyObservations;
+    Record record;
+    if (const int status = ReadRecord(record); status != status::kOk) return status;
+    if (table.AddObs(record.number, record.name) != status::kOk)
+      return status::dio::kTooManyObservations;
   }
   return status::kOk;
 }
@@ -93,13 +95,10 @@ int DioItem::GetVariableInfo(int n, std::unique_ptr<VarInfo>& table) {
   if (n < 0 || n > file_.GetRemaining() / kSmallestRecord) return status::dio::kReadError;
   auto read = std::make_unique<VarInfo>("VarInfo");
   for (int i = 1; i <= n; ++i) {
-    short number;
-    char name[DioFile::kMaxText];
-    if (const int status = file_.GetI2(number); status != status::kOk) return status;
-    if (const int status = file_.GetZString(name, sizeof name); status != status::kOk) {
-      return status;
-    }
-    if (read->AddVar(number, name) != status::kOk) return status::dio::kTooManyVariables;
+    Record record;
+    if (const int status = ReadRecord(record); status != status::kOk) return status;
+    if (read->AddVar(record.number, record.name) != status::kOk)
+      return status::dio::kTooManyVariables;
   }
   table = std::move(read);
   return status::kOk;

@@ -35,6 +35,13 @@ class ZEMVA_API DioItem {
   static std::int64_t VariableInfoSize(const VarInfo& table);
 
  private:
+  // An observation or a variable.
+  struct Record {
+    short number;
+    char name[DioFile::kMaxText];
+  };
+
+  int ReadRecord(Record& record);
   int ReadObservations(ObsInfo& table);
   int WriteObservations(const ObsInfo& table);
   int WriteRecord(short number, const char* name);

@@ -1,0 +1,74 @@
+// The current project, and free values.
+#include "settings/ini_file.h"
+#include "settings/ini_layout.h"
+#include "settings/paths.h"
+#include "settings/text.h"
+
+namespace zemva {
+
+const char* IniFile::GetCurrentProjectAddress() {
+  return ReadInto(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
+}
+
+bool IniFile::SetCurrentProjectAddress(const char* addr) {
+  const ProfileChange change = {kCurrentProjectSection, kCurrentProjectKey, addr};
+  if (!Profile::OfThisSystem().Write(change, settings_file_.Get())) return false;
+  project_file_.SetPath(GetCurrentProjectAddress());
+  return true;
+}
+
+const char* IniFile::GetCurrentProjectName() {
+  return ReadInto(short_value_, kProductSection, kNameKey, project_file_.Get());
+}
+
+const char* IniFile::GetCurrentProjectTitle() {
+  return ReadInto(title_, kProductSection, kTitleKey, project_file_.Get());
+}
+
+bool IniFile::SetCurrentProjectName(const char* name) {
+  return Profile::OfThisSystem().Write({kProductSection, kNameKey, name}, project_file_.Get());
+}
+
+bool IniFile::SetCurrentProjectTitle(const char* title) {
+  return Profile::OfThisSystem().Write({kProductSection, kTitleKey, title}, project_file_.Get());
+}
+
+bool IniFile::MoveCurrentProject(const char* newAddr) {
+  const std::string new_address(ViewOf(newAddr));
+  const std::string old_address = GetCurrentProjectAddress();
+  // A project that could not be made anew must not be deleted.
+  const bool is_usable = !new_address.empty() && new_address.size() <= PathText::kCapacity;
+  if (old_address.empty() || !is_usable) return false;
+  project_file_.SetPath(old_address);
+  const std::string title = GetCurrentProjectTitle();
+  const std::string name = GetCurrentProjectName();
+  if (!DeleteProject(old_address.c_str())) return false;
+  const std::string made = MakeNewProject(new_address.c_str(), title.c_str(), name.c_str());
+  return !made.empty() && SetCurrentProjectAddress(new_address.c_str());
+}
+
+const char* IniFile::GetDefaultProjectDirectory() {
+  ReadInto(value_, kOptionsSection, kDefaultProjectDirKey, settings_file_.Get());
+  value_.SetPath(WithSeparator(value_.View()));
+  return value_.Get();
+}
+
+bool IniFile::SetDefaultProjectDirectory(const char* dir) {
+  return Profile::OfThisSystem().Write({kOptionsSection, kDefaultProjectDirKey, dir},
+                                       settings_file_.Get());
+}
+
+const char* IniFile::GetGlobalMiscOption(const char* key) {
+  return ReadInto(value_, kMiscellaneousSection, key, settings_file_.Get());
+}
+
+bool IniFile::SaveGlobalMiscOption(const char* key, const char* value) {
+  return key != nullptr &&
+         Profile::OfThisSystem().Write({kMiscellaneousSection, key, value}, settings_file_.Get());
+}
+
+bool IniFile::DeleteSection(const char* section) {
+  return Profile::OfThisSystem().Write({section, nullptr, nullptr}, project_file_.Get());
+}
+
+}  // namespace zemva

@@ -1,0 +1,132 @@
+// The data sets and models of a project.
+#include <limits>
+
+#include "settings/ini_file.h"
+#include "settings/ini_layout.h"
+#include "settings/paths.h"
+#include "settings/text.h"
+
+namespace zemva {
+
+std::string IniFile::InProjectDirectory(std::string_view path) const {
+  return std::string(DirectoryOf(project_file_.View())).append(FileNameOf(path));
+}
+
+bool IniFile::MakePath2CurrentProjectDirctory(char* path) {
+  const std::string moved = InProjectDirectory(path);
+  const bool fits = moved.size() <= PathText::kCapacity;
+  CopyText(path, PathText::kCapacity + 1, fits ? moved.c_str() : "");
+  return fits;
+}
+
+const char* IniFile::GetMainDatasetAddress() {
+  ReadInto(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
+  if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
+  return value_.Get();
+}
+
+bool IniFile::SetMainDatasetAddress(const char* addr) {
+  return Profile::OfThisSystem().Write({kPrimaryDatasetSection, kPrimaryDatasetKey, addr},
+                                       project_file_.Get());
+}
+
+bool IniFile::SetMainDatasetName(const char* name) {
+  return Profile::OfThisSystem().Write({kPrimaryDatasetSection, kPrimaryDatasetNameKey, name},
+                                       project_file_.Get());
+}
+
+int IniFile::GetNumberOfSecondaryDatasets() {
+  return Profile::OfThisSystem().ReadInteger(kSecondaryDatasets.section,
+                                             kSecondaryDatasets.count_key, 0, project_file_.Get());
+}
+
+bool IniFile::IncNumberOfSecondaryDatsets() {
+  const int count = GetNumberOfSecondaryDatasets();
+  return count != std::numeric_limits<int>::max() &&
+         WriteCount(kSecondaryDatasets, count + 1, project_file_.Get());
+}
+
+bool IniFile::DecNumberOfSecondaryDatasets() {
+  const int count = GetNumberOfSecondaryDatasets();
+  return count > 0 && WriteCount(kSecondaryDatasets, count - 1, project_file_.Get());
+}
+
+const char* IniFile::GetSecondaryDatasetFileName(int i) {
+  return ReadInto(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
+                  project_file_.Get());
+}
+
+const char* IniFile::GetSecondaryDatasetAddress(int i) {
+  GetSecondaryDatasetFileName(i);
+  if (value_.IsEmpty()) return nullptr;
+  MakePath2CurrentProjectDirctory(value_.Get());
+  return value_.Get();
+}
+
+bool IniFile::AddSecondaryDataset(const char*, const char* addr) {
+  const std::string address(ViewOf(addr));
+  const int count = GetNumberOfSecondaryDatasets();
+  const bool is_listed =
+      NumberedList(kSecondaryDatasets, count, project_file_.Get())
+          .Contains([&](const std::string& entry) { return IsSameIgnoringCase(entry, address); });
+  return is_listed || AppendEntry(kSecondaryDatasets, count, address, project_file_.Get());
+}
+
+bool IniFile::DeleteSecondaryDataset(const char* addr) {
+  const std::string address(ViewOf(addr));
+  const int count = GetNumberOfSecondaryDatasets();
+  NumberedList datasets(kSecondaryDatasets, count, project_file_.Get());
+  const int removed = datasets.RemoveIf(
+      [&](const std::string& entry) {
+        return InProjectDirectory(entry) == address ||
+               IsSameIgnoringCase(FileNameOf(entry), address);
+      },
+      1);
+  return removed == 0 || datasets.Save(count - 1);
+}
+
+int IniFile::GetNumberOfModels() {
+  return Profile::OfThisSystem().ReadInteger(kModels.section, kModels.count_key, -1,
+                                             project_file_.Get());
+}
+
+bool IniFile::SetNumberOfModels(const char* count) {
+  return Profile::OfThisSystem().Write({kModels.section, kModels.count_key, count},
+                                       project_file_.Get());
+}
+
+bool IniFile::SetNewModelAddress(const char* key, const char* addr) {
+  return key != nullptr &&
+         Profile::OfThisSystem().Write({kModels.section, key, addr}, project_file_.Get());
+}
+
+const char* IniFile::GetModelAddress(short i) {
+  return GetModelAddress(EntryKey(kModels, i).c_str());
+}
+
+const char* IniFile::GetModelAddress(const char* key) {
+  ReadInto(value_, kModels.section, key, project_file_.Get());
+  if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
+  return value_.Get();
+}
+
+bool IniFile::AddModel(const char* addr) {
+  const std::string address(ViewOf(addr));
+  const int count = GetNumberOfModels();
+  const bool is_listed =
+      NumberedList(kModels, count, project_file_.Get()).Contains([&](const std::string& entry) {
+        return InProjectDirectory(entry) == address;
+      });
+  return is_listed || AppendEntry(kModels, count, address, project_file_.Get());
+}
+
+bool IniFile::RemoveModel(const char* addr) {
+  const std::string address(ViewOf(addr));
+  const int count = GetNumberOfModels();
+  NumberedList models(kModels, count, project_file_.Get());
+  const int removed = models.RemoveIf(
+      [&](const std::string& entry) { return entry == address || FileNameOf(entry) == address; });
+  return removed == 0 || models.Save(count - removed);
+}
+
+}  // namespace zemva

@@ -1,0 +1,53 @@
+// What the settings files call things.
+#ifndef ZEMVA_SETTINGS_INI_LAYOUT_H
+#define ZEMVA_SETTINGS_INI_LAYOUT_H
+
+#include <cstddef>
+
+#include "base/fixed_text.h"
+#include "settings/numbered_list.h"
+#include "settings/profile.h"
+
+namespace zemva {
+
+inline constexpr char kSettingsFileName[] = "zemva.ini";
+
+// Written under "Vardo" and "Version" of every settings file. The version is that of the files'
+// layout, a decimal number: those before 3.0 hold keys that are used no more.
+inline constexpr char kProductIdentification[] = "VARDO-P";
+inline constexpr char kLayoutVersion[] = "3.0";
+inline constexpr double kFirstCleanVersion = 3.0;
+
+inline constexpr char kProductSection[] = "VardoP";
+inline constexpr char kIdentificationKey[] = "Vardo";
+inline constexpr char kVersionKey[] = "Version";
+inline constexpr char kNameKey[] = "Name";
+inline constexpr char kTitleKey[] = "Title";
+
+inline constexpr char kCurrentProjectSection[] = "Current project";
+inline constexpr char kCurrentProjectKey[] = "Project";
+
+inline constexpr char kOptionsSection[] = "Options";
+inline constexpr char kDefaultProjectDirKey[] = "DefaultProjectDir";
+
+inline constexpr char kMiscellaneousSection[] = "Miscelaneous";  // spelled so in the files
+
+inline constexpr char kPrimaryDatasetSection[] = "Primary Dataset";
+inline constexpr char kPrimaryDatasetKey[] = "pd";
+inline constexpr char kPrimaryDatasetNameKey[] = "name";
+
+inline constexpr ListLayout kKnownProjects = {"Known projects", "iNProjects", "p"};
+inline constexpr ListLayout kSecondaryDatasets = {"Secondary Datasets", "iNSD", "d"};
+inline constexpr ListLayout kModels = {"Models", "iNMOD", "m"};
+
+// Reads a value into a field, which is empty when the key is absent, and returns the field.
+template <std::size_t Capacity>
+const char* ReadInto(FixedText<Capacity>& field, const char* section, const char* key,
+                     const char* file) {
+  Profile::OfThisSystem().ReadString(section, key, "", {field.Get(), Capacity + 1}, file);
+  return field.Get();
+}
+
+}  // namespace zemva
+
+#endif  // ZEMVA_SETTINGS_INI_LAYOUT_H

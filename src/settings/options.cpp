@@ -1,0 +1,149 @@
+#include "settings/options.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <vector>
+
+#include "settings/ini_file.h"
+#include "settings/ini_layout.h"
+#include "settings/option_table.h"
+#include "settings/option_words.h"
+#include "settings/text.h"
+
+namespace zemva {
+namespace {
+
+const char* ValueIn(const std::vector<ProfileEntry>& entries, std::string_view key) {
+  const auto entry = std::ranges::find_if(entries, [key](const ProfileEntry& candidate) {
+    return IsSameIgnoringCase(candidate.key, key);
+  });
+  return entry != entries.end() ? entry->value.c_str() : "";
+}
+
+}  // namespace
+
+Options::Options(bool has_defaults_only) {
+  for (int number = 1; number <= kOptionCount; ++number) {
+    values_[static_cast<std::size_t>(number)].Set(
+        OptionRow(static_cast<EOptType>(number)).default_value);
+  }
+  if (!has_defaults_only) LoadLocal();
+}
+
+const char* Options::GetValue(EOptType type) const {
+  return IsOption(type) ? values_[static_cast<std::size_t>(type)].Get() : "";
+}
+
+float Options::GetFloatValue(EOptType type) const {
+  constexpr double kLargest = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(LeadingReal(GetValue(type)), -kLargest, kLargest));
+}
+
+bool Options::SetValue(EOptType type, const char* value) {
+  if (!IsLegalValue(type, value)) return false;
+  auto& cell = values_[static_cast<std::size_t>(type)];
+  if (ViewOf(value).size() > cell.kCapacity) return false;
+  cell.Set(value);
+  SetChangeFlag();
+  return true;
+}
+
+EOptType Options::GetOptType(const char* key) {
+  for (int number = 1; number <= kGlobalOptionCount; ++number) {
+    const auto type = static_cast<EOptType>(number);
+    if (ViewOf(key) == OptionRow(type).key) return type;
+  }
+  return EOptType::None;
+}
+
+bool Options::IsLegalValue(EOptType type, const char* value) {
+  return IsOption(type) && value != nullptr && OptionRow(type).rule.Allows(value);
+}
+
+std::string Options::GetLegalValues(EOptType type) {
+  return IsOption(type) ? OptionRow(type).rule.Describe() : std::string();
+}
+
+const char* Options::GetDefaultValue(EOptType type) {
+  return IsOption(type) ? OptionRow(type).default_value : "";
+}
+
+bool Options::IsGlobalOption(EOptType type) {
+  return IsOption(type) && static_cast<int>(type) <= kGlobalOptionCount;
+}
+bool Options::IsLocalOption(EOptType type) {
+  return IsGlobalOption(type);
+}
+
+bool Options::IsResetOnLoad(EOptType type) {
+  return IsGlobalOption(type) && OptionRow(type).IsResetOnLoad();
+}
+
+void Options::LoadGlobal() {
+  const std::string file = IniFile::GetSettingsFile();
+  const auto entries = Profile::OfThisSystem().ReadSection(kOptionsSection, file.c_str());
+  std::vector<ProfileChange> defaults;
+  for (int number = 1; number <= kGlobalOptionCount; ++number) {
+    const OptionCell& row = OptionRow(static_cast<EOptType>(number));
+    auto& cell = values_[static_cast<std::size_t>(number)];
+    cell.Set(ValueIn(entries, row.key));
+    if (!row.IsResetOnLoad() && !cell.IsEmpty() && row.rule.Allows(cell.View())) continue;
+    cell.Set(row.default_value);
+    defaults.push_back({kOptionsSection, row.key, row.default_value});
+  }
+  Profile::OfThisSystem().Write(defaults, file.c_str());
+}
+
+bool Options::SaveGlobal() {
+  std::vector<ProfileChange> values;
+  for (int number = 1; number <= kGlobalOptionCount; ++number) {
+    const auto type = static_cast<EOptType>(number);
+    values.push_back({kOptionsSection, OptionRow(type).key, GetValue(type)});
+  }
+  if (!Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str())) return false;
+  ResetChangeFlag();
+  return true;
+}
+
+bool Options::SaveGlobalValue(EOptType type) const {
+  if (!IsGlobalOption(type)) return false;
+  return Profile::OfThisSystem().Write({kOptionsSection, OptionRow(type).key, GetValue(type)},
+                                       IniFile::GetSettingsFile().c_str());
+}
+
+const char* Options::GetString(EOptType type) {
+  return IsOption(type) ? OptionRow(type).key : "";
+}
+const char* Options::GetString(EToggle value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EDModType value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EVariType value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EModDist value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EPltMark value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EPltTempl value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EXBLKType value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EResidType value) {
+  return WordOf(value);
+}
+const char* Options::GetString(ETimeType value) {
+  return WordOf(value);
+}
+const char* Options::GetString(EValidate value) {
+  return WordOf(value);
+}
+
+}  // namespace zemva

@@ -1,0 +1,301 @@
+#include "settings/ini_file.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/prj_opt.h"
+#include "settings/profile.h"
+#include "support/temp_folder.h"
+
+namespace zemva {
+namespace {
+
+// A settings directory of its own, with a settings file, and a project in another folder.
+class IniFileTest : public testing::Test {
+ protected:
+  IniFileTest() {
+    IniFile::SetIniPath(settings_.Path().string().c_str());
+    EXPECT_TRUE(IniFile::CreateVardoIniFile());
+  }
+  ~IniFileTest() override { IniFile::SetIniPath(nullptr); }
+
+  std::string Address(std::string_view name) const { return projects_.File(name); }
+
+  // An empty file, so that the project exists.
+  std::string MakeFile(std::string_view name) const {
+    test::WriteBytes(Address(name), "");
+    return Address(name);
+  }
+
+  static std::string Value(const std::string& file, const char* section, const char* key) {
+    std::string buffer(300, '\0');
+    buffer.resize(Profile::OfThisSystem().ReadString(section, key, "(none)", buffer, file.c_str()));
+    return buffer;
+  }
+  static std::string Setting(const char* section, const char* key) {
+    return Value(IniFile::GetSettingsFile(), section, key);
+  }
+  static void Set(const std::string& file, const char* section, const char* key,
+                  const char* value) {
+    EXPECT_TRUE(Profile::OfThisSystem().Write({section, key, value}, file.c_str()));
+  }
+
+  // A list as the file holds it: "count: entry entry", with "-" for a missing one.
+  static std::string List(const std::string& file, const char* section, const char* count_key,
+                          const char* prefix, int first, int last) {
+    std::string list = Value(file, section, count_key) + ":";
+    for (int i = first; i <= last; ++i) {
+      const std::string value = Value(file, section, (prefix + std::to_string(i)).c_str());
+      list += " " + (value == "(none)" ? "-" : value);
+    }
+    return list;
+  }
+  static std::string Known(int last) {
+    return List(IniFile::GetSettingsFile(), "Known projects", "iNProjects", "p", 1, last);
+  }
+  static std::string Datasets(const std::string& file, int last) {
+    return List(file, "Secondary Datasets", "iNSD", "d", 1, last);
+  }
+  static std::string Models(const std::string& file, int last) {
+    return List(file, "Models", "iNMOD", "m", 0, last);
+  }
+
+  test::TempFolder settings_;
+  test::TempFolder projects_;
+};
+
+TEST_F(IniFileTest, TheSettingsFileStandsInADirectoryThatExists) {
+  const std::string folder = settings_.Path().string();
+  const std::string file = IniFile::GetSettingsFile();
+  EXPECT_TRUE(file.starts_with(folder)) << file;
+  EXPECT_TRUE(std::filesystem::exists(file));
+  IniFile::SetIniPath((folder + "/").c_str());
+  EXPECT_EQ(IniFile::GetIniPath(), folder + "/");
+  const std::string windows = Profile::OfThisSystem().FindWindowsDirectory();
+  IniFile::SetIniPath((folder + "/none").c_str());
+  EXPECT_EQ(IniFile::GetIniPath(), windows);
+  EXPECT_TRUE(IniFile::GetSettingsFile().starts_with(windows));
+}
+
+TEST_F(IniFileTest, ANewSettingsFileHoldsNoProjectsAndTheDefaults) {
+  Set(IniFile::GetSettingsFile(), "Miscelaneous", "old", "1");
+  EXPECT_TRUE(IniFile::CreateVardoIniFile());
+  EXPECT_EQ(Setting("Miscelaneous", "old"), "(none)");
+  EXPECT_EQ(Setting("Current project", "Project"), "");
+  EXPECT_EQ(Known(1), "0: -");
+  EXPECT_EQ(Setting("Options", "CompLimLoa"), "3.0");
+}
+
+TEST_F(IniFileTest, ProjectsAreAddedOnceAndTheGapIsClosed) {
+  IniFile ini(nullptr);
+  for (const char* name : {"a", "b", "a", "c", "A"}) ini.AddNewProjectAddress(name);
+  EXPECT_EQ(Known(5), "4: a b c A -");
+  EXPECT_STREQ(ini.GetProjectAddress(3), "c");
+  EXPECT_TRUE(ini.CheckIfProjectIsKnown("A"));
+
+  EXPECT_TRUE(ini.DeleteProject("b"));
+  EXPECT_EQ(Known(4), "3: a c A -");
+  EXPECT_TRUE(ini.DeleteProjectFromIniFile("A"));  // the first one but for case
+  EXPECT_EQ(Known(3), "2: c A -");
+  EXPECT_TRUE(ini.DeleteProject("none"));  // lowers the count all the same
+  EXPECT_EQ(Known(2), "1: c A");
+  EXPECT_TRUE(ini.DeleteProject("c"));
+  EXPECT_EQ(Known(1), "0: -");
+}
+
+TEST_F(IniFileTest, DeletingAProjectDeletesItsFile) {
+  IniFile ini(nullptr);
+  const std::string listed = MakeFile("listed.ini");
+  ini.AddNewProjectAddress(listed.c_str());
+  EXPECT_TRUE(ini.DeleteProjectFromIniFile(listed.c_str()));
+  EXPECT_TRUE(std::filesystem::exists(listed));
+  ini.AddNewProjectAddress(listed.c_str());
+  EXPECT_TRUE(ini.DeleteProject(listed.c_str()));
+  EXPECT_FALSE(std::filesystem::exists(listed));
+  EXPECT_FALSE(ini.DeleteProject(projects_.Path().string().c_str())) << "that is a folder";
+}
+
+TEST_F(IniFileTest, OldAndBadProjectsAreRemoved) {
+  IniFile ini(nullptr);
+  const std::string first = MakeFile("1");
+  const std::string second = MakeFile("2");
+  const std::string third = MakeFile("3");
+  for (const auto& address : {first, Address("bad"), second, third}) {
+    ini.AddNewProjectAddress(address.c_str());
+  }
+  ini.SetCurrentProjectAddress(Address("bad").c_str());
+  EXPECT_TRUE(ini.ScanAndRemoveBadProjects());
+  EXPECT_EQ(Known(4), "3: " + first + " " + second + " " + third + " -");
+  EXPECT_STREQ(ini.GetCurrentProjectAddress(), "");
+  EXPECT_TRUE(ini.AdjustNumberOfKnownProjects(3));
+  EXPECT_TRUE(ini.AdjustNumberOfKnownProjects(1));
+  EXPECT_EQ(Known(2), "1: " + third + " -");
+}
+
+TEST_F(IniFileTest, ACountThatLiesIsBoundedByTheFile) {
+  for (const char* count : {"2147483647", "99999999999999999999", "1000000000"}) {
+    EXPECT_TRUE(IniFile::CreateVardoIniFile());
+    const std::string file = IniFile::GetSettingsFile();
+    Set(file, "Known projects", "iNProjects", count);
+    Set(file, "Known projects", "p1", "a");
+    Set(file, "Known projects", "p999999999", "b");
+    Set(file, "Known projects", "p01", "no entry");
+    IniFile ini(nullptr);
+    EXPECT_TRUE(ini.CheckIfProjectIsKnown("b"));
+    EXPECT_FALSE(ini.CheckIfProjectIsKnown("no entry"));
+    EXPECT_TRUE(ini.DeleteProjectFromIniFile("a"));
+    EXPECT_STREQ(ini.GetProjectAddress(1), "b");
+    EXPECT_TRUE(ini.AdjustNumberOfKnownProjects(5));
+    EXPECT_EQ(Known(2), "1: b -") << count;
+  }
+  for (const char* count : {"-5", "-99999999999999999999"}) {
+    Set(IniFile::GetSettingsFile(), "Known projects", "iNProjects", count);
+    IniFile ini(nullptr);
+    EXPECT_FALSE(ini.AddNewProjectAddress("c"));
+    EXPECT_EQ(Setting("Known projects", "iNProjects"), count);
+  }
+  Set(IniFile::GetSettingsFile(), "Known projects", "iNProjects", "many");
+  EXPECT_TRUE(IniFile(nullptr).AddNewProjectAddress("c"));
+  EXPECT_EQ(Known(1), "1: c");
+}
+
+TEST_F(IniFileTest, AProjectIsMadeAndMovedWithoutItsLists) {
+  const std::string old_address = Address("old.ini");
+  const std::string new_address = Address("new.ini");
+  IniFile ini(nullptr);
+  EXPECT_STREQ(ini.MakeNewProject(old_address.c_str(), "A title", "Name"), old_address.c_str());
+  EXPECT_TRUE(ini.SetCurrentProjectAddress(old_address.c_str()));
+  EXPECT_STREQ(ini.GetCurrentProjectTitle(), "A title");
+  EXPECT_EQ(Datasets(old_address, 1), "0: -");
+  EXPECT_EQ(Models(old_address, 1), "0: - -");
+  EXPECT_TRUE(ini.AddModel("m"));
+  EXPECT_TRUE(ini.SetCurrentProjectName("A name of more than 24 characters"));
+  EXPECT_STREQ(ini.GetCurrentProjectName(), "A name of more than 24 c");
+
+  for (const auto& no_file : {std::string(), std::string(300, 'n')}) {
+    EXPECT_FALSE(ini.MoveCurrentProject(no_file.c_str()));
+    EXPECT_TRUE(std::filesystem::exists(old_address));
+  }
+  EXPECT_TRUE(ini.MoveCurrentProject(new_address.c_str()));
+  EXPECT_FALSE(std::filesystem::exists(old_address));
+  EXPECT_EQ(ini.GetCurrentProjectAddress(), new_address);
+  EXPECT_STREQ(ini.GetCurrentProjectTitle(), "A title");
+  EXPECT_EQ(ini.GetNumberOfModels(), 0);
+  EXPECT_EQ(Known(2), "1: " + new_address + " -");
+
+  EXPECT_STREQ(ini.MakeNewProject(Address("none/p.ini").c_str(), "", ""), "");
+  EXPECT_EQ(Known(2), "1: " + new_address + " -");
+  EXPECT_TRUE(ini.SetCurrentProjectAddress(""));
+  EXPECT_FALSE(ini.MoveCurrentProject(old_address.c_str()));
+  EXPECT_EQ(Known(2), "1: " + new_address + " -");
+}
+
+TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"E:\\new\\p.ini", "C:\\old\\a.mdl", "E:\\new\\a.mdl"},
+      {"/home/u/p.ini", "C:\\old\\a.mdl", "/home/u/a.mdl"},
+      {"E:\\new\\p.ini", "/old/a.b.mdl", "E:\\new\\a.b.mdl"},
+      {"E:p.ini", "C:a.mdl", "E:a.mdl"},
+      {"p.ini", "sub/a", "a"},
+  };
+  for (const auto& [project, stored, moved] : cases) {
+    PathText path;
+    path.SetPath(stored);
+    EXPECT_TRUE(IniFile(project).MakePath2CurrentProjectDirctory(path.Get()));
+    EXPECT_STREQ(path.Get(), moved);
+  }
+  PathText path;
+  path.SetPath(std::string(200, 'n'));
+  const std::string deep_project = std::string("/").append(200, 'd').append("/p.ini");
+  EXPECT_FALSE(IniFile(deep_project.c_str()).MakePath2CurrentProjectDirctory(path.Get()));
+  EXPECT_TRUE(path.IsEmpty());
+
+  const std::pair<const char*, const char*> directories[] = {
+      {"D:\\proj", "D:\\proj\\"},
+      {"D:\\", "D:\\"},
+      {"D:/proj", "D:/proj\\"},
+      {"\\\\host\\x", "\\\\host\\x\\"},
+      {"/proj", "/proj/"},
+      {"/proj/", "/proj/"},
+      {"", ""},
+  };
+  for (const auto& [directory, shown] : directories) {
+    IniFile ini(nullptr);
+    EXPECT_TRUE(ini.SetDefaultProjectDirectory(directory));
+    EXPECT_STREQ(ini.GetDefaultProjectDirectory(), shown);
+  }
+}
+
+TEST_F(IniFileTest, AnAddressThatDoesNotFitNamesNoFile) {
+  const std::string folder = Address(std::string(255, 'd')) + "/" + std::string(50, 'n');
+  IniFile ini((folder + ".ini").c_str());
+  EXPECT_FALSE(ini.SetCurrentProjectTitle("x"));
+  EXPECT_TRUE(ini.SaveGlobalMiscOption("long", std::string(1000, 'x').c_str()));
+  EXPECT_EQ(ini.GetGlobalMiscOption("long"), std::string(259, 'x'));
+}
+
+TEST_F(IniFileTest, DatasetsAreListedByRawAddressAndDeletedByFullOneOrName) {
+  const std::string project = Address("p.ini");
+  IniFile ini(project.c_str());
+  EXPECT_EQ(ini.GetNumberOfSecondaryDatasets(), 0);
+  EXPECT_TRUE(ini.SetMainDatasetAddress("C:\\old\\main.vdo"));
+  EXPECT_EQ(ini.GetMainDatasetAddress(), Address("main.vdo"));
+
+  for (const char* address : {"x\\a.vdo", "X\\A.vdo", "b.vdo", "y\\a.vdo", "c.vdo"}) {
+    EXPECT_TRUE(ini.AddSecondaryDataset("name", address));
+  }
+  EXPECT_EQ(Datasets(project, 5), "4: x\\a.vdo b.vdo y\\a.vdo c.vdo -");
+  EXPECT_EQ(ini.GetSecondaryDatasetAddress(1), Address("a.vdo"));
+  EXPECT_EQ(ini.GetSecondaryDatasetAddress(5), nullptr);
+  EXPECT_TRUE(ini.DeleteSecondaryDataset("A.VDO"));
+  EXPECT_EQ(Datasets(project, 4), "3: b.vdo y\\a.vdo c.vdo -");
+  EXPECT_TRUE(ini.DeleteSecondaryDataset(Address("b.vdo").c_str()));
+  EXPECT_TRUE(ini.DeleteSecondaryDataset("none"));
+  EXPECT_EQ(Datasets(project, 3), "2: y\\a.vdo c.vdo -");
+  Set(project, "Secondary Datasets", "iNSD", "2147483647");
+  EXPECT_FALSE(ini.AddSecondaryDataset("name", "d.vdo"));
+}
+
+TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
+  const std::string project = Address("p.ini");
+  IniFile ini(project.c_str());
+  EXPECT_EQ(ini.GetNumberOfModels(), -1);
+  EXPECT_TRUE(ini.AddModel("z.mdl"));
+  EXPECT_EQ(Models(project, 1), "0: z.mdl -");
+  for (const char* address : {"x\\a.mdl", "b.mdl", "y\\a.mdl", "c.mdl"}) ini.AddModel(address);
+  EXPECT_TRUE(ini.AddModel(Address("b.mdl").c_str()));
+  EXPECT_EQ(Models(project, 5), "4: z.mdl x\\a.mdl b.mdl y\\a.mdl c.mdl -");
+  EXPECT_EQ(ini.GetModelAddress(short{3}), Address("a.mdl"));
+  EXPECT_EQ(ini.GetModelAddress("m4"), Address("c.mdl"));
+  EXPECT_STREQ(ini.GetModelAddress(short{5}), "");
+  EXPECT_TRUE(ini.RemoveModel("a.mdl"));
+  EXPECT_EQ(Models(project, 3), "2: z.mdl b.mdl c.mdl -");
+  EXPECT_TRUE(ini.RemoveModel("B.mdl"));
+  EXPECT_TRUE(ini.RemoveModel("b.mdl"));
+  EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
+  EXPECT_TRUE(ini.DeleteSection("Models"));
+  EXPECT_EQ(ini.GetNumberOfModels(), -1);
+}
+
+TEST_F(IniFileTest, OldFilesAreCleaned) {
+  const std::string file = IniFile::GetSettingsFile();
+  const std::string project = MakeFile("p.ini");
+  for (const char* version : {"2.9", "3.0"}) {
+    IniFile ini(project.c_str());
+    ini.SetProjectFileVersion(version);
+    Set(file, "VardoP", "Samples", "1");
+    Set(file, "Options", "NitMax", "1");
+    Set(file, "Options", "CrossValidation", "On");
+    Set(file, "Userinfo", "Name", "1");
+    Set(file, "Current project", "Project", "other.ini");
+    EXPECT_TRUE(ini.UpdateOldIniFile());
+    const std::string kept = version == std::string("3.0") ? "1" : "(none)";
+    EXPECT_EQ(Setting("VardoP", "Samples"), kept);
+    EXPECT_EQ(Setting("Options", "NitMax"), kept);
+    EXPECT_EQ(Setting("Userinfo", "Name"), kept);
+    EXPECT_EQ(Setting("Options", "CrossValidation"), kept == "1" ? "On" : "CV");
+    EXPECT_STREQ(ini.GetProjectFileVersion(), "") << "the current project is another one now";
+  }
+}
+
+}  // namespace
+}  // namespace zemva
