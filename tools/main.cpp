@@ -53,9 +53,13 @@ int Run(Arguments arguments) {
 
 }  // namespace
 
-int Fail(std::string_view what, std::string_view why) {
+void Tell(std::string_view what, std::string_view change) {
   std::fprintf(stderr, "zemva: %.*s: %.*s\n", static_cast<int>(what.size()), what.data(),
-               static_cast<int>(why.size()), why.data());
+               static_cast<int>(change.size()), change.data());
+}
+
+int Fail(std::string_view what, std::string_view why) {
+  Tell(what, why);
   return kFailed;
 }
 
