@@ -18,6 +18,10 @@
 #include "errors/messages.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
+#include "model/preprocess/exp_info.h"
+#include "model/preprocess/lag_info.h"
+#include "model/preprocess/sca_info.h"
+#include "model/preprocess/tra_info.h"
 #include "numeric/x_matrix.h"
 #include "numeric/x_vector.h"
 
