@@ -247,6 +247,7 @@ TEST(PreprocessTables, RowsBelongToVariablesAndExtractsAreCopies) {
   TraInfo table("Tra");
   for (short v = 5; v <= 7; ++v) table.AddItm({v, "x", kLinear, 1, 2, 10.0f * v});
   for (short v = 7; v >= 5; --v) EXPECT_EQ(table.FindVar(v), v - 4);
+  EXPECT_EQ(table.FindVar(5), 1);
   XI1Vector selection("sel", 3, 1);
   selection[2] = 0;
   const std::unique_ptr<TraInfo> extract(table.ExtTraInfo(&selection));

@@ -91,10 +91,10 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   int Update(short var, const char* name, EScaType type, float weig, float weig_ac, float sca_c1,
              float sca_c2, float weig_m, EScaType previous_type);
   // Gives variable `var` the type, and the weights that the type makes of its column: that of the
-  // variable in `variables`, over the rows whose byte in `mask` is not 0. Weights that the present
-  // values do not define become missing: with fewer than two of them or a variance of 1e-30 and
-  // less there is no s, without any or with a mean square of 1e-30 and less no rms. The modifiers
-  // stay, WeigM and the previous type are emptied.
+  // variable in `variables`, over the rows that have a byte in `mask` other than 0. Weights that
+  // the present values do not define become missing: with fewer than two of them or a variance of
+  // 1e-30 and less there is no s, without any or with a mean square of 1e-30 and less no rms. The
+  // modifiers stay, WeigM and the previous type are emptied.
   //
   // 8015 for a variable without row or column, 8021 for kOrt and kRng, 8022 for a null argument.
   int Update(short var, const VarInfo* variables, const XFMatrix* matrix, const XI1Vector* mask,

@@ -41,7 +41,7 @@ class VariableTable : public ItmInfo {
     const auto matches = [&](const ItmData& row) { return row.GetINum() == vnum; };
     short found = FindItm(cursor_, GetNItm(), matches);
     if (found == 0) found = FindItm(1, std::min<int>(cursor_ - 1, GetNItm()), matches);
-    if (found != 0) cursor_ = found % GetNItm() + 1;
+    if (found != 0) cursor_ = found + 1;
     return found;
   }
 
