@@ -30,8 +30,10 @@ bool FlushToDisk(std::FILE* stream) {
   return _commit(_fileno(stream)) == 0;
 }
 bool IsWritable(const fs::path& path) {
-  constexpr int kForWriting = 2;
-  return _waccess(path.c_str(), kForWriting) == 0;
+  const int descriptor = _wopen(path.c_str(), _O_WRONLY | _O_BINARY);
+  if (descriptor < 0) return false;
+  _close(descriptor);
+  return true;
 }
 
 // A new file that nobody else had; null when there is one of that name. Who may read it is what
