@@ -59,13 +59,11 @@ struct LaneLoops {
   static constexpr Lanes kTable{{Dot<1>, Dot<2>, Dot<3>, Dot<4>}, {Add<1>, Add<2>, Add<3>, Add<4>}};
 
  private:
-  // AddLanes, whose first four additions are those of whole vectors.
   static double Total(const Vector* lanes) {
-    alignas(32) double half[kLaneCount / 2];
-    for (std::size_t v = 0; v < kVectors / 2; ++v) {
-      Simd::Store(half + v * Simd::kWidth, lanes[v] + lanes[v + kVectors / 2]);
-    }
-    return (half[0] + half[2]) + (half[1] + half[3]);
+    alignas(64) double values[kLaneCount];
+    for (std::size_t v = 0; v < kVectors; ++v) Simd::Store(values + v * Simd::kWidth, lanes[v]);
+    return ((values[0] + values[4]) + (values[2] + values[6])) +
+           ((values[1] + values[5]) + (values[3] + values[7]));
   }
 };
 

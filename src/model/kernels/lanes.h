@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace zemva {
 
@@ -46,13 +47,13 @@ struct Lanes {
   std::array<Add, kBlockRows> add;
 };
 
-// For every processor that the library runs on.
+// For every processor that the library runs on, and for those that have AVX2 and AVX-512 too.
 const Lanes& Sse2Lanes();
-// Only where HasAvx2().
 const Lanes& Avx2Lanes();
-// Whether the processor, and the system on it, has AVX2.
-bool HasAvx2();
-// The widest that may be used.
+const Lanes& Avx512Lanes();
+
+// Those that this processor, and the system on it, can run; the widest first.
+std::span<const Lanes* const> UsableLanes();
 const Lanes& BestLanes();
 
 }  // namespace zemva

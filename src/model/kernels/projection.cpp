@@ -19,6 +19,31 @@ double Square(double value) {
   return value * value;
 }
 
+// The holes of a row are few, and their columns differ: four at a time do not wait for each other.
+constexpr std::size_t kHolesAtOnce = 4;
+
+// The sum of the squares of values[k] over the columns k.
+double SquaresAt(std::span<const int> columns, const double* values) {
+  double sums[kHolesAtOnce] = {};
+  std::size_t c = 0;
+  for (; c + kHolesAtOnce <= columns.size(); c += kHolesAtOnce) {
+    for (std::size_t n = 0; n < kHolesAtOnce; ++n) sums[n] += Square(values[columns[c + n]]);
+  }
+  for (; c < columns.size(); ++c) sums[0] += Square(values[columns[c]]);
+  return (sums[0] + sums[1]) + (sums[2] + sums[3]);
+}
+
+// Adds `value` to sums[k] for the columns k, which differ.
+void AddAt(std::span<const int> columns, double value, double* sums) {
+  std::size_t c = 0;
+  for (; c + kHolesAtOnce <= columns.size(); c += kHolesAtOnce) {
+    double after[kHolesAtOnce];
+    for (std::size_t n = 0; n < kHolesAtOnce; ++n) after[n] = sums[columns[c + n]] + value;
+    for (std::size_t n = 0; n < kHolesAtOnce; ++n) sums[columns[c + n]] = after[n];
+  }
+  for (; c < columns.size(); ++c) sums[columns[c]] += value;
+}
+
 // The factor, cut to the limit and then noted in `clipped`.
 double CappedFactor(double factor, const Cap& cap, std::size_t index,
                     std::vector<std::pair<int, double>>& clipped) {
@@ -39,6 +64,7 @@ Projection::Projection(const ResidualMatrix& matrix, const LeftOut& left_out, co
     : matrix_(matrix),
       left_out_(left_out),
       lanes_(lanes),
+      has_gaps_(!matrix.IsComplete() || !left_out.IsNothing()),
       sums_(matrix.PaddedLength()),
       lost_(matrix.ColumnCount()),
       weights_(matrix.PaddedLength()) {}
@@ -110,9 +136,7 @@ void Projection::AddBlock(const Block& block, std::span<const float> scores) {
   for (std::size_t r = 0; r < block.count; ++r) {
     const double squares = Square(factors[r]);
     class_score_squares_ += squares;
-    for (const int hole : matrix_.Holes(block.index[r])) {
-      lost_[static_cast<std::size_t>(hole)] += squares;
-    }
+    AddAt(matrix_.Holes(block.index[r]), squares, lost_.data());
   }
 }
 
@@ -129,7 +153,7 @@ void Projection::CloseClass(std::size_t row_class) {
 int Projection::LoadingsFor(std::span<const float> scores, const Cap& cap,
                             std::span<double> loadings) {
   std::copy_n(sums_.Data(), loadings.size(), loadings.begin());
-  if (!HasGaps()) return status::kOk;
+  if (!has_gaps_) return status::kOk;
   int result = status::kOk;
   for (std::size_t k = 0; k < loadings.size() && result == status::kOk; ++k) {
     if (!matrix_.TakesPart(k)) continue;
@@ -218,7 +242,7 @@ void Projection::ProjectBlock(const Block& block, RowPass& pass) {
     float& score = pass.scores[block.index[r]];
     const float before = score;
     score = ScoreOf(block.index[r], sums[r], pass);
-    if (sums[r] == 0 && HasGaps()) continue;
+    if (sums[r] == 0 && has_gaps_) continue;
     const auto after = static_cast<double>(score);
     pass.sums.squares += Square(after);
     if (!IsMissing(before)) {
@@ -228,18 +252,13 @@ void Projection::ProjectBlock(const Block& block, RowPass& pass) {
 }
 
 float Projection::ScoreOf(std::size_t row, double sum, const RowPass& pass) {
-  double usable = pass.squares - (pass.left_out_squares + HoleSquares(row));
+  if (!has_gaps_) return AsPresent(static_cast<float>(sum / pass.squares));
+  double usable =
+      pass.squares - (pass.left_out_squares + SquaresAt(matrix_.Holes(row), weights_.Data()));
   if (usable <= kSubtractableShare * pass.squares) usable = UsableWeightSquares(row);
   if (sum == 0) return usable >= kLeastUsableShare * pass.squares ? 0.0f : kMissing;
   const double factor = CappedFactor(pass.squares / usable, pass.cap, row, clipped_);
   return AsPresent(static_cast<float>(factor * sum / pass.squares));
-}
-
-double Projection::HoleSquares(std::size_t row) const {
-  const std::span<const int> holes = matrix_.Holes(row);
-  return SumInLanes(holes.size(), [&](std::size_t h) {
-    return Square(weights_[static_cast<std::size_t>(holes[h])]);
-  });
 }
 
 double Projection::UsableWeightSquares(std::size_t row) const {

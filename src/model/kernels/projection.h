@@ -86,8 +86,6 @@ class Projection {
 
   struct RowPass;
 
-  bool HasGaps() const { return !matrix_.IsComplete() || !left_out_.IsNothing(); }
-
   template <typename Visit>
   void ForEachBlock(std::size_t row_class, Visit visit) const;
 
@@ -103,12 +101,12 @@ class Projection {
   void UnmaskWeights(std::size_t row_class, std::span<const float> weights);
   void ProjectBlock(const Block& block, RowPass& pass);
   float ScoreOf(std::size_t row, double sum, const RowPass& pass);
-  double HoleSquares(std::size_t row) const;
   double UsableWeightSquares(std::size_t row) const;
 
   const ResidualMatrix& matrix_;
   const LeftOut& left_out_;
   const Lanes& lanes_;
+  const bool has_gaps_;
 
   // Down the columns: of scores times elements, and of the squares of the scores whose element is
   // missing or left out; the squares of all scores, and of those of the class at hand.
