@@ -21,6 +21,10 @@ target_compile_options(zemva_compile_options INTERFACE
 if(ZEMVA_FUZZ)
   target_compile_options(zemva_compile_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # Warns of overlapping memory in every "literal" + std::string.
+  target_compile_options(zemva_compile_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86)$" OR CMAKE_SIZEOF_VOID_P EQUAL 4)
   target_compile_options(zemva_compile_options INTERFACE -msse2 -mfpmath=sse)
 endif()

@@ -17,9 +17,11 @@ inline constexpr int kWrongUsage = 2;
 
 using Arguments = std::span<const std::string_view>;
 
+int ConvertCommand(Arguments arguments);
 int ImportCommand(Arguments arguments);
 int InfoCommand(Arguments arguments);
 int OptionsCommand(Arguments arguments);
+int StatsCommand(Arguments arguments);
 
 // Says in one line on standard error what failed, and returns kFailed.
 int Fail(std::string_view what, std::string_view why);

@@ -24,6 +24,9 @@ struct Command {
 constexpr std::array kCommands = {
     Command{"import", ImportCommand, "import FILE.vdo [-o OUT.csv] [--plugin LIBRARY]"},
     Command{"info", InfoCommand, "info FILE.vdo"},
+    Command{"convert", ConvertCommand,
+            "convert IN.csv OUT.vdo [--name NAME] [--title TITLE] [--repair]"},
+    Command{"stats", StatsCommand, "stats FILE.vdo [--all]"},
     Command{"options", OptionsCommand, "options [set KEY VALUE] [--ini DIR]"},
 };
 

@@ -22,6 +22,16 @@ class ZEMVA_API DMatrix : public MatrixStorage<DMatrix, double> {
   DMatrix& operator=(const DMatrix&) = default;
   virtual ~DMatrix();
 
+  // As those of FMatrix, in double.
+  DMatrix& operator+(const DMatrix& right) const;
+  DMatrix& operator-(const DMatrix& right) const;
+  DMatrix& operator*(const DMatrix& right) const;
+  static DMatrix MStat;
+  static DMatrix MStat2;
+  int MInv();
+  double Det(bool is_kept);
+  int SVD(DMatrix*& u, DMatrix*& w, DMatrix*& v) const;
+
   // Lists the matrix, a row a line.
   virtual void Show(StreamWindow& window) const;
 

@@ -55,6 +55,11 @@ int FMatrix::ExpRows(int count, float value) {
   return AppendRows(count, value);
 }
 
+int FMatrix::DelRows(int first, int last) {
+  if (!HasRow(first) || !HasRow(last) || last < first) return Report(status::mat::kDimension);
+  return KeepRows([=](int i) { return i < first || i > last; });
+}
+
 void FMatrix::Show(StreamWindow& window, bool is_wrapped) const {
   Listing(window)
       .Text("Matrix has ")

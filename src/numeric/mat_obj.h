@@ -2,6 +2,10 @@
 #ifndef ZEMVA_NUMERIC_MAT_OBJ_H
 #define ZEMVA_NUMERIC_MAT_OBJ_H
 
+#include <memory>
+#include <new>
+#include <utility>
+
 #include "base/export.h"
 #include "errors/status.h"
 
@@ -23,14 +27,31 @@ class ZEMVA_API MatObj {
   ~MatObj() = default;
 
   // Stores the code of a failure and returns it; status::kOk is returned and not stored.
-  int Report(int status) {
+  int Report(int status) const {
     if (status != status::kOk) status_ = status;
     return status;
   }
 
+  // Hands a new object over to the caller. A null one has failed with `status`, or else for want of
+  // memory.
+  template <typename Object>
+  Object* HandOver(std::unique_ptr<Object> object, int status = status::kOk) const {
+    if (!object) Report(status == status::kOk ? status::mat::kMemory : status);
+    return object.release();
+  }
+
  private:
-  int status_ = status::kOk;
+  // A member that computes something from the object can fail without changing it.
+  mutable int status_ = status::kOk;
 };
+
+// A new vector or matrix; null when there is no memory for it or its construction failed.
+template <typename Object, typename... Arguments>
+std::unique_ptr<Object> MakeObject(Arguments&&... arguments) {
+  std::unique_ptr<Object> object(new (std::nothrow) Object(std::forward<Arguments>(arguments)...));
+  if (object && object->GetStatus() != status::kOk) object.reset();
+  return object;
+}
 
 }  // namespace zemva
 

@@ -34,8 +34,8 @@ class Named : public Base {
   // Copies name and contents of an object of the same size. 5004 when the sizes differ, 5007 for
   // null, 5001 when there is no memory for the name.
   int Copy(const Derived* other) {
-    const int result = Base::Copy(other);
-    return result == status::kOk ? SetName(other->GetName()) : result;
+    if (other == nullptr) return this->Report(status::mat::kNullPointer);
+    return RenameAfter(other->GetName(), [&] { return Base::Copy(other); });
   }
 
   Derived* GetPtr() { return static_cast<Derived*>(this); }
@@ -45,12 +45,7 @@ class Named : public Base {
 
   // Copies `name`, a null one as "". 5001, with the old name kept, when memory runs out.
   int SetName(const char* name) {
-    try {
-      name_ = name == nullptr ? "" : name;
-      return status::kOk;
-    } catch (const std::bad_alloc&) {
-      return this->Report(status::mat::kMemory);
-    }
+    return RenameAfter(name == nullptr ? "" : name, [] { return status::kOk; });
   }
 
  protected:
@@ -60,13 +55,25 @@ class Named : public Base {
   }
 
   int Assign(const Named& other) {
-    if (SetName(other.GetName()) != status::kOk) return status::mat::kMemory;
-    return Base::Assign(other);
+    return RenameAfter(other.GetName(), [&] { return Base::Assign(other); });
   }
 
  private:
   void InitName(const char* name) {
     if (SetName(name) != status::kOk) this->Release();
+  }
+
+  // Does `operation`, which returns a status, and takes the name if it succeeds: both or neither.
+  template <typename Operation>
+  int RenameAfter(const char* name, Operation operation) {
+    try {
+      std::string copy(name);
+      const int result = operation();
+      if (result == status::kOk) name_.swap(copy);
+      return result;
+    } catch (const std::bad_alloc&) {
+      return this->Report(status::mat::kMemory);
+    }
   }
 
   std::string name_;

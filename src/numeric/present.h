@@ -9,6 +9,12 @@
 
 namespace zemva {
 
+// A sum over present values and how many they are.
+struct PresentSum {
+  double sum;
+  int count;
+};
+
 // The number of values that are not missing; all of them where the type knows no missing value.
 template <typename T>
 int CountPresent(std::span<const T> values) {

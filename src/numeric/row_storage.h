@@ -131,6 +131,7 @@ class RowStorage : public MatObj {
     });
   }
 
+  // Exchanges sizes and contents.
   void Swap(RowStorage& other) noexcept {
     rows_.Swap(other.rows_);
     std::swap(width_, other.width_);

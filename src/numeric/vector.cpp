@@ -1,12 +1,27 @@
 #include "numeric/vector.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
+#include <utility>
 
 #include "errors/listing.h"
-#include "numeric/present.h"
 #include "numeric/vector_listing.h"
 
 namespace zemva {
+namespace {
+
+// Sorts by exchanges.
+template <typename T>
+void ExchangeSort(std::span<T> values) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t k = i + 1; k < values.size(); ++k) {
+      if (values[k] < values[i]) std::swap(values[i], values[k]);
+    }
+  }
+}
+
+}  // namespace
 
 I1Vector::~I1Vector() = default;
 
@@ -15,11 +30,27 @@ void I1Vector::Show(StreamWindow& window) const {
   ListValues(window, Values());
 }
 
+void I1Vector::SortAsc() {
+  ExchangeSort(Values());
+}
+
+int I1Vector::GetNEqual(char value) const {
+  return static_cast<int>(std::ranges::count(Values(), value));
+}
+
+int I1Vector::GetNNotEqual(char value) const {
+  return NVal() - GetNEqual(value);
+}
+
 I2Vector::~I2Vector() = default;
 
 void I2Vector::Show(StreamWindow& window) const {
   Listing(window).Text("I2Vector has ").Number(NVal()).Text(" int16 values:").EndLine();
   ListValues(window, Values());
+}
+
+void I2Vector::SortAsc() {
+  ExchangeSort(Values());
 }
 
 FVector::FVector(int length, float fill, bool is_filled) : VectorStorage(length) {
@@ -33,19 +64,11 @@ void FVector::Show(StreamWindow& window) const {
   ListValues(window, Values());
 }
 
-int FVector::NValA() const {
-  return CountPresent(Values());
-}
-
 DVector::~DVector() = default;
 
 void DVector::Show(StreamWindow& window) const {
   Listing(window).Text("DVector has ").Number(NVal()).Text(" double values: ").EndLine();
   ListValues(window, Values());
-}
-
-int DVector::NValA() const {
-  return CountPresent(Values());
 }
 
 }  // namespace zemva

@@ -49,8 +49,8 @@ class VectorStorage : public MatObj {
   // Copies the elements of a vector of the same length. 5004 when the lengths differ, 5007 for
   // null; the vector is then unchanged.
   int Copy(const Derived* other) {
-    if (other == nullptr) return Report(status::mat::kNullPointer);
-    if (other->NVal() != length_) return Report(status::mat::kDimension);
+    const int check = CheckOperand(other);
+    if (check != status::kOk) return Report(check);
     CopyBody(*other);
     return status::kOk;
   }
@@ -101,6 +101,12 @@ class VectorStorage : public MatObj {
   }
 
   ~VectorStorage() = default;
+
+  // What stands against taking `other` element by element: that it is null or of another length.
+  int CheckOperand(const Derived* other) const {
+    if (other == nullptr) return status::mat::kNullPointer;
+    return other->NVal() == length_ ? status::kOk : status::mat::kDimension;
+  }
 
   T* GetElements() { return elements_.get(); }
   const T* GetElements() const { return elements_.get(); }

@@ -5,7 +5,7 @@
 #include <span>
 #include <utility>
 
-#include "numeric/present.h"
+#include "numeric/row_kernels.h"
 #include "numeric/slots.h"
 
 namespace zemva {
@@ -76,35 +76,59 @@ int XFMatrix::Copy(const XFMatrix* other) {
 }
 
 int XFMatrix::DelCols(const XI1Vector* keep) {
-  const int result = FMatrix::DelCols(keep);
-  if (result == status::kOk) SetActValInfo();
-  return result;
+  return CountIf(FMatrix::DelCols(keep));
 }
 
 int XFMatrix::DelRows(const XI1Vector* keep) {
-  const int result = FMatrix::DelRows(keep);
-  if (result == status::kOk) SetActValInfo();
-  return result;
+  return CountIf(FMatrix::DelRows(keep));
+}
+
+int XFMatrix::DelRows(int first, int last) {
+  return CountIf(FMatrix::DelRows(first, last));
 }
 
 int XFMatrix::ExpCols(int count, float value) {
   auto column_counts = MakeCounts(NCol() + std::max(count, 0));
   if (!column_counts) return Report(status::mat::kMemory);
   const int result = FMatrix::ExpCols(count, value);
-  if (result != status::kOk) return result;
-  column_counts_ = std::move(column_counts);
-  SetActValInfo();
-  return result;
+  if (result == status::kOk) column_counts_ = std::move(column_counts);
+  return CountIf(result);
 }
 
 int XFMatrix::ExpRows(int count, float value) {
   auto row_counts = MakeCounts(NRow() + std::max(count, 0));
   if (!row_counts) return Report(status::mat::kMemory);
   const int result = FMatrix::ExpRows(count, value);
-  if (result != status::kOk) return result;
-  row_counts_ = std::move(row_counts);
-  SetActValInfo();
+  if (result == status::kOk) row_counts_ = std::move(row_counts);
+  return CountIf(result);
+}
+
+int XFMatrix::Transp() {
+  const int result = FMatrix::Transp();
+  if (result == status::kOk) row_counts_.swap(column_counts_);
   return result;
+}
+
+int XFMatrix::SwapRow(int i, int k) {
+  return CountIf(FMatrix::SwapRow(i, k));
+}
+
+int XFMatrix::SwapCol(int j, int k) {
+  return CountIf(FMatrix::SwapCol(j, k));
+}
+
+int XFMatrix::Read(const char* path) {
+  FMatrix read(0, 0, kMissing);
+  const int result = read.Read(path);
+  if (result != status::kOk) return Report(result);
+  auto row_counts = MakeCounts(read.NRow());
+  auto column_counts = MakeCounts(read.NCol());
+  if (!row_counts || !column_counts) return Report(status::mat::kMemory);
+  row_counts_ = std::move(row_counts);
+  column_counts_ = std::move(column_counts);
+  Swap(read);
+  SetActValInfo();
+  return status::kOk;
 }
 
 void XFMatrix::Show(StreamWindow& window, bool is_wrapped) const {
@@ -124,16 +148,18 @@ void XFMatrix::StartActValInfo() {
 }
 
 void XFMatrix::AddRowToActValInfo(int row) {
-  const std::span<const float> values = std::as_const(*this).Row(row);
-  const int missing_count = NCol() - CountPresent(values);
+  const float* const values = Row(row).data();
+  const int missing_count = GetRowKernels().count_missing(values, NCol());
   if (missing_count == 0) return;
   present_count_ -= missing_count;
   short& row_count = row_counts_[static_cast<std::size_t>(row)];
   row_count = static_cast<short>(row_count - missing_count);
-  short* const column_counts = column_counts_.get() + 1;
-  for (std::size_t j = 0; j < values.size(); ++j) {
-    column_counts[j] = static_cast<short>(column_counts[j] - (IsMissing(values[j]) ? 1 : 0));
-  }
+  GetRowKernels().count_off_missing(values, NCol(), column_counts_.get() + 1);
+}
+
+int XFMatrix::CountIf(int result) {
+  if (result == status::kOk) SetActValInfo();
+  return result;
 }
 
 int XFMatrix::CellCount() const {

@@ -7,6 +7,7 @@
 #include "base/export.h"
 #include "numeric/f_matrix.h"
 #include "numeric/named.h"
+#include "numeric/x_vector.h"
 
 namespace zemva {
 
@@ -36,6 +37,13 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   int ExpCols(int count, float value) override;
   int ExpRows(int count, float value) override;
 
+  // As in the base, with the counts kept in step.
+  int DelRows(int first, int last);
+  int Transp();
+  int SwapRow(int i, int k);
+  int SwapCol(int j, int k);
+  int Read(const char* path);
+
   void Show(StreamWindow& window, bool is_wrapped) const override;
 
   // Counts of present values as counted last: in all, in row i, in column j. The counts of rows and
@@ -55,11 +63,64 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   void StartActValInfo();
   void AddRowToActValInfo(int row);
 
+  // Statistics of the columns and rows over their present values, each a new vector of that name
+  // that is the caller's; null with status 5001 when memory runs out. Sums are in double.
+
+  // The means of the columns; kMissing where no value is present.
+  XFVector* Avg(const char* name) const;
+
+  // The sums of squares; 0 where no value is present.
+  XFVector* SSCol(const char* name) const;
+  XFVector* SSRow(const char* name) const;
+
+  // The variances as FVector::S2 defines them, where N is the count of present values as counted
+  // last: where that is 0 the variance about the mean is not a number.
+  XFVector* S2Col(const char* name, float centre, int df_loss, float df_factor) const;
+  XFVector* S2Row(const char* name, float centre, int df_loss, float df_factor) const;
+
+  // The smallest and the largest value of each column; kMissing where no value is present.
+  XFVector* MinCol(const char* name) const;
+  XFVector* MaxCol(const char* name) const;
+  using FMatrix::MaxCol;
+  using FMatrix::MinCol;
+
+  // Column j and row i; null with status 5004 when there is no such column or row.
+  XFVector* ExtCol(const char* name, int j) const;
+  XFVector* ExtRow(const char* name, int i) const;
+
+  // The weights that scale the columns to unit variance about `centre`:
+  // 1 / sqrt(sum of (x - centre)^2 / (n - 1)); kMissing where fewer than two values are present or
+  // the sum is 0. Null with status 5004 when `centre` has not an element for each column, 5007 when
+  // it is null.
+  XFVector* Autoweig(const char* name, const XFVector* centre) const;
+
+  // Scales the columns: x becomes (x - centre) * weight with the weights of Autoweig, and missing
+  // where the weight or the centre is; counts anew. The weights, named "Weig", with the codes of
+  // Autoweig; the matrix is then unchanged.
+  XFVector* Autoscale(const XFVector* centre);
+
+  // Subtract the vector's element from every present value of its column, multiply them by it;
+  // what meets a missing element becomes missing, and is then counted anew. 5004 when the vector
+  // has not an element for each column, 5007 for null.
+  int MSubVp(const XFVector* vector);
+  int MDotMulVp(const XFVector* vector);
+
+  // Add (subtract) t p': x becomes x + t[i] * p[j] in float, where x and t[i] are present. 5004
+  // when t has not an element for each row or p for each column, 5007 for null.
+  int Addcomp(const XFVector* t, const XFVector* p);
+  int Subcomp(const XFVector* t, const XFVector* p);
+
   static constexpr const char* kNullText = "XFMatrix is NULL.";
 
  private:
   // Makes room for counts, all 0; the matrix is left empty with status 5001 when there is none.
   void InitCounts();
+  // Counts anew where `result`, which it returns, is no failure.
+  int CountIf(int result);
+  int CheckColumns(const XFVector* vector) const;
+  int CombineRows(const XFVector* vector, void (*operation)(float*, const float*, int));
+  int AddMultiples(const XFVector* t, const XFVector* p,
+                   void (*operation)(float*, float, const float*, int));
   void CopyCounts(const XFMatrix& other);
   int CellCount() const;
 

@@ -44,7 +44,20 @@ class ZEMVA_API XFVector : public NamedVector<XFVector, FVector> {
 
   void Show(StreamWindow& window) const override;
 
+  // As that of FVector; NValA becomes the number of pairs.
+  float VpMulV(const FVector* other);
+
+  // Add the other's elements to this vector's, subtract them from them, multiply them by them;
+  // missing where either is, and counted anew. 5004 when the lengths differ, 5007 for null; the
+  // vector is then unchanged.
+  int VDotAddV(const FVector* other);
+  int VDotSubV(const FVector* other);
+  int VDotMulV(const FVector* other);
+
   static constexpr const char* kNullText = "XFVector is NULL";
+
+ private:
+  int Combine(const FVector* other, void (*operation)(float*, const float*, int));
 };
 
 class ZEMVA_API XDVector : public NamedVector<XDVector, DVector> {

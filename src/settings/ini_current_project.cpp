@@ -36,7 +36,9 @@ bool IniFile::SetCurrentProjectTitle(const char* title) {
 bool IniFile::MoveCurrentProject(const char* newAddr) {
   const std::string new_address(ViewOf(newAddr));
   const std::string old_address = GetCurrentProjectAddress();
-  if (old_address.empty()) return false;
+  // A project that could not be made anew must not be deleted.
+  const bool is_usable = !new_address.empty() && new_address.size() <= PathText::kCapacity;
+  if (old_address.empty() || !is_usable) return false;
   project_file_.SetPath(old_address);
   const std::string title = GetCurrentProjectTitle();
   const std::string name = GetCurrentProjectName();

@@ -9,7 +9,7 @@
 
 namespace zemva {
 
-PathText IniFile::settings_directory_;
+PathText IniFile::msszIniPath;
 
 const char* GetIniFile() {
   return nullptr;
@@ -22,15 +22,15 @@ IniFile::IniFile(const char* projectFile) {
 
 void IniFile::SetIniPath(const char* dir) {
   if (dir != nullptr && FileExists(dir)) {
-    settings_directory_.SetPath(WithSeparator(dir));
+    msszIniPath.SetPath(WithSeparator(dir));
   } else {
-    settings_directory_.SetPath(Profile::OfThisSystem().FindWindowsDirectory());
+    msszIniPath.SetPath(Profile::OfThisSystem().FindWindowsDirectory());
   }
 }
 
 const char* IniFile::GetIniPath() {
-  if (settings_directory_.IsEmpty()) SetIniPath(nullptr);
-  return settings_directory_.Get();
+  if (msszIniPath.IsEmpty()) SetIniPath(nullptr);
+  return msszIniPath.Get();
 }
 
 std::string IniFile::GetSettingsFile() {

@@ -80,7 +80,8 @@ class ZEMVA_API IniFile {
   bool SetCurrentProjectName(const char* name);
   bool SetCurrentProjectTitle(const char* title);
   // Deletes the current project and makes a new one at `newAddr` with its title and name, without
-  // its data sets and models. False when there is no current project.
+  // its data sets and models. False, and nothing happens, when there is no current project or
+  // `newAddr` names no file.
   bool MoveCurrentProject(const char* newAddr);
   // With a separator at its end, unless it is "".
   const char* GetDefaultProjectDirectory();
@@ -151,7 +152,7 @@ class ZEMVA_API IniFile {
   const char* GetSecondaryDatasetFileName(int i);
   std::string InProjectDirectory(std::string_view path) const;
 
-  static PathText settings_directory_;
+  static PathText msszIniPath;  // the settings directory
 
   PathText settings_file_;
   PathText value_;

@@ -1,9 +1,10 @@
 // The profile operations: the one way to the settings files.
 //
 // A profile file is a text of sections, "[name]", each with lines "key=value". Names are compared
-// without regard to the case of the letters A to Z or to the blanks around them; of two sections,
-// or two keys of a section, with one name, the first counts. Blanks around a value, and one pair of
-// quotes (" or ') around that, do not belong to it.
+// without regard to the case of the letters A to Z or to the blanks around them, except by a
+// removal, which takes blanks around a name for part of it; of two sections, or two keys of a
+// section, with one name, the first counts. Blanks around a value, and one pair of quotes (" or ')
+// around that, do not belong to it.
 #ifndef ZEMVA_SETTINGS_PROFILE_H
 #define ZEMVA_SETTINGS_PROFILE_H
 

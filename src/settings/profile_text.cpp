@@ -18,6 +18,10 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+bool IsTrimmed(std::string_view text) {
+  return Trimmed(text).size() == text.size();
+}
+
 // A name or value ends at a zero byte inside it.
 std::string_view UpToZero(std::string_view text) {
   return text.substr(0, text.find('\0'));
@@ -90,12 +94,14 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
 }
 
 void ProfileText::RemoveKey(std::string_view section, std::string_view key) {
+  if (!IsTrimmed(section) || !IsTrimmed(key)) return;
   const auto where = FindSection(section);
   const auto found = where ? FindKey(*where, key) : std::nullopt;
   if (found) bytes_.erase(found->line.begin, found->line.next - found->line.begin);
 }
 
 void ProfileText::RemoveSection(std::string_view section) {
+  if (!IsTrimmed(section)) return;
   if (const auto where = FindSection(section)) bytes_.erase(where->head, where->end - where->head);
 }
 
@@ -143,7 +149,7 @@ std::optional<ProfileText::Key> ProfileText::FindKey(const Section& section,
   const std::string_view wanted = Trimmed(name);
   for (std::size_t at = section.body; at < section.end;) {
     const Key key = KeyOf(LineAt(at));
-    const bool is_blank_line = key.name.empty() && !key.value;
+    const bool is_blank_line = Trimmed(TextOf(key.line)).empty();
     if (!is_blank_line && IsSameIgnoringCase(key.name, wanted)) return key;
     at = key.line.next;
   }

@@ -33,6 +33,7 @@ class ProfileText {
   std::vector<ProfileEntry> GetEntries(std::string_view section) const;
 
   void Set(std::string_view section, std::string_view key, std::string_view value);
+  // To remove something, a name must be given without blanks around it; else nothing is found.
   void RemoveKey(std::string_view section, std::string_view key);
   void RemoveSection(std::string_view section);
 

@@ -1,61 +1,168 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
 #include <vector>
 
-#include "numeric/x_matrix.h"
-#include "numeric/x_vector.h"
-#include "support/recording_window.h"
+#include "numeric/d_matrix.h"
+#include "numeric/matrices.h"
 
 namespace zemva {
 namespace {
 
-std::vector<float> ElementsOf(const FMatrix& matrix) {
-  std::vector<float> elements;
-  for (int i = 1; i <= matrix.NRow(); ++i) {
-    elements.insert(elements.end(), matrix.Row(i).begin(), matrix.Row(i).end());
-  }
-  return elements;
-}
-
-XFMatrix Numbered(int row_count, int column_count) {
-  XFMatrix matrix("M", row_count, column_count, 0.0f);
-  for (int i = 1; i <= row_count; ++i) {
-    for (int j = 1; j <= column_count; ++j) matrix[i][j] = static_cast<float>(10 * i + j);
-  }
-  matrix.SetActValInfo();
-  return matrix;
-}
+using test::CellsOf;
+using test::ElementsOf;
+using test::MatrixOf;
+using Floats = std::vector<float>;
 
 TEST(XFMatrix, CountsWhatIsMissingByRowAndColumn) {
-  XFMatrix matrix = Numbered(3, 2);
-  matrix[2][1] = kMissing;
-  matrix[2][2] = kMissing;
-  matrix[3][1] = kMissing;
-  matrix.SetActValInfo();
+  const XFMatrix matrix = MatrixOf(2, {11, 12, kMissing, kMissing, kMissing, 32});
   EXPECT_EQ(matrix.NValA(), 3);
   EXPECT_EQ(matrix.NValARow(2), 0);
   EXPECT_EQ(matrix.NValARow(3), 1);
   EXPECT_EQ(matrix.NValACol(1), 1);
   EXPECT_EQ(matrix.NValACol(2), 2);
+  EXPECT_EQ(XFMatrix("M", 2, 3, kMissing).NValA(), 0);
+  EXPECT_EQ(XFMatrix("M", 2, 3, 1.0f).NValA(), 6);
 }
 
-TEST(XFMatrix, KeepsRowsAndColumnsFlaggedOne) {
-  XFMatrix matrix = Numbered(3, 3);
+TEST(XFMatrix, KeepsCountsInStepWithItsShape) {
+  XFMatrix matrix = MatrixOf(3, {11, 12, 13, 21, 22, 23, 31, 32, 33});
   XI1Vector keep("keep", 3, char{1});
   EXPECT_EQ(matrix.DelRows(&keep), 0);
   EXPECT_EQ(matrix.NRow(), 3);
   keep[2] = 2;
   EXPECT_EQ(matrix.DelRows(&keep), 0);
   EXPECT_EQ(matrix.DelRows(&keep), 5004) << "three flags, two rows";
+  EXPECT_EQ(matrix.DelRows(nullptr), 5007);
   EXPECT_EQ(matrix.DelCols(&keep), 0);
-  EXPECT_EQ(ElementsOf(matrix), (std::vector<float>{11, 13, 31, 33}));
+  EXPECT_EQ(CellsOf(matrix), (Floats{11, 13, 31, 33}));
   EXPECT_EQ(matrix.ExpCols(1, kMissing), 0);
   EXPECT_EQ(matrix.ExpRows(1, 7), 0);
-  EXPECT_EQ(ElementsOf(matrix), (std::vector<float>{11, 13, -99, 31, 33, -99, 7, 7, 7}));
-  EXPECT_EQ(matrix.NValA(), 7);
+  EXPECT_EQ(matrix.ExpRows(-1, 7), 5004);
+  EXPECT_EQ(CellsOf(matrix), (Floats{11, 13, -99, 31, 33, -99, 7, 7, 7}));
   EXPECT_EQ(matrix.NValACol(3), 1);
+  EXPECT_EQ(matrix.Transp(), 0);
+  EXPECT_EQ(CellsOf(matrix), (Floats{11, 31, 7, 13, 33, 7, -99, -99, 7}));
+  EXPECT_EQ(matrix.NValARow(3), 1);
+  EXPECT_EQ(matrix.SwapRow(1, 3), 0);
+  EXPECT_EQ(matrix.NValARow(1), 1);
+  EXPECT_EQ(matrix.SwapCol(3, 4), 5004);
+  EXPECT_EQ(matrix.DelRows(2, 3), 0);
+  EXPECT_EQ(matrix.DelRows(2, 2), 5004);
+  EXPECT_EQ(CellsOf(matrix), (Floats{-99, -99, 7}));
+  EXPECT_EQ(matrix.NValACol(1), 0);
   EXPECT_EQ(matrix[0], nullptr);
-  EXPECT_EQ(matrix.GetMatPtr()[1][0], kMissing);
+  EXPECT_EQ(matrix[1][0], kMissing);
+}
+
+TEST(FMatrix, TransposesWhatIsLargerThanATile) {
+  XFMatrix matrix("M", 37, 50, 0.0f);
+  for (int i = 1; i <= 37; ++i) {
+    for (int j = 1; j <= 50; ++j) matrix[i][j] = static_cast<float>(100 * i + j);
+  }
+  matrix.Transp();
+  ASSERT_EQ(matrix.NRow(), 50);
+  for (int i = 1; i <= 50; ++i) {
+    for (int j = 1; j <= 37; ++j) ASSERT_EQ(matrix[i][j], static_cast<float>(100 * j + i));
+  }
+}
+
+TEST(FMatrix, ExtractsByFlagAndByPosition) {
+  const XFMatrix matrix = MatrixOf(3, {11, 12, 13, 21, 22, 23});
+  I1Vector flags(3, 5);
+  flags[2] = 0;
+  I2Vector positions(3, 3);
+  positions[2] = 1;
+  const auto cells = [](FMatrix* extracted) {
+    const std::unique_ptr<FMatrix> owned(extracted);
+    return owned ? CellsOf(*owned) : Floats{};
+  };
+  EXPECT_EQ(cells(matrix.ExtCols(&flags, 5)), (Floats{11, 13, 21, 23}));
+  EXPECT_EQ(cells(matrix.ExtCols(&positions)), (Floats{13, 11, 13, 23, 21, 23}));
+  EXPECT_EQ(matrix.GetStatus(), 0);
+  EXPECT_EQ(matrix.ExtRows(&flags, 5), nullptr);
+  EXPECT_EQ(matrix.GetStatus(), 5004);
+  EXPECT_EQ(matrix.ExtRows(&positions), nullptr);
+  EXPECT_EQ(matrix.ExtRows(nullptr), nullptr);
+  EXPECT_EQ(matrix.GetStatus(), 5007);
+  I2Vector rows(1, 2);
+  EXPECT_EQ(cells(matrix.ExtRows(&rows)), (Floats{21, 22, 23}));
+}
+
+TEST(Copying, IsDeepAndTakesAllOfIt) {
+  XFMatrix matrix = MatrixOf(2, {1, kMissing, 3, 4});
+  XFMatrix copy(matrix);
+  const XFMatrix from_pointer(&matrix);
+  XFMatrix assigned("other", 5, 1, 0.0f);
+  assigned = matrix;
+  matrix[1][1] = 0;
+  matrix.SetName("changed");
+  for (const XFMatrix* each : {&std::as_const(copy), &from_pointer, &std::as_const(assigned)}) {
+    EXPECT_EQ(CellsOf(*each), (Floats{1, -99, 3, 4}));
+    EXPECT_STREQ(each->GetName(), "M");
+    EXPECT_EQ(each->NValACol(2), 1);
+  }
+  EXPECT_EQ(copy.Copy(&matrix), 0);
+  EXPECT_STREQ(copy.GetName(), "changed");
+  EXPECT_EQ(copy[1][1], 0.0f);
+  const XFMatrix wide("wide", 2, 3, 0.0f);
+  EXPECT_EQ(copy.Copy(&wide), 5004);
+  EXPECT_EQ(copy.Copy(nullptr), 5007);
+  EXPECT_EQ(copy.GetStatus(), 5007);
+  copy.ClearStatus();
+  EXPECT_EQ(copy.GetStatus(), 0);
+  EXPECT_EQ(copy.GetPtr(), &copy);
+}
+
+TEST(Vectors, GrowAndKeepCount) {
+  XFVector vector(std::string(300, 'n').c_str(), 2, kMissing);
+  EXPECT_EQ(std::string(vector.GetName()).size(), 300u);
+  EXPECT_EQ(vector.NValA(), 0);
+  EXPECT_EQ(vector.Exp(2, 5.0f), 0);
+  EXPECT_EQ(ElementsOf(vector), (Floats{-99, -99, 5, 5}));
+  EXPECT_EQ(vector.NValA(), 2);
+  EXPECT_EQ(vector[0], kMissing);
+  EXPECT_EQ(vector.Exp(-1, 5.0f), 5004);
+  EXPECT_EQ(vector.GetElement(5), kMissing);
+
+  const char values[] = {0, 1, 2, 3};
+  XI1Vector flags("flags", 3, values);
+  EXPECT_EQ(ElementsOf(flags), (std::vector<char>{1, 2, 3}));
+  EXPECT_EQ(flags.NValA(), 3);
+  EXPECT_EQ(flags.GetNEqual(2), 1);
+  EXPECT_EQ(flags.GetNNotEqual(2), 2);
+
+  XSVector names("names", 1, 4);
+  EXPECT_STREQ(names[1], "");
+  EXPECT_EQ(names.Exp(1, "longer"), 0);
+  EXPECT_EQ(names.NVal(), 2);
+  EXPECT_STREQ(names[2], "long");
+  EXPECT_EQ(names.SetElement(3, "x"), 5004);
+  EXPECT_EQ(names.GetElement(0), nullptr);
+
+  I2Vector unsorted(4, 7);
+  unsorted[2] = -3;
+  unsorted[4] = 0;
+  unsorted.SortAsc();
+  EXPECT_EQ(ElementsOf(unsorted), (std::vector<short>{-3, 0, 7, 7}));
+}
+
+TEST(Construction, OfNothingFromNothing) {
+  EXPECT_EQ(FVector(-1, 0.0f, true).GetStatus(), 5004);
+  EXPECT_EQ(FMatrix(2, -1, 0.0f, true).GetStatus(), 5004);
+  EXPECT_EQ(XFMatrix("M", nullptr, 2, 2).GetStatus(), 5007);
+  EXPECT_EQ(XI1Vector("v", 2, nullptr).GetStatus(), 5007);
+  EXPECT_EQ(XFVector(static_cast<const XFVector*>(nullptr)).GetStatus(), 5007);
+  EXPECT_EQ(DMatrix(static_cast<const FMatrix*>(nullptr)).GetStatus(), 5007);
+  const FVector empty(0, 1.0f, true);
+  EXPECT_EQ(empty.GetStatus(), 0);
+  EXPECT_EQ(FMatrix(&empty).NRow(), 0);
+  EXPECT_STREQ(XFVector(nullptr, 0, 0.0f).GetName(), "");
+  const DVector column(2, 0.5);
+  EXPECT_EQ(DMatrix(&column).GetElement(2, 1), 0.5);
+  XFMatrix rows = MatrixOf(2, {1, 2, 3, kMissing});
+  EXPECT_EQ(XFMatrix("copy", rows.GetMatPtr(), 2, 2).NValA(), 3);
 }
 
 }  // namespace

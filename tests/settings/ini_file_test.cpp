@@ -171,6 +171,10 @@ TEST_F(IniFileTest, AProjectIsMadeAndMovedWithoutItsLists) {
   EXPECT_TRUE(ini.SetCurrentProjectName("A name of more than 24 characters"));
   EXPECT_STREQ(ini.GetCurrentProjectName(), "A name of more than 24 c");
 
+  for (const auto& no_file : {std::string(), std::string(300, 'n')}) {
+    EXPECT_FALSE(ini.MoveCurrentProject(no_file.c_str()));
+    EXPECT_TRUE(std::filesystem::exists(old_address));
+  }
   EXPECT_TRUE(ini.MoveCurrentProject(new_address.c_str()));
   EXPECT_FALSE(std::filesystem::exists(old_address));
   EXPECT_EQ(ini.GetCurrentProjectAddress(), new_address);
@@ -201,8 +205,8 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
   }
   PathText path;
   path.SetPath(std::string(200, 'n'));
-  EXPECT_FALSE(IniFile(("/" + std::string(200, 'd') + "/p.ini").c_str())
-                   .MakePath2CurrentProjectDirctory(path.Get()));
+  const std::string deep_project = std::string("/").append(200, 'd').append("/p.ini");
+  EXPECT_FALSE(IniFile(deep_project.c_str()).MakePath2CurrentProjectDirctory(path.Get()));
   EXPECT_TRUE(path.IsEmpty());
 
   const std::pair<const char*, const char*> directories[] = {

@@ -1,0 +1,170 @@
+// Every allocation of an operation is made to fail, the first, then the second, and so on.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <new>
+
+#include "numeric/d_matrix.h"
+#include "numeric/matrices.h"
+#include "numeric/uni_var.h"
+
+namespace {
+
+// How many allocations succeed before all fail; negative: all succeed.
+long g_allocations_left = -1;
+
+void* Allocate(std::size_t size) {
+  if (g_allocations_left == 0) return nullptr;
+  if (g_allocations_left > 0) --g_allocations_left;
+  return std::malloc(size == 0 ? 1 : size);
+}
+
+void* AllocateOrThrow(std::size_t size) {
+  void* const memory = Allocate(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return AllocateOrThrow(size);
+}
+void* operator new[](std::size_t size) {
+  return AllocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+namespace zemva {
+namespace {
+
+const char* const kLongName = "a name that is too long to be kept within the object";
+
+// Runs `operation`, which returns a status, with ever more memory until it succeeds; calls
+// `check_failure` after each run that fails. The number of runs that failed.
+int FailEachAllocation(
+    const std::function<int()>& operation, const std::function<void()>& check_failure = [] {}) {
+  for (int count = 0;; ++count) {
+    g_allocations_left = count;
+    const int result = operation();
+    g_allocations_left = -1;
+    if (result == 0) return count;
+    EXPECT_EQ(result, 5001) << "with " << count << " allocations";
+    check_failure();
+    if (result != 5001) return count;
+  }
+}
+
+// The same for constructing an object: what fails has no elements.
+template <typename Object, typename... Arguments>
+int FailConstruction(Arguments... arguments) {
+  return FailEachAllocation([&] {
+    const Object object(arguments...);
+    if (object.GetStatus() != 0) {
+      if constexpr (requires { object.NRow(); }) {
+        EXPECT_EQ(object.NRow(), 0);
+      } else {
+        EXPECT_EQ(object.NVal(), 0);
+      }
+    }
+    return object.GetStatus();
+  });
+}
+
+TEST(OutOfMemory, AConstructorLeavesAnEmptyObject) {
+  EXPECT_EQ((FailConstruction<I1Vector>(3, char{1})), 1);
+  EXPECT_EQ((FailConstruction<DVector>(3, 1.0)), 1);
+  EXPECT_EQ((FailConstruction<FMatrix>(3, 2, 0.0f, true)), 4);
+  EXPECT_EQ((FailConstruction<SVector>(3, 2)), 4);
+  EXPECT_EQ((FailConstruction<XFVector>(kLongName, 3, 0.0f)), 2);
+  EXPECT_EQ((FailConstruction<XSVector>(kLongName, 3, 2)), 5);
+  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, 0.0f)), 7);
+  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, Unfilled{})), 7);
+  const XFMatrix matrix(kLongName, 3, 2, 0.0f);
+  EXPECT_EQ((FailConstruction<XFMatrix>(&matrix)), 7);
+  EXPECT_EQ((FailConstruction<DMatrix>(static_cast<const FMatrix*>(&matrix))), 4);
+}
+
+TEST(OutOfMemory, AFailedChangeLeavesTheObjectAsItWas) {
+  XFVector vector = test::VectorOf({1, 2});
+  FailEachAllocation([&] { return vector.Exp(1, 3); }, [&] { EXPECT_EQ(vector.NVal(), 2); });
+  XSVector texts(kLongName, 2, 3);
+  FailEachAllocation([&] { return texts.Exp(2, "x"); }, [&] { EXPECT_EQ(texts.NVal(), 2); });
+
+  XFMatrix matrix = test::MatrixOf(2, {1, kMissing, 3, 4});
+  const std::vector<float> before = test::CellsOf(matrix);
+  const auto is_unchanged = [&] {
+    EXPECT_EQ(test::CellsOf(matrix), before);
+    EXPECT_EQ(matrix.NValA(), 3);
+    EXPECT_STREQ(matrix.GetName(), "M");
+  };
+  const XFMatrix other(kLongName, 4, 3, 1.0f);
+  XI1Vector keep("keep", 2, char{1});
+  keep[2] = 0;
+  const auto assign = [&] {
+    matrix.ClearStatus();
+    matrix = other;
+    return matrix.GetStatus();
+  };
+  const std::function<int()> changes[] = {
+      [&] { return matrix.ExpRows(1, 0); },
+      [&] { return matrix.ExpCols(1, 0); },
+      [&] { return matrix.DelRows(&keep); },
+      [&] { return matrix.DelCols(&keep); },
+      [&] { return matrix.Transp(); },
+      [&] { return matrix.MInv(); },
+      assign,
+  };
+  for (const auto& change : changes) {
+    FailEachAllocation(change, is_unchanged);
+    matrix = test::MatrixOf(2, {1, kMissing, 3, 4});
+  }
+}
+
+TEST(OutOfMemory, AResultThatIsHandedOverIsNull) {
+  XFMatrix matrix = test::RandomMatrix(4, 3, 0.0);
+  const XFVector centre("centre", 3, 0.0f);
+  const I2Vector positions(2, 1);
+  const auto status_of = [&](auto* result) {
+    EXPECT_EQ(result == nullptr, matrix.GetStatus() != 0);
+    delete result;
+    const int status = matrix.GetStatus();
+    matrix.ClearStatus();
+    return status;
+  };
+  FailEachAllocation([&] { return status_of(matrix.Avg(kLongName)); });
+  FailEachAllocation([&] { return status_of(matrix.S2Col(kLongName, 0, 0, 1)); });
+  FailEachAllocation([&] { return status_of(matrix.ExtRow(kLongName, 1)); });
+  FailEachAllocation([&] { return status_of(matrix.ExtCols(&positions)); });
+  FailEachAllocation([&] { return status_of(matrix.MaxCol()); });
+  FailEachAllocation([&] { return status_of(matrix.Autoscale(&centre)); });
+  FMatrix* u = nullptr;
+  FMatrix* w = nullptr;
+  FMatrix* v = nullptr;
+  FailEachAllocation([&] { return matrix.SVD(u, w, v); }, [&] { EXPECT_EQ(u, nullptr); });
+  delete u;
+  delete w;
+  delete v;
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,93 @@
+// The univariate summary of every variable of a file.
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "code_page.h"
+#include "commands.h"
+#include "data/dataset.h"
+#include "errors/status.h"
+#include "errors/stream_window.h"
+#include "numeric/missing.h"
+#include "numeric/uni_var.h"
+
+namespace zemva::tools {
+namespace {
+
+UniVar WithEveryStatistic() {
+  UniVar summary;
+  summary.SetIsKurt(true);
+  summary.SetIsMedian(true);
+  summary.SetIsPNorm(true);
+  summary.SetIsSkew(true);
+  summary.SetIsIQR(true);
+  return summary;
+}
+
+// A number with six digits that count, in a field that keeps it apart from the one before.
+void PrintNumber(float value, int width) {
+  if (IsMissing(value)) {
+    std::printf(" %*s", width, "N/A");
+  } else {
+    std::printf(" %*.6g", width, static_cast<double>(value));
+  }
+}
+
+void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& headers) {
+  constexpr int kNumberWidth = 12;
+  std::vector<std::string> names;
+  std::size_t longest = 4;
+  for (int j = 1; j <= results.NRow(); ++j) {
+    short number;
+    const char* name = nullptr;
+    dataset.GetVarInfo(static_cast<short>(j), number, name);
+    names.push_back(name == nullptr ? "" : Utf8FromCodePage(name));
+    longest = std::max(longest, names.back().size());
+  }
+  const int name_width = static_cast<int>(longest);
+  std::printf("%5s  %-*s", "Var", name_width, "Name");
+  for (int k = 1; k <= headers.NVal(); ++k) std::printf(" %*s", kNumberWidth, headers[k]);
+  std::printf("\n");
+  for (int j = 1; j <= results.NRow(); ++j) {
+    std::printf("%5d  %-*s", j, name_width, names[static_cast<std::size_t>(j - 1)].c_str());
+    for (int k = 1; k <= results.NCol(); ++k) PrintNumber(results[j][k], kNumberWidth);
+    std::printf("\n");
+  }
+}
+
+}  // namespace
+
+int StatsCommand(Arguments arguments) {
+  std::string path;
+  bool is_all = false;
+  for (const std::string_view argument : arguments) {
+    if (argument == "--all") {
+      is_all = true;
+    } else if (!argument.starts_with('-') && path.empty()) {
+      path = argument;
+    } else {
+      return WrongUsage("stats takes one file");
+    }
+  }
+  if (path.empty()) return WrongUsage("stats takes one file");
+
+  Dataset dataset("Stats", path.c_str(), GlobalStreamWindow());
+  if (const int status = dataset.Load(); status != status::kOk) return Fail(path, status);
+  const XI1Vector variables("Variables", dataset.GetNVarDS(), 1);
+  const XI1Vector observations("Observations", dataset.GetNObsDS(), 1);
+  const UniVar summary = is_all ? WithEveryStatistic() : UniVar();
+  XFMatrix* results = nullptr;
+  XSVector* headers = nullptr;
+  const int status = summary.CalcAndReturnAsVectors(dataset.GetDMPtr(), &variables, &observations,
+                                                    results, headers);
+  const std::unique_ptr<XFMatrix> owned_results(results);
+  const std::unique_ptr<XSVector> owned_headers(headers);
+  if (status != status::kOk) return Fail(path, status);
+  PrintTable(dataset, *results, *headers);
+  return kDone;
+}
+
+}  // namespace zemva::tools
