@@ -235,5 +235,155 @@ TEST(Nipals, StopsOneIterationPastTheLimit) {
   EXPECT_EQ(FitOf(residuals, LeftOut(), {0}).result.iterations, 1);
   EXPECT_EQ(FitOf(residuals, LeftOut(), {3}).result.iterations, 4);
 }
+
+// What a projection needs, kept alive beside it.
+struct Projected {
+  explicit Projected(const Table& table, LeftOut left = {})
+      : residuals(MatrixOf(table)), left_out(std::move(left)), projection(residuals, left_out) {}
+
+  Cap CapAt(double limit) {
+    return {limit, [this](int number, double factor) { clips.emplace_back(number, factor); }};
+  }
+
+  ResidualMatrix residuals;
+  LeftOut left_out;
+  Projection projection;
+  Clips clips;
+};
+
+constexpr float kNone = kMissing;
+
+TEST(Projection, MakesUpForWhatIsMissingUpToTheCap) {
+  // t't = 14. Column 2 lacks the row with t = 2: factor 14 / 10, and 1 * 2 + 3 * 6 = 20.
+  Projected e({{1, 2}, {2, kNone}, {3, 6}});
+  std::vector<double> loadings(2);
+  EXPECT_EQ(e.projection.OntoColumns(std::vector<float>{1, 2, 3}, e.CapAt(1.5), loadings), 0);
+  EXPECT_EQ(loadings, (std::vector<double>{14, 28}));
+  EXPECT_EQ(e.clips, Clips{});
+  EXPECT_EQ(e.projection.OntoColumns(std::vector<float>{1, 2, 3}, e.CapAt(1.25), loadings), 0);
+  EXPECT_EQ(loadings, (std::vector<double>{14, 25}));
+  EXPECT_EQ(e.clips, (Clips{{2, 1.4}}));
+
+  // p'p = 4 + 1 = 5. Row 2 has the first column alone: 2 * 2 / 5 times 5 / 4.
+  e.clips.clear();
+  std::vector<float> scores{1, 2, kNone};
+  ScoreSums sums = e.projection.OntoRows(std::vector<float>{2, 1}, 5, e.CapAt(1.5), scores);
+  EXPECT_EQ(scores, (std::vector<float>{0.8f, 1, 2.4f}));
+  EXPECT_NEAR(sums.squares, 0.64 + 1 + 5.76, 1e-6);
+  EXPECT_NEAR(sums.change_squares, 0.04 + 1, 1e-6) << "a score that was missing has no change";
+  e.projection.OntoRows(std::vector<float>{2, 1}, 5, e.CapAt(1.125), scores);
+  EXPECT_EQ(scores[1], 0.9f);
+  EXPECT_EQ(e.clips, (Clips{{2, 1.25}}));
+}
+
+TEST(Projection, ReportsClipsInTheOrderOfRowsAndColumns) {
+  Projected e({{kNone, 1, 1}, {kNone, 1, 1}, {1, 1, 1}, {1, kNone, 1}},
+              LeftOut::Elements(2, std::vector<short>{1, 0, 0}));
+  std::vector<float> scores{1, 1, 1, 1};
+  std::vector<double> loadings(3);
+  EXPECT_EQ(e.projection.OntoColumns(scores, e.CapAt(1), loadings), 0);
+  EXPECT_EQ(e.clips, (Clips{{1, 4}, {2, 2}, {3, 2}}));
+  e.clips.clear();
+  e.projection.OntoRows(std::vector<float>{0.5f, 0.5f, 0.5f}, 0.75, e.CapAt(1), scores);
+  EXPECT_EQ(e.clips, (Clips{{1, 1.5}, {3, 1.5}, {4, 3}}));
+}
+
+TEST(Projection, AScoreWithNothingUsableIsMissingAndTakesNoPart) {
+  Projected e({{kNone, kNone, kNone}, {5, kNone, kNone}, {0, 0, 0}, {0.3f, 0.7f, 0.1f}});
+  const std::vector<float> weights{0, 0.6f, 0.8f};  // their squares add up to a hair over 1
+  std::vector<float> scores(4, 1);
+  e.projection.OntoRows(weights, 1, {}, scores);
+  EXPECT_EQ(scores, (std::vector<float>{kNone, kNone, 0, 0.5f}));
+  std::vector<double> loadings(3);
+  EXPECT_EQ(e.projection.OntoColumns(scores, {}, loadings), 0);
+  EXPECT_FLOAT_EQ(static_cast<float>(loadings[1]), 0.35f);
+}
+
+TEST(Projection, AScoreAtTheMissingValueIsKeptApartFromIt) {
+  Projected e({{-100, -98}});
+  std::vector<float> scores{1};
+  e.projection.OntoRows(std::vector<float>{1, 1}, 2, {}, scores);
+  EXPECT_FALSE(IsMissing(scores[0]));
+  EXPECT_FLOAT_EQ(scores[0], kMissing);
+}
+
+TEST(Projection, RefusesAColumnThatNoScoreSupports) {
+  const LeftOut odd_rows = LeftOut::Elements(2, std::vector<short>{1, 0});
+  const struct {
+    Table table;
+    LeftOut left_out;
+    std::vector<float> scores;
+    int status;
+  } cases[] = {
+      {{{1, kNone}, {2, kNone}, {3, kNone}}, {}, {0.1f, 0.2f, 0.3f}, 8042},
+      {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, 0, 0.3f}, 8042},
+      {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, kNone, 0.3f}, 8042},
+      {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, 1e-12f, 0.3f}, 0},
+      {{{1, 2}, {kNone, 4}, {3, 6}, {kNone, 8}}, odd_rows, {0.1f, 0.2f, 0.3f, 0.7f}, 8043},
+      {{{1, 2}, {kNone, 4}, {3, 6}, {7, 8}}, odd_rows, {0.1f, 0.2f, 0.3f, 0.7f}, 0},
+  };
+  for (const auto& c : cases) {
+    Projected e(c.table, c.left_out);
+    std::vector<double> loadings(2);
+    EXPECT_EQ(e.projection.OntoColumns(c.scores, {3.0, {}}, loadings), c.status);
+  }
+}
+
+TEST(Projection, LeavesOutWholeRows) {
+  const Table table = RandomTable(11, 6, 0.1);
+  Table others;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if ((i + 1) % 3 != 2) others.push_back(table[i]);
+  }
+  const Fit expected = FitOf(ResidualMatrix(MatrixOf(others)), LeftOut());
+  const ResidualMatrix residuals(MatrixOf(table));
+  Fit fit = FitOf(residuals, LeftOut::Rows(3, 5));
+  ExpectNear(fit.p, expected.p);
+  std::vector<float> all(11), left(11, kNone);
+  Projection(residuals, LeftOut()).OntoRows(fit.p, 1, {}, all);
+  const LeftOut other_rows = LeftOut::OtherRows(3, 5);
+  Projection(residuals, other_rows).OntoRows(fit.p, 1, {}, left);
+  for (std::size_t i = 0; i < 11; ++i) {
+    const bool is_left_out = (i + 1) % 3 == 2;
+    EXPECT_EQ(IsMissing(fit.t[i]), is_left_out);
+    EXPECT_EQ(left[i], is_left_out ? all[i] : kNone);
+  }
+}
+
+TEST(Nipals, SetsTinyLoadingsToZeroAndSurvivesAnEmptyTable) {
+  // The first column has 1e-8 of the second one's size.
+  const Fit fit = FitOf(ResidualMatrix(MatrixOf({{1e-8f, 1}, {-1e-8f, -1}})), LeftOut());
+  EXPECT_EQ(fit.p, (std::vector<float>{0, 1}));
+  const Fit none = FitOf(ResidualMatrix(MatrixOf({{0, 0}, {0, 0}})), LeftOut());
+  EXPECT_EQ(none.result.status, 0);
+  EXPECT_EQ(none.p, (std::vector<float>{0, 0}));
+  EXPECT_EQ(FitOf(ResidualMatrix(MatrixOf({{0, kNone}, {0, 0}})), LeftOut()).result.status, 8042);
+}
+
+TEST(ResidualMatrix, StartsFromAColumnWithAlternatingSubstitutes) {
+  const ResidualMatrix residuals(MatrixOf({{kNone}, {3}, {kNone}, {-50}, {kNone}}));
+  std::vector<float> start(5);
+  residuals.CopyStart(0, start);
+  EXPECT_EQ(start, (std::vector<float>{0.5f, 3, -0.5f, -50, 0.5f}));
+}
+
+TEST(ResidualMatrix, LeavesMissingAndExcludedElementsAsTheyAre) {
+  XFMatrix matrix = MatrixOf({{1, kNone, 7}, {kNone, 4, kNone}, {5, 6, 9}});
+  ResidualMatrix residuals(matrix, std::vector<char>{1, 1, 0});
+  EXPECT_EQ(residuals.UsedColumnCount(), 2u);
+  EXPECT_EQ(residuals.PresentCount(), 4u);
+  EXPECT_EQ(residuals.RowPresentCount(0), 1u);
+  EXPECT_EQ(residuals.ColumnPresentCount(0), 2u);
+  EXPECT_EQ(residuals.ColumnPresentCount(2), 0u);
+  residuals.Subtract(std::vector<float>{1, 2, kNone}, std::vector<float>{1, 3, 1});
+  EXPECT_EQ(residuals.RowSquares(), (std::vector<double>{0, 4, 61}));
+  EXPECT_EQ(residuals.ColumnSquares(), (std::vector<double>{25, 40, 0}));
+  residuals.CopyTo(matrix);
+  const Table expected{{0, kNone, 7}, {kNone, -2, kNone}, {5, 6, 9}};
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_TRUE(std::ranges::equal(matrix.Row(i), expected[std::size_t(i) - 1]));
+  }
+}
+
 }  // namespace
 }  // namespace zemva

@@ -2,7 +2,6 @@
 #ifndef ZEMVA_MODEL_KERNELS_ALIGNED_BUFFER_H
 #define ZEMVA_MODEL_KERNELS_ALIGNED_BUFFER_H
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
@@ -11,14 +10,12 @@
 
 namespace zemva {
 
-// `size` elements of a plain type, all 0 at first, aligned to a cache line.
+// `size` elements of a plain type, aligned to a cache line, with their contents as allocated.
 template <typename T>
 class AlignedBuffer {
  public:
   // Throws std::bad_alloc when there is no memory, whatever the size.
-  explicit AlignedBuffer(std::size_t size) : elements_(Allocate(size)), size_(size) {
-    std::fill_n(Data(), size, T{});
-  }
+  explicit AlignedBuffer(std::size_t size) : elements_(Allocate(size)), size_(size) {}
 
   T* Data() { return elements_.get(); }
   const T* Data() const { return elements_.get(); }

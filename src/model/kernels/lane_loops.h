@@ -59,6 +59,7 @@ struct LaneLoops {
   static constexpr Lanes kTable{{Dot<1>, Dot<2>, Dot<3>, Dot<4>}, {Add<1>, Add<2>, Add<3>, Add<4>}};
 
  private:
+  // As AddLanes, of which there is a copy for all files.
   static double Total(const Vector* lanes) {
     alignas(64) double values[kLaneCount];
     for (std::size_t v = 0; v < kVectors; ++v) Simd::Store(values + v * Simd::kWidth, lanes[v]);

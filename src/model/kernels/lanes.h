@@ -33,8 +33,9 @@ double SumInLanes(std::size_t count, Term term) {
   return AddLanes(lanes);
 }
 
-// The loops as compiled for one instruction set. `length` is a multiple of kLaneCount; rows,
-// weights and sums start at multiples of 32 bytes. Entry n - 1 of a table is for a block of n rows.
+// The loops as compiled for one instruction set. `length` is a multiple of kLaneCount; rows start
+// at multiples of 32 bytes, weights and sums at multiples of 64. Entry n - 1 is for a block of n
+// rows.
 struct Lanes {
   // sums[r] = sum over j of rows[r][j] * weights[j].
   using Dot = void (*)(const float* const* rows, const double* weights, std::size_t length,

@@ -48,11 +48,11 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
 void Normalise(std::span<const double> sums, std::span<float> loadings) {
   const double length =
       std::sqrt(SumInLanes(sums.size(), [&](std::size_t k) { return sums[k] * sums[k]; }));
-  const double tiny = kTinyLoading / std::sqrt(static_cast<double>(sums.size()));
+  const auto tiny = static_cast<float>(kTinyLoading / std::sqrt(static_cast<double>(sums.size())));
   const double scale = length == 0 ? 0 : 1 / length;
   for (std::size_t k = 0; k < sums.size(); ++k) {
-    const double loading = sums[k] * scale;
-    loadings[k] = std::fabs(loading) < tiny ? 0.0f : static_cast<float>(loading);
+    const auto loading = static_cast<float>(sums[k] * scale);
+    loadings[k] = std::fabs(loading) < tiny ? 0.0f : loading;
   }
 }
 

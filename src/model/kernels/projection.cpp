@@ -67,7 +67,9 @@ Projection::Projection(const ResidualMatrix& matrix, const LeftOut& left_out, co
       has_gaps_(!matrix.IsComplete() || !left_out.IsNothing()),
       sums_(matrix.PaddedLength()),
       lost_(matrix.ColumnCount()),
-      weights_(matrix.PaddedLength()) {}
+      weights_(matrix.PaddedLength()) {
+  std::ranges::fill(weights_.Values(), 0.0);
+}
 
 int Projection::OntoColumns(std::span<const float> scores, const Cap& cap,
                             std::span<double> loadings) {

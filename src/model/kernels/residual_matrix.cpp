@@ -5,12 +5,17 @@
 
 #include "model/kernels/lanes.h"
 #include "numeric/missing.h"
+#include "numeric/present.h"
 
 namespace zemva {
 namespace {
 
 std::size_t PaddedTo(std::size_t multiple, std::size_t length) {
   return (length + multiple - 1) / multiple * multiple;
+}
+
+double Square(float value) {
+  return static_cast<double>(value) * static_cast<double>(value);
 }
 
 std::vector<char> FlagsFor(std::span<const char> takes_part, std::size_t column_count) {
@@ -29,19 +34,30 @@ ResidualMatrix::ResidualMatrix(const XFMatrix& values, std::span<const char> tak
       elements_(row_count_ * stride_),
       first_hole_(row_count_ + 1),
       column_counts_(ColumnCount()) {
+  for (std::size_t k = 0; k < ColumnCount(); ++k) column_counts_[k] = TakesPart(k) ? row_count_ : 0;
   for (std::size_t i = 0; i < row_count_; ++i) {
     const std::span<const float> row = values.Row(static_cast<int>(i) + 1);
-    float* const element = elements_.Data() + i * stride_;
-    for (std::size_t k = 0; k < row.size(); ++k) {
-      if (!TakesPart(k)) continue;
-      if (IsMissing(row[k])) {
-        holes_.push_back(static_cast<int>(k));
-      } else {
-        element[k] = row[k];
-        ++column_counts_[k];
-      }
-    }
+    const std::span<float> copy{elements_.Data() + i * stride_, stride_};
+    std::fill(std::ranges::copy(row, copy.begin()).out, copy.end(), 0.0f);
+    if (CountPresent(row) < values.NCol()) MakeHoles(copy.first(row.size()));
     first_hole_[i + 1] = holes_.size();
+  }
+  ClearUnusedColumns();
+}
+
+void ResidualMatrix::MakeHoles(std::span<float> row) {
+  for (std::size_t k = 0; k < row.size(); ++k) {
+    if (!IsMissing(row[k]) || !TakesPart(k)) continue;
+    row[k] = 0.0f;
+    holes_.push_back(static_cast<int>(k));
+    --column_counts_[k];
+  }
+}
+
+void ResidualMatrix::ClearUnusedColumns() {
+  for (std::size_t k = 0; k < ColumnCount(); ++k) {
+    if (TakesPart(k)) continue;
+    for (std::size_t i = 0; i < row_count_; ++i) elements_[i * stride_ + k] = 0.0f;
   }
 }
 
@@ -70,31 +86,31 @@ void ResidualMatrix::AddMultiple(float sign, std::span<const float> scores,
     for (std::size_t k = 0; k < loadings.size(); ++k) row[k] += score * loadings[k];
     for (const int hole : Holes(i)) row[hole] = 0.0f;
   }
-  if (used_column_count_ == ColumnCount()) return;
-  for (std::size_t k = 0; k < ColumnCount(); ++k) {
-    if (TakesPart(k)) continue;
-    for (std::size_t i = 0; i < row_count_; ++i) elements_[i * stride_ + k] = 0.0f;
-  }
+  ClearUnusedColumns();
 }
 
 std::vector<double> ResidualMatrix::RowSquares() const {
   std::vector<double> squares(row_count_);
   for (std::size_t i = 0; i < row_count_; ++i) {
     const std::span<const float> row = Row(i);
-    squares[i] = SumInLanes(row.size(), [&](std::size_t k) {
-      return static_cast<double>(row[k]) * static_cast<double>(row[k]);
-    });
+    squares[i] = SumInLanes(row.size(), [&](std::size_t k) { return Square(row[k]); });
   }
   return squares;
 }
 
 std::vector<double> ResidualMatrix::ColumnSquares() const {
   std::vector<double> squares(ColumnCount());
-  for (std::size_t i = 0; i < row_count_; ++i) {
-    const std::span<const float> row = Row(i);
-    for (std::size_t k = 0; k < row.size(); ++k) {
-      squares[k] += static_cast<double>(row[k]) * static_cast<double>(row[k]);
+  std::size_t i = 0;
+  for (; i + kBlockRows <= row_count_; i += kBlockRows) {
+    const float* const row = elements_.Data() + i * stride_;
+    for (std::size_t k = 0; k < squares.size(); ++k) {
+      squares[k] += (Square(row[k]) + Square(row[stride_ + k])) +
+                    (Square(row[2 * stride_ + k]) + Square(row[3 * stride_ + k]));
     }
+  }
+  for (; i < row_count_; ++i) {
+    const float* const row = elements_.Data() + i * stride_;
+    for (std::size_t k = 0; k < squares.size(); ++k) squares[k] += Square(row[k]);
   }
   return squares;
 }

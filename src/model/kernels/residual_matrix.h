@@ -63,6 +63,9 @@ class ResidualMatrix {
   void CopyTo(XFMatrix& target) const;
 
  private:
+  // Zeros for the missing elements of the last row so far, which become holes.
+  void MakeHoles(std::span<float> row);
+  void ClearUnusedColumns();
   void AddMultiple(float sign, std::span<const float> scores, std::span<const float> loadings);
 
   std::vector<char> takes_part_;
