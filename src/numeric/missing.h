@@ -2,6 +2,7 @@
 #ifndef ZEMVA_NUMERIC_MISSING_H
 #define ZEMVA_NUMERIC_MISSING_H
 
+#include <cmath>
 #include <type_traits>
 
 namespace zemva {
@@ -15,6 +16,12 @@ constexpr bool IsMissing(float value) {
 }
 constexpr bool IsMissing(double value) {
   return value == static_cast<double>(kMissing);
+}
+
+// A computed value as it is kept: one that comes out at the missing value itself moves to its
+// neighbour, so that it does not get lost.
+inline float AsPresent(float value) {
+  return IsMissing(value) ? std::nextafter(value, 0.0f) : value;
 }
 
 // What element 0 of a vector and of a matrix row holds, which is never data.

@@ -1,0 +1,112 @@
+// Fitting five components, against plain loops and against reading the table.
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include "nipals_problem.h"
+
+namespace zemva {
+namespace {
+
+constexpr double kMissingShare = 0.05;
+constexpr int kGroups = 7;
+
+enum Gaps { kComplete, kWithMissing, kCrossValidated };
+
+template <typename Operation>
+double Seconds(Operation operation) {
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  operation();
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// Reads all rows and does next to nothing with them.
+void ReadAll(const XFMatrix& table) {
+  std::uint64_t sums[32] = {};
+  for (int i = 1; i <= table.NRow(); ++i) {
+    const auto row = std::as_bytes(table.Row(i));
+    for (std::size_t at = 0; at + sizeof sums <= row.size(); at += sizeof sums) {
+      std::uint64_t words[32];
+      std::memcpy(words, &row[at], sizeof words);
+      for (std::size_t k = 0; k < 32; ++k) sums[k] += words[k];
+    }
+  }
+  benchmark::DoNotOptimize(sums);
+}
+
+// One iteration in plain loops: each row times the loadings, then each row into the next ones.
+template <Gaps kGaps>
+void PlainIteration(const XFMatrix& table, std::vector<float>& t, std::vector<float>& p) {
+  const auto is_usable = [&](std::size_t i, std::size_t k, float element) {
+    if (kGaps == kComplete) return true;
+    const bool is_left_out = kGaps == kCrossValidated && i % kGroups == k % kGroups;
+    return !IsMissing(element) && !is_left_out;
+  };
+  std::vector<double> sums(p.size()), squares(p.size());
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    const std::span<const float> row = table.Row(static_cast<int>(i) + 1);
+    double sum = 0, usable = 0;
+    for (std::size_t k = 0; k < p.size(); ++k) {
+      if (!is_usable(i, k, row[k])) continue;
+      sum += static_cast<double>(p[k]) * static_cast<double>(row[k]);
+      if (kGaps != kComplete) usable += static_cast<double>(p[k]) * static_cast<double>(p[k]);
+    }
+    t[i] = static_cast<float>(kGaps == kComplete ? sum : sum / usable);
+  }
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    const std::span<const float> row = table.Row(static_cast<int>(i) + 1);
+    const auto score = static_cast<double>(t[i]);
+    for (std::size_t k = 0; k < p.size(); ++k) {
+      if (!is_usable(i, k, row[k])) continue;
+      sums[k] += score * static_cast<double>(row[k]);
+      if (kGaps != kComplete) squares[k] += score * score;
+    }
+  }
+  for (std::size_t k = 0; k < p.size(); ++k) {
+    p[k] = static_cast<float>(kGaps == kComplete ? sums[k] : sums[k] / squares[k]);
+  }
+}
+
+// The times are the fastest of each, taken by turns; of_plain and of_reading are what an iteration
+// of ours takes as a share of those.
+template <Gaps kGaps>
+void FitComponents(benchmark::State& state) {
+  const auto rows = static_cast<int>(state.range(0));
+  const auto columns = static_cast<int>(state.range(1));
+  const XFMatrix table = NipalsTable(rows, columns, kGaps == kWithMissing ? kMissingShare : 0.0);
+  std::vector<float> t(static_cast<std::size_t>(rows), 1.0f);
+  std::vector<float> p(static_cast<std::size_t>(columns), 1.0f);
+  double fit = std::numeric_limits<double>::infinity();
+  double plain = fit;
+  double read = fit;
+  int iterations = 0;
+  for ([[maybe_unused]] auto iteration : state) {
+    read = std::min(read, Seconds([&] { ReadAll(table); }));
+    plain = std::min(plain, Seconds([&] { PlainIteration<kGaps>(table, t, p); }));
+    const double seconds = Seconds([&] {
+      iterations = FitFiveComponents(table, kGaps == kCrossValidated ? kGroups : 0).iterations;
+    });
+    fit = std::min(fit, seconds);
+    state.SetIterationTime(seconds);
+  }
+  const double one = fit / iterations;
+  state.counters["iterations"] = iterations;
+  state.counters["ns/element"] = one / rows / columns * 1e9;
+  state.counters["of_plain"] = one / plain;
+  state.counters["of_reading"] = one / read;
+}
+
+void Sizes(benchmark::internal::Benchmark* bench) {
+  bench->Args({1000, 500})->Args({5000, 1000})->Args({100, 20000});
+  bench->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(FitComponents<kComplete>)->Apply(Sizes);
+BENCHMARK(FitComponents<kWithMissing>)->Apply(Sizes);
+BENCHMARK(FitComponents<kCrossValidated>)->Apply(Sizes);
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,42 @@
+// Fits five components to one table and writes the table out, so that other packages can be given
+// the same one: nipals_fit ROWS COLUMNS MISSING_SHARE GROUPS REPETITIONS FILE. Prints the fastest
+// time in seconds, the iterations and the share of the sum of squares that is left.
+#include <chrono>
+#include <cmath>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <string>
+
+#include "nipals_problem.h"
+
+namespace {
+
+// Rows of floats one after the other, a NaN for what is missing.
+void Write(const zemva::XFMatrix& table, const char* path) {
+  std::ofstream file(path, std::ios::binary);
+  for (int i = 1; i <= table.NRow(); ++i) {
+    for (const float element : table.Row(i)) {
+      const float written = zemva::IsMissing(element) ? std::nanf("") : element;
+      file.write(reinterpret_cast<const char*>(&written), sizeof written);
+    }
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 7) return 2;
+  const zemva::XFMatrix table =
+      zemva::NipalsTable(std::stoi(arguments[1]), std::stoi(arguments[2]), std::stod(arguments[3]));
+  Write(table, arguments[6]);
+  double fastest = std::numeric_limits<double>::infinity();
+  zemva::FiveComponents result;
+  for (int repetition = 0; repetition < std::stoi(arguments[5]); ++repetition) {
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    result = zemva::FitFiveComponents(table, std::stoi(arguments[4]));
+    fastest = std::min(fastest, std::chrono::duration<double>(Clock::now() - start).count());
+  }
+  std::cout << fastest << ' ' << result.iterations << ' ' << result.unexplained << '\n';
+}

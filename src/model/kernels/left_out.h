@@ -1,0 +1,53 @@
+// What a round of cross-validation leaves out.
+#ifndef ZEMVA_MODEL_KERNELS_LEFT_OUT_H
+#define ZEMVA_MODEL_KERNELS_LEFT_OUT_H
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace zemva {
+
+// The elements of a matrix that take no part. Row i (from 1) belongs to class i mod ClassCount();
+// the rows of a class leave out the same columns, or are left out whole, so that there is no need
+// for a mask.
+class LeftOut {
+ public:
+  // Nothing.
+  LeftOut() : classes_(1) {}
+
+  // Element (i, k), both from 1, where i mod group_count equals labels[k - 1].
+  static LeftOut Elements(int group_count, std::span<const short> labels);
+
+  // Row i where i mod group_count equals group mod group_count, in Rows; the others, in OtherRows.
+  static LeftOut Rows(int group_count, int group);
+  static LeftOut OtherRows(int group_count, int group);
+
+  bool IsNothing() const { return ClassCount() == 1 && !IsWholeRow(0) && Columns(0).empty(); }
+
+  std::size_t ClassCount() const { return classes_.size(); }
+  // The class of the row at `row`, counted from 0.
+  std::size_t ClassOf(std::size_t row) const { return (row + 1) % classes_.size(); }
+  // The first row of a class, counted from 0; the others follow at distances of ClassCount().
+  std::size_t FirstRowOf(std::size_t row_class) const {
+    return (row_class + classes_.size() - 1) % classes_.size();
+  }
+
+  bool IsWholeRow(std::size_t row_class) const { return classes_[row_class].is_whole_row; }
+  // Where rows are not left out whole: the columns left out, counted from 0, ascending.
+  std::span<const int> Columns(std::size_t row_class) const { return classes_[row_class].columns; }
+
+ private:
+  struct RowClass {
+    bool is_whole_row = false;
+    std::vector<int> columns;
+  };
+
+  explicit LeftOut(int group_count) : classes_(static_cast<std::size_t>(group_count)) {}
+
+  std::vector<RowClass> classes_;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_KERNELS_LEFT_OUT_H
