@@ -1,6 +1,4 @@
 // The data sets and models of a project.
-#include <limits>
-
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
 #include "settings/paths.h"
@@ -41,14 +39,11 @@ int IniFile::GetNumberOfSecondaryDatasets() {
 }
 
 bool IniFile::IncNumberOfSecondaryDatsets() {
-  const int count = GetNumberOfSecondaryDatasets();
-  return count != std::numeric_limits<int>::max() &&
-         WriteCount(kSecondaryDatasets, count + 1, project_file_.Get());
+  return EditList(kSecondaryDatasets, project_file_.Get(), RaiseCount);
 }
 
 bool IniFile::DecNumberOfSecondaryDatasets() {
-  const int count = GetNumberOfSecondaryDatasets();
-  return count > 0 && WriteCount(kSecondaryDatasets, count - 1, project_file_.Get());
+  return EditList(kSecondaryDatasets, project_file_.Get(), LowerCount);
 }
 
 const char* IniFile::GetSecondaryDatasetFileName(int i) {
@@ -64,25 +59,25 @@ const char* IniFile::GetSecondaryDatasetAddress(int i) {
 }
 
 bool IniFile::AddSecondaryDataset(const char*, const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfSecondaryDatasets();
-  const bool is_listed =
-      NumberedList(kSecondaryDatasets, count, project_file_.Get())
-          .Contains([&](const std::string& entry) { return IsSameIgnoringCase(entry, address); });
-  return is_listed || AppendEntry(kSecondaryDatasets, count, address, project_file_.Get());
+  const std::string_view address = ViewOf(addr);
+  return EditList(kSecondaryDatasets, project_file_.Get(), [&](NumberedList& datasets) {
+    const bool is_listed = datasets.Contains(
+        [&](const std::string& entry) { return IsSameIgnoringCase(entry, address); });
+    return is_listed || datasets.Append(address);
+  });
 }
 
 bool IniFile::DeleteSecondaryDataset(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfSecondaryDatasets();
-  NumberedList datasets(kSecondaryDatasets, count, project_file_.Get());
-  const int removed = datasets.RemoveIf(
-      [&](const std::string& entry) {
-        return InProjectDirectory(entry) == address ||
-               IsSameIgnoringCase(FileNameOf(entry), address);
-      },
-      1);
-  return removed == 0 || datasets.Save(count - 1);
+  const std::string_view address = ViewOf(addr);
+  return EditList(kSecondaryDatasets, project_file_.Get(), [&](NumberedList& datasets) {
+    datasets.RemoveIf(
+        [&](const std::string& entry) {
+          return InProjectDirectory(entry) == address ||
+                 IsSameIgnoringCase(FileNameOf(entry), address);
+        },
+        1);
+    return true;
+  });
 }
 
 int IniFile::GetNumberOfModels() {
@@ -111,22 +106,21 @@ const char* IniFile::GetModelAddress(const char* key) {
 }
 
 bool IniFile::AddModel(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfModels();
-  const bool is_listed =
-      NumberedList(kModels, count, project_file_.Get()).Contains([&](const std::string& entry) {
-        return InProjectDirectory(entry) == address;
-      });
-  return is_listed || AppendEntry(kModels, count, address, project_file_.Get());
+  const std::string_view address = ViewOf(addr);
+  return EditList(kModels, project_file_.Get(), [&](NumberedList& models) {
+    const bool is_listed = models.Contains(
+        [&](const std::string& entry) { return InProjectDirectory(entry) == address; });
+    return is_listed || models.Append(address);
+  });
 }
 
 bool IniFile::RemoveModel(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfModels();
-  NumberedList models(kModels, count, project_file_.Get());
-  const int removed = models.RemoveIf(
-      [&](const std::string& entry) { return entry == address || FileNameOf(entry) == address; });
-  return removed == 0 || models.Save(count - removed);
+  const std::string_view address = ViewOf(addr);
+  return EditList(kModels, project_file_.Get(), [&](NumberedList& models) {
+    models.RemoveIf(
+        [&](const std::string& entry) { return entry == address || FileNameOf(entry) == address; });
+    return true;
+  });
 }
 
 }  // namespace zemva

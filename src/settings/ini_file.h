@@ -147,7 +147,6 @@ class ZEMVA_API IniFile {
  private:
   static bool WriteDefaultProject(const char* addr, const char* title, const char* name);
 
-  int CountProjects();
   // The raw value, as it is stored.
   const char* GetSecondaryDatasetFileName(int i);
   std::string InProjectDirectory(std::string_view path) const;

@@ -7,6 +7,8 @@
 #include "base/fixed_text.h"
 #include "settings/numbered_list.h"
 #include "settings/profile.h"
+#include "settings/profile_text.h"
+#include "settings/text.h"
 
 namespace zemva {
 
@@ -36,9 +38,10 @@ inline constexpr char kPrimaryDatasetSection[] = "Primary Dataset";
 inline constexpr char kPrimaryDatasetKey[] = "pd";
 inline constexpr char kPrimaryDatasetNameKey[] = "name";
 
-inline constexpr ListLayout kKnownProjects = {"Known projects", "iNProjects", "p"};
-inline constexpr ListLayout kSecondaryDatasets = {"Secondary Datasets", "iNSD", "d"};
-inline constexpr ListLayout kModels = {"Models", "iNMOD", "m"};
+inline constexpr ListLayout kKnownProjects = {"Known projects", "iNProjects", "p", 0,
+                                              LeadingInteger};
+inline constexpr ListLayout kSecondaryDatasets = {"Secondary Datasets", "iNSD", "d", 0, IntegerOf};
+inline constexpr ListLayout kModels = {"Models", "iNMOD", "m", -1, IntegerOf};
 
 // Reads a value into a field, which is empty when the key is absent, and returns the field.
 template <std::size_t Capacity>

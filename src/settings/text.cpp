@@ -68,6 +68,10 @@ bool IsSameIgnoringCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, LowerCase, LowerCase);
 }
 
+bool LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
+  return std::ranges::lexicographical_compare(a, b, {}, LowerCase, LowerCase);
+}
+
 int LeadingInteger(std::string_view text) {
   return ParseLeading<int>(text).value;
 }

@@ -14,6 +14,9 @@ inline std::string_view ViewOf(const char* text) {
 
 // Only the letters A to Z have a case, whatever the encoding.
 bool IsSameIgnoringCase(std::string_view a, std::string_view b);
+struct LessIgnoringCase {
+  bool operator()(std::string_view a, std::string_view b) const;
+};
 
 // The number at the begin of a text, behind blanks; 0 when there is none. What is too large is the
 // largest number of its sign.

@@ -102,6 +102,29 @@ TEST_F(IniFileTest, ProjectsAreAddedOnceAndTheGapIsClosed) {
   EXPECT_EQ(Known(1), "0: -");
 }
 
+TEST_F(IniFileTest, OnlyAnEntryThatGoesRenumbersTheOthers) {
+  const std::string file = IniFile::GetSettingsFile();
+  const auto with_gap = [&file] {
+    test::WriteBytes(file, "[Known projects]\niNProjects=3\np1=a\np3=c\np4=beyond\n");
+  };
+  with_gap();
+  IniFile ini(nullptr);
+  EXPECT_TRUE(ini.DeleteProject("unknown"));
+  EXPECT_EQ(Known(4), "2: a - c beyond");
+  with_gap();
+  EXPECT_TRUE(ini.DeleteProjectFromIniFile("a"));
+  EXPECT_EQ(Known(3), "1: c - -");
+  with_gap();
+  EXPECT_TRUE(ini.AdjustNumberOfKnownProjects(2));
+  EXPECT_EQ(Known(3), "2: a c -");
+  EXPECT_TRUE(ini.IncNumberOfProjects());
+  EXPECT_TRUE(ini.DecNumberOfProjects());
+  EXPECT_STREQ(ini.GetNumberOfProjects(), "2");
+  test::WriteBytes(file, "[Known projects]\niNProjects=1\np1\np1=a\n");
+  EXPECT_FALSE(ini.CheckIfProjectIsKnown("a")) << "the first of a name counts";
+  EXPECT_FALSE(ini.DecNumberOfProjects() && ini.DecNumberOfProjects());
+}
+
 TEST_F(IniFileTest, DeletingAProjectDeletesItsFile) {
   IniFile ini(nullptr);
   const std::string listed = MakeFile("listed.ini");
