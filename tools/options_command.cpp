@@ -70,6 +70,9 @@ int OptionsCommand(Arguments arguments) {
     }
     IniFile::SetIniPath(directory->c_str());
   }
+  if (IniFile::GetSettingsFile().empty()) {
+    return Fail(directory.value_or("the settings directory"), "path too long");
+  }
   return is_list ? ListOptions() : SetOption(words[1], words[2]);
 }
 

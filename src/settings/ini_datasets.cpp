@@ -11,21 +11,21 @@ std::string IniFile::InProjectDirectory(std::string_view path) const {
 }
 
 bool IniFile::MakePath2CurrentProjectDirctory(char* path) {
+  if (path == nullptr) return false;
   const std::string moved = InProjectDirectory(path);
-  const bool fits = moved.size() <= PathText::kCapacity;
+  const bool fits = IsPathThatFits(moved);
   CopyText(path, PathText::kCapacity + 1, fits ? moved.c_str() : "");
   return fits;
 }
 
 const char* IniFile::GetMainDatasetAddress() {
-  ReadInto(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
+  ReadAddress(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
   if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
   return value_.Get();
 }
 
 bool IniFile::SetMainDatasetAddress(const char* addr) {
-  return Profile::OfThisSystem().Write({kPrimaryDatasetSection, kPrimaryDatasetKey, addr},
-                                       project_file_.Get());
+  return WriteAddress(kPrimaryDatasetSection, kPrimaryDatasetKey, addr, project_file_.Get());
 }
 
 bool IniFile::SetMainDatasetName(const char* name) {
@@ -47,8 +47,8 @@ bool IniFile::DecNumberOfSecondaryDatasets() {
 }
 
 const char* IniFile::GetSecondaryDatasetFileName(int i) {
-  return ReadInto(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
-                  project_file_.Get());
+  return ReadAddress(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
+                     project_file_.Get());
 }
 
 const char* IniFile::GetSecondaryDatasetAddress(int i) {
@@ -91,8 +91,7 @@ bool IniFile::SetNumberOfModels(const char* count) {
 }
 
 bool IniFile::SetNewModelAddress(const char* key, const char* addr) {
-  return key != nullptr &&
-         Profile::OfThisSystem().Write({kModels.section, key, addr}, project_file_.Get());
+  return key != nullptr && WriteAddress(kModels.section, key, addr, project_file_.Get());
 }
 
 const char* IniFile::GetModelAddress(short i) {
@@ -100,7 +99,7 @@ const char* IniFile::GetModelAddress(short i) {
 }
 
 const char* IniFile::GetModelAddress(const char* key) {
-  ReadInto(value_, kModels.section, key, project_file_.Get());
+  ReadAddress(value_, kModels.section, key, project_file_.Get());
   if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
   return value_.Get();
 }

@@ -35,7 +35,7 @@ const char* IniFile::GetProjectAddress(short i) {
 }
 
 const char* IniFile::GetProjectAddressByString(const char* key) {
-  return ReadInto(value_, kKnownProjects.section, key, settings_file_.Get());
+  return ReadAddress(value_, kKnownProjects.section, key, settings_file_.Get());
 }
 
 bool IniFile::CheckIfProjectIsKnown(const char* addr) {

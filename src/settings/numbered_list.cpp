@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "settings/path_text.h"
 #include "settings/text.h"
 
 namespace zemva {
@@ -41,7 +42,7 @@ bool NumberedList::Contains(const Matcher& matches) const {
 }
 
 bool NumberedList::Append(std::string_view address) {
-  if (!RaiseCount(*this)) return false;
+  if (!IsPathThatFits(address) || !RaiseCount(*this)) return false;
   entries_.insert_or_assign(count_, std::string(address));
   return true;
 }

@@ -38,7 +38,8 @@ class NumberedList {
   bool Contains(const Matcher& matches) const;
 
   void SetCount(int count) { count_ = count; }
-  // Adds the entry behind the count. False when the count can grow no more.
+  // Adds the entry behind the count. False when the address does not fit a path or the count can
+  // grow no more.
   bool Append(std::string_view address);
   // Removes the first `most` entries that match and returns how many there were. The others get the
   // numbers from 1 on, and the count becomes theirs; where none matches, nothing changes.

@@ -76,6 +76,23 @@ TEST_F(IniFileTest, TheSettingsFileStandsInADirectoryThatExists) {
   EXPECT_TRUE(IniFile::GetSettingsFile().starts_with(windows));
 }
 
+TEST_F(IniFileTest, ASettingsDirectoryThatIsTooLongIsNotTakenForNone) {
+  std::string folder = settings_.Path().string() + "/";
+  const std::size_t padding = std::max<std::size_t>(folder.size(), 254) - folder.size();
+  folder.append(padding, 'd');
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) GTEST_SKIP() << "the system knows no such directories";
+  for (const std::string& directory : {folder, folder + "/eeeeee"}) {
+    std::filesystem::create_directories(directory, error);
+    IniFile::SetIniPath(directory.c_str());
+    EXPECT_EQ(IniFile::GetSettingsFile(), "");
+    EXPECT_FALSE(PrjOpt(true).SaveGlobal());
+    EXPECT_FALSE(PrjOpt(true).LoadGlobal());
+    EXPECT_FALSE(IniFile::CreateVardoIniFile());
+  }
+}
+
 TEST_F(IniFileTest, ANewSettingsFileHoldsNoProjectsAndTheDefaults) {
   Set(IniFile::GetSettingsFile(), "Miscelaneous", "old", "1");
   EXPECT_TRUE(IniFile::CreateVardoIniFile());
@@ -236,6 +253,7 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
       {"D:\\proj", "D:\\proj\\"},
       {"D:\\", "D:\\"},
       {"D:/proj", "D:/proj\\"},
+      {"a/b\\c", "a/b\\c\\"},
       {"\\\\host\\x", "\\\\host\\x\\"},
       {"/proj", "/proj/"},
       {"/proj/", "/proj/"},
@@ -249,9 +267,37 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
 }
 
 TEST_F(IniFileTest, AnAddressThatDoesNotFitNamesNoFile) {
-  const std::string folder = Address(std::string(255, 'd')) + "/" + std::string(50, 'n');
-  IniFile ini((folder + ".ini").c_str());
-  EXPECT_FALSE(ini.SetCurrentProjectTitle("x"));
+  const std::string project = Address("p.ini");
+  const std::string longest(259, 'a');
+  const std::string too_long = longest + 'b';
+  IniFile ini(project.c_str());
+  EXPECT_STREQ(ini.MakeNewProject(too_long.c_str(), "", ""), "");
+  EXPECT_FALSE(ini.AddNewProjectAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.SetCurrentProjectAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.SetDefaultProjectDirectory(too_long.c_str()));
+  EXPECT_FALSE(ini.SetMainDatasetAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.AddSecondaryDataset("", too_long.c_str()));
+  EXPECT_FALSE(ini.SetNewModelAddress("m1", too_long.c_str()));
+  EXPECT_FALSE(ini.AddModel(too_long.c_str()));
+  EXPECT_FALSE(std::filesystem::exists(project));
+  EXPECT_TRUE(ini.AddNewProjectAddress(longest.c_str()));
+  EXPECT_EQ(ini.GetProjectAddress(1), longest);
+  EXPECT_FALSE(IniFile(too_long.c_str()).SetCurrentProjectTitle("x"));
+
+  // Cut, the address that a file holds would name a file that exists.
+  std::string existing = Address("");
+  existing.append(std::max<std::size_t>(existing.size(), 230) - existing.size(), 'd') += '/';
+  std::filesystem::create_directories(existing);
+  existing.append(259 - existing.size(), 'p');
+  test::WriteBytes(existing, "kept");
+  Set(IniFile::GetSettingsFile(), "Current project", "Project", (existing + ".ini").c_str());
+  EXPECT_STREQ(ini.GetCurrentProjectAddress(), "");
+  EXPECT_FALSE(ini.MoveCurrentProject(Address("new.ini").c_str()));
+  EXPECT_TRUE(ini.UpdateOldIniFile());
+  EXPECT_FALSE(ini.SetCurrentProjectName("x"));
+  EXPECT_EQ(test::ReadBytes(existing), "kept");
+
+  EXPECT_FALSE(ini.MakePath2CurrentProjectDirctory(nullptr));
   EXPECT_TRUE(ini.SaveGlobalMiscOption("long", std::string(1000, 'x').c_str()));
   EXPECT_EQ(ini.GetGlobalMiscOption("long"), std::string(259, 'x'));
 }
