@@ -108,15 +108,19 @@ bool Options::SaveGlobal() {
     const auto type = static_cast<EOptType>(number);
     values.push_back({kOptionsSection, OptionRow(type).key, GetValue(type)});
   }
-  if (!Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str())) return false;
   ResetChangeFlag();
-  return true;
+  return Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str());
 }
 
 bool Options::SaveGlobalValue(EOptType type) const {
   if (!IsGlobalOption(type)) return false;
-  return Profile::OfThisSystem().Write({kOptionsSection, OptionRow(type).key, GetValue(type)},
-                                       IniFile::GetSettingsFile().c_str());
+  const std::string file = IniFile::GetSettingsFile();
+  const char* key = OptionRow(type).key;
+  if (!Profile::OfThisSystem().Write({kOptionsSection, key, GetValue(type)}, file.c_str())) {
+    return false;
+  }
+  FixedText<kLongestValue> stored;
+  return ReadInto(stored, kOptionsSection, key, file.c_str()) == ViewOf(GetValue(type));
 }
 
 const char* Options::GetString(EOptType type) {

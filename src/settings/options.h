@@ -58,11 +58,11 @@ class ZEMVA_API Options {
   // file get the default. False when the file cannot be read, and the options are as they were, or
   // when a default could not be written.
   bool LoadGlobal();
-  // Writes the global options and clears the change flag. False, with the flag as it was, when the
-  // file could not be written.
+  // Writes the global options and clears the change flag. False when the file could not be written.
   bool SaveGlobal();
-  // Writes one global option, and leaves to others what they wrote. False when `type` is none or
-  // the file could not be written.
+  // Writes one global option, and leaves to others what they wrote. False when `type` is none,
+  // when the file could not be written, or when it does not give the value back as it is: blanks
+  // and quotes around one are lost.
   bool SaveGlobalValue(EOptType type) const;
   // Do nothing: no options are kept with a project.
   void LoadLocal() {}

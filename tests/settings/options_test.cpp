@@ -16,8 +16,8 @@ TEST(Options, LegalValues) {
   const std::string missing = folder.File("none");
   struct Case {
     EOptType type;
-    std::vector<const char*> legal;
-    std::vector<const char*> illegal;
+    std::vector<std::string> legal;
+    std::vector<std::string> illegal;
   };
   const Case cases[] = {
       {EOptType::CompLimLoa,
@@ -27,6 +27,9 @@ TEST(Options, LegalValues) {
        {"-1e300", "0", "-0", "12345678901234567890"},
        {"inf", "-nan", "1e999", "--1", "+-1", "infinity"}},
       {EOptType::MaxIter, {"0", " 200 ", "+7"}, {"-1", "1.0", "", "1e3", "99999999999", "x"}},
+      {EOptType::SignLev,
+       {"1e-400", "-1e-400", "1e-99999999999", "1" + std::string(400, '0') + "e-800"},
+       {"1e400", "0." + std::string(400, '0') + "1e800"}},
       {EOptType::MaxMisValPS, {"0", "100"}, {"-0.1", "100.1"}},
       {EOptType::VarPltMarkLen, {"1", "25"}, {"0", "26"}},
       {EOptType::LogCompLim, {"On", "Off"}, {"on", "1", " On", ""}},
@@ -43,11 +46,11 @@ TEST(Options, LegalValues) {
   };
   for (const auto& [type, legal, illegal] : cases) {
     const char* key = Options::GetString(type);
-    for (const char* value : legal) {
-      EXPECT_TRUE(Options::IsLegalValue(type, value)) << key << " " << value;
+    for (const std::string& value : legal) {
+      EXPECT_TRUE(Options::IsLegalValue(type, value.c_str())) << key << " " << value;
     }
-    for (const char* value : illegal) {
-      EXPECT_FALSE(Options::IsLegalValue(type, value)) << key << " " << value;
+    for (const std::string& value : illegal) {
+      EXPECT_FALSE(Options::IsLegalValue(type, value.c_str())) << key << " " << value;
     }
     EXPECT_FALSE(Options::IsLegalValue(type, nullptr));
   }
@@ -130,6 +133,20 @@ TEST_F(GlobalOptionsTest, IllegalValuesAreReplacedInTheFileToo) {
   EXPECT_EQ(options.GetFormatNumber(), 3) << "is no global option";
 }
 
+TEST_F(GlobalOptionsTest, AFileThatLacksNothingIsOnlyRead) {
+  const std::string file = IniFile::GetSettingsFile();
+  EXPECT_TRUE(PrjOpt(true).LoadGlobal());
+  const std::filesystem::file_time_type old(std::chrono::hours(1));
+  std::filesystem::last_write_time(file, old);
+  EXPECT_TRUE(PrjOpt(true).LoadGlobal());
+  EXPECT_EQ(std::filesystem::last_write_time(file), old);
+  test::WriteBytes(file, "[Options]\nNCV\nNCV=9\n");
+  PrjOpt options(true);
+  EXPECT_TRUE(options.LoadGlobal());
+  EXPECT_EQ(options.GetNCV(), 7) << "the first of a name counts";
+  EXPECT_EQ(InFile("NCV"), "7");
+}
+
 TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   PrjOpt first(true);
   first.LoadGlobal();
@@ -146,9 +163,12 @@ TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   EXPECT_EQ(second.GetMaxIter(), 10);
   EXPECT_EQ(second.GetNCV(), 5) << "that value was not to be saved";
 
+  first.SetValue(EOptType::NCV, "6 ");
+  EXPECT_FALSE(first.SaveGlobalValue(EOptType::NCV)) << "the blank is lost";
+
   std::filesystem::remove_all(folder_.Path());
   EXPECT_FALSE(first.SaveGlobal());
-  EXPECT_TRUE(first.IsChanged());
+  EXPECT_FALSE(first.IsChanged());
 }
 
 // Words that SetValue refuses cannot be brought in; an enumeration's other legal words can.
