@@ -42,12 +42,14 @@ float Options::GetFloatValue(EOptType type) const {
 }
 
 bool Options::SetValue(EOptType type, const char* value) {
-  if (!IsLegalValue(type, value)) return false;
-  auto& cell = values_[static_cast<std::size_t>(type)];
-  if (ViewOf(value).size() > kLongestValue) return false;
-  cell.Set(value);
+  if (!IsLegalValue(type, value) || ViewOf(value).size() > kLongestValue) return false;
+  SetText(type, value);
   SetChangeFlag();
   return true;
+}
+
+void Options::SetText(EOptType type, const char* text) {
+  if (IsOption(type)) values_[static_cast<std::size_t>(type)].Set(text);
 }
 
 EOptType Options::GetOptType(const char* key) {

@@ -92,6 +92,9 @@ class ZEMVA_API Options {
   Options(const Options&) = default;
   Options& operator=(const Options&) = default;
 
+  // Sets the text of an option, cut at 259 characters, legal or not.
+  void SetText(EOptType type, const char* text);
+
  private:
   // Fills the global options, and returns what the file lacks.
   std::vector<KeyChange> TakeOver(const std::vector<ProfileEntry>& entries);

@@ -341,6 +341,11 @@ TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
   EXPECT_TRUE(ini.RemoveModel("B.mdl"));
   EXPECT_TRUE(ini.RemoveModel("b.mdl"));
   EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
+  EXPECT_TRUE(ini.AddModel("x\\d.mdl"));
+  EXPECT_TRUE(ini.RemoveModel(Address("d.mdl").c_str()));  // not as it was stored
+  EXPECT_EQ(Models(project, 2), "2: z.mdl c.mdl x\\d.mdl");
+  EXPECT_TRUE(ini.RemoveModel("x\\d.mdl"));
+  EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
   EXPECT_TRUE(ini.DeleteSection("Models"));
   EXPECT_EQ(ini.GetNumberOfModels(), -1);
 }
@@ -348,20 +353,32 @@ TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
 TEST_F(IniFileTest, OldFilesAreCleaned) {
   const std::string file = IniFile::GetSettingsFile();
   const std::string project = MakeFile("p.ini");
+  std::vector<std::pair<const char*, const char*>> cleaned = {{"Userinfo", "Name"}};
+  for (const char* key :
+       {"Created", "Backup", "Observations", "Samples", "Variables", "Channels", "Directory"}) {
+    cleaned.emplace_back("VardoP", key);
+  }
+  for (const char* key :
+       {"NumberFormat", "PltTempl", "SVNetwork",    "SVNode",       "TimeMode",    "TimeMarkLen",
+        "TimeMarkSta",  "LogFont",  "LogFontSize",  "LogWrapMode",  "DPObs",       "DPObj",
+        "DPLoa",        "DPScr",    "DPVar",        "DPVari",       "DPProb",      "LogBlowup",
+        "MaxMisValObs", "NitMax",   "MaxMisValVar", "MaxMisValObj", "OverlapMode", "MenuMode"}) {
+    cleaned.emplace_back("Options", key);
+  }
   for (const char* version : {"2.9", "3.0"}) {
     IniFile ini(project.c_str());
     ini.SetProjectFileVersion(version);
-    Set(file, "VardoP", "Samples", "1");
-    Set(file, "Options", "NitMax", "1");
+    for (const auto& [section, key] : cleaned) Set(file, section, key, "1");
     Set(file, "Options", "CrossValidation", "On");
-    Set(file, "Userinfo", "Name", "1");
+    Set(file, "Options", "NCV", "5");
     Set(file, "Current project", "Project", "other.ini");
     EXPECT_TRUE(ini.UpdateOldIniFile());
-    const std::string kept = version == std::string("3.0") ? "1" : "(none)";
-    EXPECT_EQ(Setting("VardoP", "Samples"), kept);
-    EXPECT_EQ(Setting("Options", "NitMax"), kept);
-    EXPECT_EQ(Setting("Userinfo", "Name"), kept);
-    EXPECT_EQ(Setting("Options", "CrossValidation"), kept == "1" ? "On" : "CV");
+    const bool is_kept = version == std::string("3.0");
+    for (const auto& [section, key] : cleaned) {
+      EXPECT_EQ(Setting(section, key), is_kept ? "1" : "(none)") << key;
+    }
+    EXPECT_EQ(Setting("Options", "CrossValidation"), is_kept ? "On" : "CV");
+    EXPECT_EQ(Setting("Options", "NCV"), "5");
     EXPECT_STREQ(ini.GetProjectFileVersion(), "") << "the current project is another one now";
   }
 }
