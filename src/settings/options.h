@@ -16,10 +16,9 @@ namespace zemva {
 struct KeyChange;
 struct ProfileEntry;
 
-// Holds a value for each of the 40 options; those numbered 1 to 36 are
-// "global": they stand in the section "Options" of the settings file (see
-// IniFile::GetSettingsFile). Nothing here reports an error: what is illegal in the file is replaced
-// by its default.
+// Holds a value for each of the 40 options; those numbered 1 to 36 are "global": they stand in the
+// section "Options" of the settings file (see IniFile::GetSettingsFile). What is illegal in the
+// file is replaced by its default.
 class ZEMVA_API Options {
  public:
   // The most characters of a value.
