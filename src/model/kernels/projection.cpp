@@ -64,7 +64,7 @@ Projection::Projection(const ResidualMatrix& matrix, const LeftOut& left_out, co
     : matrix_(matrix),
       left_out_(left_out),
       lanes_(lanes),
-      has_gaps_(!matrix.IsComplete() || !left_out.IsNothing()),
+      has_gaps_(!matrix.IsComplete() || left_out.HasElements()),
       sums_(matrix.PaddedLength()),
       lost_(matrix.ColumnCount()),
       weights_(matrix.PaddedLength()) {
@@ -265,9 +265,7 @@ float Projection::ScoreOf(std::size_t row, double sum, const RowPass& pass) {
 
 double Projection::UsableWeightSquares(std::size_t row) const {
   double squares = 0;
-  for (std::size_t k = 0; k < matrix_.ColumnCount(); ++k) {
-    if (!matrix_.IsHole(row, k)) squares += Square(weights_[k]);
-  }
+  matrix_.ForEachPresent(row, [&](std::size_t k) { squares += Square(weights_[k]); });
   return squares;
 }
 
