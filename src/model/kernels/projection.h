@@ -93,6 +93,7 @@ class Projection {
   void ClearSums();
   void OpenClass(std::size_t row_class);
   void AddBlock(const Block& block, std::span<const float> scores);
+  std::size_t DistanceToNext(const Block& block) const;
   void CloseClass(std::size_t row_class);
   double UsableScoreSquares(std::size_t column, std::span<const float> scores) const;
 
