@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
+#include <iterator>
+#include <optional>
 
 namespace zemva::tools {
 namespace {
@@ -27,66 +31,51 @@ void AppendUtf8(std::string& out, unsigned character) {
   }
 }
 
-constexpr char32_t kInvalid = 0xFFFFFFFF;
+unsigned ByteAt(std::string_view text, std::size_t i) {
+  return static_cast<unsigned char>(text[i]);
+}
 
-// Takes the next character off the front of a text that is not empty; kInvalid for bytes that are
-// no UTF-8.
-char32_t TakeCharacter(std::string_view& text) {
-  const auto byte_at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned lead = byte_at(0);
-  const std::size_t size = lead < 0x80   ? 1
-                           : lead < 0xC2 ? 0
-                           : lead < 0xE0 ? 2
-                           : lead < 0xF0 ? 3
-                           : lead < 0xF5 ? 4
-                                         : 0;
-  if (size == 0 || size > text.size()) return kInvalid;
-  char32_t character = size == 1 ? lead : lead & (0x7Fu >> size);
-  for (std::size_t i = 1; i < size; ++i) {
-    if ((byte_at(i) & 0xC0) != 0x80) return kInvalid;
-    character = character << 6 | (byte_at(i) & 0x3F);
+// Takes the first character off a text that is not empty; none when it is not UTF-8.
+std::optional<char32_t> TakeCharacter(std::string_view& text) {
+  constexpr std::array<char32_t, 5> kSmallestOfLength = {0, 0, 0x80, 0x800, 0x10000};
+  const unsigned lead = ByteAt(text, 0);
+  const auto ones = static_cast<std::size_t>(std::countl_one(static_cast<std::uint8_t>(lead)));
+  const std::size_t length = std::max<std::size_t>(ones, 1);
+  if (ones == 1 || ones > 4 || length > text.size()) return std::nullopt;
+  char32_t character = lead & (0xFFU >> (ones == 0 ? 0 : ones + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    const unsigned byte = ByteAt(text, i);
+    if ((byte & 0xC0) != 0x80) return std::nullopt;
+    character = character << 6 | (byte & 0x3F);
   }
-  // Forms that are longer than need be, surrogates, and what lies beyond the last character.
-  constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-  if (character < kSmallest[size] || (0xD800 <= character && character < 0xE000) ||
-      character > 0x10FFFF) {
-    return kInvalid;
+  const bool is_surrogate = 0xD800 <= character && character <= 0xDFFF;
+  if (character < kSmallestOfLength[length] || is_surrogate || character > 0x10FFFF) {
+    return std::nullopt;
   }
-  text.remove_prefix(size);
+  text.remove_prefix(length);
   return character;
 }
 
-// The byte of a character; 0 when the code page does not have it.
-char ByteOf(char32_t character) {
-  if (character < 0x80 || (0xA0 <= character && character < 0x100)) {
+std::optional<char> ByteOf(char32_t character) {
+  if (character < 0x80 || (0xA0 <= character && character <= 0xFF)) {
     return static_cast<char>(character);
   }
-  const auto place = std::ranges::find(kHighControls, character);
-  return place == kHighControls.end() ? '\0'
-                                      : static_cast<char>(0x80 + (place - kHighControls.begin()));
+  const auto* found = std::find(kHighControls.begin(), kHighControls.end(), character);
+  if (found == kHighControls.end()) return std::nullopt;
+  return static_cast<char>(0x80 + std::distance(kHighControls.begin(), found));
 }
 
 }  // namespace
 
-std::string CodePageFromUtf8(std::string_view text, bool& is_whole) {
-  std::string out;
-  is_whole = true;
-  while (!text.empty()) {
-    const char32_t character = TakeCharacter(text);
-    if (character == kInvalid) break;
-    const char byte = ByteOf(character);
-    is_whole = is_whole && byte != '\0';
-    out += byte == '\0' ? '?' : byte;
-  }
-  is_whole = is_whole && text.empty();
-  return out;
-}
-
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    if (TakeCharacter(text) == kInvalid) return false;
-  }
-  return true;
+std::string PrintableFromCodePage(std::string_view text) {
+  const auto is_control = [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool is_open = 0x80 <= byte && byte < 0xA0 && kHighControls[byte - 0x80] == byte;
+    return byte < 0x20 || byte == 0x7F || is_open;
+  };
+  std::string printable(text);
+  std::ranges::replace_if(printable, is_control, '?');
+  return Utf8FromCodePage(printable);
 }
 
 std::string Utf8FromCodePage(std::string_view text) {
@@ -95,6 +84,24 @@ std::string Utf8FromCodePage(std::string_view text) {
   for (const char c : text) {
     const unsigned byte = static_cast<unsigned char>(c);
     AppendUtf8(out, 0x80 <= byte && byte < 0xA0 ? kHighControls[byte - 0x80] : byte);
+  }
+  return out;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    if (!TakeCharacter(text)) return false;
+  }
+  return true;
+}
+
+std::string CodePageFromUtf8(std::string_view text, std::size_t& lost) {
+  std::string out;
+  lost = 0;
+  while (!text.empty()) {
+    const std::optional<char> byte = ByteOf(TakeCharacter(text).value());
+    if (!byte) ++lost;
+    out += byte.value_or('?');
   }
   return out;
 }

@@ -2,6 +2,7 @@
 #ifndef ZEMVA_TOOLS_CODE_PAGE_H
 #define ZEMVA_TOOLS_CODE_PAGE_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,12 +12,15 @@ namespace zemva::tools {
 // characters of the same number.
 std::string Utf8FromCodePage(std::string_view text);
 
-// What the code page has no character for becomes a question mark, and so does a zero byte, which
-// would end the text; `is_whole` is then false. `text` is valid UTF-8.
-std::string CodePageFromUtf8(std::string_view text, bool& is_whole);
+// The same for a screen: control characters, which could steer it, become question marks.
+std::string PrintableFromCodePage(std::string_view text);
 
-// Whether the text is valid UTF-8.
+// Whether the bytes are UTF-8 throughout: no overlong forms, surrogates or numbers beyond Unicode.
 bool IsUtf8(std::string_view text);
+
+// The other way, for a text that IsUtf8. A '?' stands for each character that the code page has
+// not; `lost` is how many there are.
+std::string CodePageFromUtf8(std::string_view text, std::size_t& lost);
 
 }  // namespace zemva::tools
 

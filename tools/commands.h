@@ -28,6 +28,9 @@ int Fail(std::string_view what, std::string_view why);
 // The same for a status code, with its text and number.
 int Fail(std::string_view what, int status);
 
+// Says the same of what was changed on the way.
+void Tell(std::string_view what, std::string_view change);
+
 // Says how the program is to be used, and returns kWrongUsage.
 int WrongUsage(std::string_view why);
 

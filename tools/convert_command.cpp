@@ -1,23 +1,27 @@
-// A table in a CSV file becomes the data set of a project file.
-#include <algorithm>
+// A table of comma-separated values becomes the data set of a project file.
+#include <array>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "base/native_path.h"
 #include "code_page.h"
 #include "commands.h"
-#include "csv_table.h"
+#include "csv_reader.h"
 #include "data/dataset.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
 
 namespace zemva::tools {
 namespace {
+
+constexpr std::size_t kLongestDatasetName = 24;
+constexpr std::size_t kLongestTitle = 60;
 
 struct ConvertOptions {
   std::string in;
@@ -37,106 +41,122 @@ std::optional<ConvertOptions> ParseOptions(Arguments arguments) {
       options.title = arguments[++i];
     } else if (arguments[i] == "--repair") {
       options.is_repairing = true;
-    } else if (arguments[i].starts_with('-') || !options.out.empty()) {
+    } else if (arguments[i].starts_with('-')) {
       return std::nullopt;
+    } else if (options.in.empty()) {
+      options.in = arguments[i];
+    } else if (options.out.empty()) {
+      options.out = arguments[i];
     } else {
-      (options.in.empty() ? options.in : options.out) = arguments[i];
+      return std::nullopt;
     }
   }
   return options.out.empty() ? std::nullopt : std::optional(options);
 }
 
-std::string Place(const std::string& file, const CsvProblem& problem) {
-  std::string place = file;
-  if (problem.line > 0) place += ":" + std::to_string(problem.line);
-  if (problem.column > 0) place += ":" + std::to_string(problem.column);
-  return place;
+std::optional<std::string> ReadFile(const std::string& name) {
+  const std::filesystem::path path = NativePath(name);
+  const auto close = [](std::FILE* stream) { std::fclose(stream); };
+  const std::unique_ptr<std::FILE, decltype(close)> file(OpenFile(path, "rb"));
+  if (file == nullptr) return std::nullopt;
+  std::string bytes;
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  if (!error) bytes.reserve(static_cast<std::size_t>(size));
+  std::array<char, 1 << 16> block;
+  while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
+    bytes.append(block.data(), got);
+  }
+  return std::ferror(file.get()) != 0 ? std::nullopt : std::optional(std::move(bytes));
 }
 
-constexpr std::size_t kNameCapacity = 24;
-constexpr std::size_t kTitleCapacity = 60;
-
-// A text of the command line in the code page; nothing when it has other characters. Where the
-// system gives arguments in the code page, they are no valid UTF-8.
-std::optional<std::string> CodePageText(const std::string& text) {
-  if (!IsUtf8(text)) return text;
-  bool is_whole = true;
-  std::string converted = CodePageFromUtf8(text, is_whole);
-  return is_whole ? std::optional(converted) : std::nullopt;
+// A text of the command line in the code page, and whether that and the field have all of it. On a
+// system that works in the code page it comes in it.
+std::string FieldText(std::string_view text, std::size_t capacity, bool& fits) {
+  std::size_t lost = 0;
+  const std::string bytes = IsUtf8(text) ? CodePageFromUtf8(text, lost) : std::string(text);
+  fits = lost == 0 && bytes.size() <= capacity;
+  return bytes.substr(0, capacity);
 }
 
-// The name of the data set: the one that is asked for, or that of its file as far as it fits.
-std::optional<std::string> NameOf(const ConvertOptions& options) {
-  if (!options.name) {
-    const std::string stem = std::filesystem::path(options.out).stem().string();
-    return CodePageText(stem).value_or("Data set").substr(0, kNameCapacity);
+// Sets a field from an option. False when it does not fit and is not to be repaired.
+template <class Set>
+bool SetField(const std::optional<std::string>& value, const char* option, std::size_t capacity,
+              bool is_repairing, Set set) {
+  if (!value) return true;
+  bool fits = true;
+  const std::string text = FieldText(*value, capacity, fits);
+  if (!fits) {
+    std::string message = "more than ";
+    message += std::to_string(capacity);
+    message += " characters, or one not in code page 1252";
+    if (is_repairing) message += ": stored as '" + Utf8FromCodePage(text) + "'";
+    Tell(option, message);
+    if (!is_repairing) return false;
   }
-  const std::optional<std::string> name = CodePageText(*options.name);
-  return name && name->size() <= kNameCapacity ? name : std::nullopt;
+  set(text.c_str());
+  return true;
 }
 
-// A data set takes over its parts.
-struct Parts {
-  std::unique_ptr<XFMatrix> matrix;
-  std::unique_ptr<ObsInfo> observations = std::make_unique<ObsInfo>("ObsInfo");
-  std::unique_ptr<VarInfo> variables = std::make_unique<VarInfo>("VarInfo");
-};
+// The header of the data set to write: that of the one it replaces, else a new one named after the
+// table. Its status is that of the file which it is to go into.
+void StartHeader(const ConvertOptions& options, Dataset& header) {
+  std::error_code error;
+  if (std::filesystem::exists(NativePath(options.out), error)) {
+    header.LoadListProject();
+    return;
+  }
+  bool fits = true;
+  const std::string stem = NativePath(options.in).stem().string();
+  header.SetDSNum(1);
+  header.SetDSNam(FieldText(stem, kLongestDatasetName, fits).c_str());
+}
 
-Parts PartsOf(const CsvTable& table, const std::string& name) {
-  Parts parts;
-  const int rows = static_cast<int>(table.observation_names.size());
-  const int columns = static_cast<int>(table.variable_names.size());
-  parts.matrix = std::make_unique<XFMatrix>(name.c_str(), rows, columns, Unfilled{});
-  auto value = table.values.begin();
-  for (int i = 1; i <= rows; ++i) {
-    std::copy_n(value, columns, (*parts.matrix)[i] + 1);
-    value += columns;
-    const auto row = static_cast<std::size_t>(i - 1);
-    parts.observations->AddObs(table.observation_numbers[row],
-                               table.observation_names[row].c_str());
+int SaveTable(CsvTable table, const Dataset& header, StreamWindow& window) {
+  Dataset dataset(header.GetDSNam(), header.GetDSAddr(), window, table.values.get(),
+                  table.observations.get(), table.variables.get());
+  if (!dataset.IsLoaded()) return dataset.GetStatus();
+  // The data set has taken them over.
+  table.values.release();
+  table.observations.release();
+  table.variables.release();
+  dataset.SetDSNum(header.GetDSNum());
+  dataset.SetDSTitle(header.GetDSTitle());
+  return dataset.Save();
+}
+
+int Convert(const ConvertOptions& options) {
+  StreamWindow discard;
+  Dataset header("Convert", options.out.c_str(), discard);
+  if (header.GetStatus() == status::kOk) StartHeader(options, header);
+  if (header.GetStatus() != status::kOk) return Fail(options.out, header.GetStatus());
+  const auto set_name = [&](const char* name) { header.SetDSNam(name); };
+  const auto set_title = [&](const char* title) { header.SetDSTitle(title); };
+  if (!SetField(options.name, "--name", kLongestDatasetName, options.is_repairing, set_name) ||
+      !SetField(options.title, "--title", kLongestTitle, options.is_repairing, set_title)) {
+    return kFailed;
   }
-  for (int j = 1; j <= columns; ++j) {
-    parts.variables->AddVar(static_cast<short>(j),
-                            table.variable_names[static_cast<std::size_t>(j - 1)].c_str());
+  const std::optional<std::string> bytes = ReadFile(options.in);
+  if (!bytes) return Fail(options.in, "cannot be read");
+  CsvRepairs::Report report;
+  if (options.is_repairing) {
+    report = [&](const std::string& message) { Tell(options.in, message); };
   }
-  return parts;
+  CsvTable table;
+  try {
+    table = ReadCsv(*bytes, CsvRepairs(report));
+  } catch (const CsvError& error) {
+    return Fail(options.in, error.what());
+  }
+  const int saved = SaveTable(std::move(table), header, discard);
+  return saved == status::kOk ? kDone : Fail(options.out, saved);
 }
 
 }  // namespace
 
 int ConvertCommand(Arguments arguments) {
   const std::optional<ConvertOptions> options = ParseOptions(arguments);
-  if (!options) return WrongUsage("convert takes a CSV file and the file to make of it");
-  const std::optional<std::string> name = NameOf(*options);
-  if (!name) return Fail(*options->name, "is no name of a data set (at most 24 characters)");
-  const std::optional<std::string> title = CodePageText(options->title.value_or(""));
-  if (!title || title->size() > kTitleCapacity) {
-    return Fail(*options->title, "is no title of a data set (at most 60 characters)");
-  }
-
-  std::ifstream in(NativePath(options->in), std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (!in.is_open() || in.bad()) return Fail(options->in, "cannot be read");
-
-  RepairLog repair;
-  if (options->is_repairing) {
-    repair = [&](const CsvProblem& problem) {
-      std::fprintf(stderr, "%s: %s\n", Place(options->in, problem).c_str(), problem.reason.c_str());
-    };
-  }
-  Parts parts;
-  try {
-    parts = PartsOf(ReadCsvTable(std::move(text), repair), *name);
-  } catch (const CsvProblem& problem) {
-    return Fail(Place(options->in, problem), problem.reason);
-  }
-  Dataset dataset(name->c_str(), options->out.c_str(), GlobalStreamWindow(), parts.matrix.release(),
-                  parts.observations.release(), parts.variables.release());
-  if (dataset.GetStatus() != status::kOk) return Fail(options->out, dataset.GetStatus());
-  dataset.SetDSNum(1);
-  if (options->title) dataset.SetDSTitle(title->c_str());
-  const int status = dataset.Save();
-  return status == status::kOk ? kDone : Fail(options->out, status);
+  return options ? Convert(*options) : WrongUsage("convert takes two files");
 }
 
 }  // namespace zemva::tools

@@ -1,13 +1,16 @@
 // The grid of a file as a host application receives it: this command knows the plug-in only through
 // the twelve functions that it finds in the library by name.
+#include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <variant>
+#include <unordered_map>
 #include <vector>
 
 #include "base/atomic_file.h"
+#include "base/native_path.h"
 #include "code_page.h"
 #include "commands.h"
 #include "csv_writer.h"
@@ -23,43 +26,59 @@ struct ImportOptions {
   std::optional<std::string> plugin;
 };
 
-// The host's grid: an ImportGrid that knows where its cells are.
+// The host's grid: an ImportGrid that knows what is in its cells. Most of them hold numbers.
 class Grid : public ImportGrid {
  public:
-  using Cell = std::variant<std::monostate, float, std::string>;
-
   Grid(int row_count, int column_count)
       : ImportGrid{SetNumber, SetText, nullptr, row_count, column_count},
-        cells_(static_cast<std::size_t>(row_count) * static_cast<std::size_t>(column_count)) {}
-
-  const Cell& At(int row, int column) const { return cells_[Index(row, column)]; }
+        numbers_(static_cast<std::size_t>(row_count) * static_cast<std::size_t>(column_count)),
+        is_number_(numbers_.size()) {}
 
   // Whether the plug-in named a cell that is not in the grid.
   bool IsOverrun() const { return is_overrun_; }
 
- private:
-  static void ZEMVA_CALL SetNumber(ImportGrid* grid, int row, int column, float value) {
-    static_cast<Grid*>(grid)->Set(row, column, value);
-  }
-  static void ZEMVA_CALL SetText(ImportGrid* grid, int row, int column, const char* text) {
-    static_cast<Grid*>(grid)->Set(row, column, text);
-  }
-
-  std::size_t Index(int row, int column) const {
-    return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(columns) +
-           static_cast<std::size_t>(column - 1);
-  }
-
-  template <class Value>
-  void Set(int row, int column, Value value) {
-    if (row < 1 || row > rows || column < 1 || column > columns) {
-      is_overrun_ = true;
-    } else {
-      cells_[Index(row, column)] = value;
+  void WriteTo(std::FILE* stream) const {
+    CsvWriter csv(stream);
+    for (std::size_t cell = 0; cell < numbers_.size(); ++cell) {
+      const auto text = texts_.find(cell);
+      if (is_number_[cell]) {
+        csv.Number(numbers_[cell]);
+      } else if (text != texts_.end()) {
+        csv.Text(Utf8FromCodePage(text->second));
+      } else {
+        csv.Empty();
+      }
+      if ((cell + 1) % static_cast<std::size_t>(columns) == 0) csv.EndRow();
     }
   }
 
-  std::vector<Cell> cells_;
+ private:
+  static void ZEMVA_CALL SetNumber(ImportGrid* grid, int row, int column, float value) {
+    static_cast<Grid*>(grid)->InCell(row, column, [&](Grid& self, std::size_t cell) {
+      self.numbers_[cell] = value;
+      self.is_number_[cell] = true;
+    });
+  }
+  static void ZEMVA_CALL SetText(ImportGrid* grid, int row, int column, const char* text) {
+    static_cast<Grid*>(grid)->InCell(row, column, [&](Grid& self, std::size_t cell) {
+      self.is_number_[cell] = false;
+      if (*text != '\0') self.texts_[cell] = text;
+    });
+  }
+
+  template <class Action>
+  void InCell(int row, int column, Action action) {
+    if (row < 1 || row > rows || column < 1 || column > columns) {
+      is_overrun_ = true;
+      return;
+    }
+    action(*this, static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(columns) +
+                      static_cast<std::size_t>(column - 1));
+  }
+
+  std::vector<float> numbers_;
+  std::vector<bool> is_number_;
+  std::unordered_map<std::size_t, std::string> texts_;  // those that are not empty
   bool is_overrun_ = false;
 };
 
@@ -134,21 +153,18 @@ class Session {
   const Plugin& plugin_;
 };
 
-void WriteGrid(const Grid& grid, std::FILE* stream) {
-  CsvWriter csv(stream);
-  for (int row = 1; row <= grid.rows; ++row) {
-    for (int column = 1; column <= grid.columns; ++column) {
-      const Grid::Cell& cell = grid.At(row, column);
-      if (const float* number = std::get_if<float>(&cell)) {
-        csv.Number(*number);
-      } else if (const std::string* text = std::get_if<std::string>(&cell)) {
-        csv.Text(Utf8FromCodePage(*text));
-      } else {
-        csv.Empty();
-      }
-    }
-    csv.EndRow();
-  }
+// Why a file cannot even be looked at; empty when it can.
+std::string WhyUnreadable(const std::string& file) {
+  constexpr std::size_t kLongestPath = 260;
+  const std::filesystem::path path = NativePath(file);
+  std::error_code error;
+  if (!std::filesystem::exists(path, error)) return "does not exist";
+  if (!std::filesystem::is_regular_file(path, error)) return "is no file";
+  if (file.size() > kLongestPath) return "has a path of more than 260 characters";
+  std::FILE* stream = OpenFile(path, "rb");
+  if (stream == nullptr) return "cannot be read";
+  std::fclose(stream);
+  return "";
 }
 
 std::optional<ImportOptions> ParseOptions(Arguments arguments) {
@@ -173,21 +189,29 @@ std::optional<ImportOptions> ParseOptions(Arguments arguments) {
 int ImportCommand(Arguments arguments) {
   const std::optional<ImportOptions> options = ParseOptions(arguments);
   if (!options) return WrongUsage("import takes one file");
+  if (const std::string why = WhyUnreadable(options->file); !why.empty()) {
+    return Fail(options->file, why);
+  }
+  std::error_code error;
+  if (options->out &&
+      std::filesystem::equivalent(NativePath(options->file), NativePath(*options->out), error)) {
+    return Fail(*options->out, "is the file to be read");
+  }
   std::unique_ptr<Grid> grid;
   try {
     const PluginLibrary library(options->plugin.value_or(DefaultPluginPath()));
     const Plugin plugin(library);
     grid = Session(plugin).Import(options->file);
-  } catch (const std::runtime_error& error) {
-    return Fail(options->file, error.what());
+  } catch (const std::runtime_error& problem) {
+    return Fail(options->file, problem.what());
   }
   if (!options->out) {
-    WriteGrid(*grid, stdout);
+    grid->WriteTo(stdout);
     return kDone;
   }
   AtomicFile file(*options->out);
   if (file.GetStream() == nullptr) return Fail(*options->out, "cannot be written");
-  WriteGrid(*grid, file.GetStream());
+  grid->WriteTo(file.GetStream());
   return file.Commit() ? kDone : Fail(*options->out, "cannot be written");
 }
 

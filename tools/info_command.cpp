@@ -6,6 +6,7 @@
 #include "code_page.h"
 #include "commands.h"
 #include "data/dataset.h"
+#include "dio/dio_data.h"
 #include "dio/file_contents.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
@@ -15,7 +16,7 @@ namespace zemva::tools {
 namespace {
 
 void PrintText(const char* label, std::string_view text) {
-  std::printf("%-14s%s\n", label, Utf8FromCodePage(text).c_str());
+  std::printf("%-14s%s\n", label, PrintableFromCodePage(text).c_str());
 }
 
 void PrintNumber(const char* label, long long number) {
@@ -38,8 +39,8 @@ void PrintItem(const char* indent, const ItemHeader& item, int width) {
     dims += (dims.empty() ? "" : " x ") + std::to_string(extent);
   }
   std::printf("%s%-*s  %-5s  %-13s  %10d\n", indent, width,
-              Utf8FromCodePage(Trimmed(item.name)).c_str(),
-              Utf8FromCodePage(Trimmed(item.type)).c_str(), dims.c_str(), item.size);
+              PrintableFromCodePage(Trimmed(item.name)).c_str(),
+              PrintableFromCodePage(Trimmed(item.type)).c_str(), dims.c_str(), item.size);
 }
 
 void PrintItems(const FileContents& contents) {
@@ -80,7 +81,7 @@ int InfoCommand(Arguments arguments) {
   Dataset dataset("Info", path.c_str(), discard);
   const int loaded = dataset.Load();
   // What can be read is shown, also of a file that is damaged further on.
-  if (contents.super_header.version != 0) {
+  if (DioData::CanRead(contents.super_header.version)) {
     std::printf("%-14s%s\n", "File", path.c_str());
     PrintSuperHeader(contents);
     PrintItems(contents);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
@@ -39,7 +40,8 @@ void PrintUsage(std::FILE* stream) {
 
 int Run(Arguments arguments) {
   if (arguments.empty()) return WrongUsage("no command given");
-  if (arguments[0] == "--help" || arguments[0] == "-h") {
+  const auto asks_for_help = [](std::string_view word) { return word == "--help" || word == "-h"; };
+  if (std::ranges::any_of(arguments, asks_for_help)) {
     PrintUsage(stdout);
     return kDone;
   }
@@ -51,9 +53,13 @@ int Run(Arguments arguments) {
 
 }  // namespace
 
-int Fail(std::string_view what, std::string_view why) {
+void Tell(std::string_view what, std::string_view change) {
   std::fprintf(stderr, "zemva: %.*s: %.*s\n", static_cast<int>(what.size()), what.data(),
-               static_cast<int>(why.size()), why.data());
+               static_cast<int>(change.size()), change.data());
+}
+
+int Fail(std::string_view what, std::string_view why) {
+  Tell(what, why);
   return kFailed;
 }
 
@@ -76,7 +82,9 @@ int main(int argc, char** argv) {
   const std::vector<std::string_view> arguments(argv + 1, argv + argc);
   try {
     const int exit_status = zemva::tools::Run(arguments);
-    if (std::fflush(stdout) != 0) return zemva::tools::Fail("standard output", "cannot be written");
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+      return zemva::tools::Fail("standard output", "cannot be written");
+    }
     return exit_status;
   } catch (const std::exception& error) {
     return zemva::tools::Fail("failed", error.what());

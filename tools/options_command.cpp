@@ -19,7 +19,9 @@ void PrintRow(const char* key, const char* value, const char* default_value, con
 
 int ListOptions() {
   PrjOpt options(true);
-  options.LoadGlobal();
+  if (!options.LoadGlobal()) {
+    return Fail(IniFile::GetSettingsFile(), "cannot be read, or not be written");
+  }
   PrintRow("Option", "Value", "Default", "Legal values");
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const auto type = static_cast<EOptType>(number);
@@ -32,11 +34,18 @@ int ListOptions() {
 int SetOption(const std::string& key, const std::string& value) {
   const EOptType type = Options::GetOptType(key.c_str());
   if (type == EOptType::None) return Fail(key, "no such option");
+  if (value.size() > Options::kLongestValue) {
+    return Fail(key,
+                "a value has at most " + std::to_string(Options::kLongestValue) + " characters");
+  }
   PrjOpt options(true);
   if (!options.SetValue(type, value.c_str())) {
     return Fail(key, "'" + value + "' is not legal: " + Options::GetLegalValues(type));
   }
-  if (!options.SaveGlobalValue(type)) return Fail(IniFile::GetSettingsFile(), "cannot be written");
+  if (!options.SaveGlobalValue(type)) {
+    return Fail(IniFile::GetSettingsFile(),
+                "cannot be written, or does not keep '" + value + "' as it is");
+  }
   if (Options::IsResetOnLoad(type)) {
     std::fprintf(stderr, "zemva: %s goes back to its default when the options are next read\n",
                  key.c_str());
@@ -69,6 +78,9 @@ int OptionsCommand(Arguments arguments) {
       return Fail(*directory, "no such directory");
     }
     IniFile::SetIniPath(directory->c_str());
+  }
+  if (IniFile::GetSettingsFile().empty()) {
+    return Fail(directory.value_or("the settings directory"), "path too long");
   }
   return is_list ? ListOptions() : SetOption(words[1], words[2]);
 }

@@ -44,7 +44,7 @@ void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& heade
     short number;
     const char* name = nullptr;
     dataset.GetVarInfo(static_cast<short>(j), number, name);
-    names.push_back(name == nullptr ? "" : Utf8FromCodePage(name));
+    names.push_back(name == nullptr ? "" : PrintableFromCodePage(name));
     longest = std::max(longest, names.back().size());
   }
   const int name_width = static_cast<int>(longest);

@@ -1,5 +1,7 @@
 #include "base/atomic_file.h"
 
+#include <fcntl.h>
+
 #include <system_error>
 #include <utility>
 
@@ -8,9 +10,10 @@
 #if defined(_WIN32)
 #include <io.h>
 #include <process.h>
+#include <sys/stat.h>
 #include <windows.h>
 #else
-#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -26,6 +29,20 @@ int ProcessNumber() {
 bool FlushToDisk(std::FILE* stream) {
   return _commit(_fileno(stream)) == 0;
 }
+bool IsWritable(const fs::path& path) {
+  const int descriptor = _wopen(path.c_str(), _O_WRONLY | _O_BINARY);
+  if (descriptor < 0) return false;
+  _close(descriptor);
+  return true;
+}
+
+// A new file that nobody else had; null when there is one of that name. Who may read it is what
+// its folder says.
+std::FILE* CreateFile(const fs::path& path, bool) {
+  const int descriptor =
+      _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+  return descriptor < 0 ? nullptr : _fdopen(descriptor, "wb");
+}
 
 bool MoveOver(const fs::path& from, const fs::path& to) {
   return MoveFileExW(from.c_str(), to.c_str(),
@@ -38,14 +55,25 @@ int ProcessNumber() {
 bool FlushToDisk(std::FILE* stream) {
   return fsync(fileno(stream)) == 0;
 }
+bool IsWritable(const fs::path& path) {
+  return access(path.c_str(), W_OK) == 0;
+}
+
+// A new file that nobody else had; null when there is one of that name, be it a link. A private
+// one is readable by its owner alone.
+std::FILE* CreateFile(const fs::path& path, bool is_private) {
+  const mode_t mode = is_private ? 0600 : 0666;
+  const int descriptor =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+  return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+}
 
 // A rename is on the disk only when the folder that holds the name is.
 bool MoveOver(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::rename(from, to, error);
   if (error) return false;
-  const fs::path folder = to.has_parent_path() ? to.parent_path() : fs::path(".");
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int descriptor = open(to.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor >= 0) {
     fsync(descriptor);
     close(descriptor);
@@ -54,12 +82,22 @@ bool MoveOver(const fs::path& from, const fs::path& to) {
 }
 #endif
 
-// The file that `path` stands for: a link is followed, so that what it points to is replaced and
-// the link stays.
-fs::path ResolveLinks(const fs::path& path) {
+// The file that `path` stands for: links are followed, so that what they point to is replaced or
+// made and they stay.
+fs::path ResolveLinks(fs::path path) {
+  constexpr int kMostLinks = 40;
   std::error_code error;
-  fs::path resolved = fs::weakly_canonical(path, error);
-  return error ? path : resolved;
+  path = fs::absolute(path, error);
+  for (int i = 0; i < kMostLinks && fs::is_symlink(path, error); ++i) {
+    path = path.parent_path() / fs::read_symlink(path, error);
+  }
+  return path;
+}
+
+// Names of its own, short so that they fit wherever the target's does.
+fs::path NameBeside(const fs::path& target, int attempt) {
+  return target.parent_path() /
+         (".saving-" + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt));
 }
 
 }  // namespace
@@ -68,10 +106,17 @@ AtomicFile::AtomicFile(const std::string& path)
     : target_(ResolveLinks(NativePath(path))), beside_(target_) {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
-  if (!fs::exists(status) || fs::is_regular_file(status)) {
-    beside_ += ".saving-" + std::to_string(ProcessNumber());
+  const bool is_there = fs::exists(status);
+  if (is_there && !fs::is_regular_file(status)) {
+    if (!fs::is_directory(status)) stream_ = OpenFile(target_, "wb");
+    return;
   }
-  stream_ = OpenFile(beside_, "wb");
+  if (is_there && !IsWritable(target_)) return;
+  constexpr int kMostAttempts = 100;  // others may be left of processes that were killed
+  for (int attempt = 1; attempt <= kMostAttempts && stream_ == nullptr; ++attempt) {
+    beside_ = NameBeside(target_, attempt);
+    stream_ = CreateFile(beside_, is_there);
+  }
 }
 
 AtomicFile::~AtomicFile() {

@@ -12,11 +12,12 @@ namespace zemva {
 
 // A file that is written beside the one it replaces and takes its place in one step: whoever is cut
 // off in mid-write, by a kill, a full disk or a power failure, finds the old file or the new one,
-// whole. Where `path` names something that is no regular file (a device, a pipe) there is nothing
-// to replace, and it is written to directly.
+// whole. A link is followed: it stays, and what it points to is replaced. A file that may not be
+// written to is not replaced either. Where `path` names something that is no regular file (a
+// device, a pipe) there is nothing to replace, and it is written to directly.
 class ZEMVA_API AtomicFile {
  public:
-  // Opens the file beside `path`. GetStream is null when that failed.
+  // Opens a new file in the folder of `path`. GetStream is null when that failed.
   explicit AtomicFile(const std::string& path);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;

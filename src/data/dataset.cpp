@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "base/time_stamp.h"
 #include "data/memory_guard.h"
 #include "data/selection.h"
 #include "errors/status.h"
@@ -20,7 +21,7 @@ Dataset::Dataset(const char* name, const char* addr, StreamWindow& w) : window_(
   }
   header_.name.Set(name);
   header_.title.Set(kUntitled);
-  header_.creation_date = CreationDateNow();
+  header_.creation_date = TimeStamp();
 }
 
 Dataset::Dataset(const char* name, const char* addr, StreamWindow& w, XFMatrix* m, ObsInfo* oi,

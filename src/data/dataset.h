@@ -48,23 +48,6 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   static const ClassID& GetClassID();
   bool IsClass(int id) const override { return id == GetClassID().GetID(); }
 
-  // --- The file (dataset_storage.cpp) ---
-
-  // 8001 when it is loaded already. 2023 when the file gives no matrix or counts beyond it, else
-  // the codes of the storage layer; the data set then stays unloaded. Where the matrix or a table
-  // is larger than the counts, the rest is dropped.
-  virtual int Load();
-  // Reads number, name, title and counts only; a loaded data set is left alone.
-  int LoadListProject();
-  // Frees matrix and tables; header and counts stay.
-  virtual void Unload();
-  // Does not load. 8013 for an empty address; 8009 when it is not loaded; else the codes of the
-  // storage layer.
-  int Save();
-  // Removes the file; what is loaded stays. 8013 for an empty address, 1002 when there is no such
-  // file, 1007 when it cannot be removed.
-  int DeleteFileA();
-
   // --- Access ---
 
   short GetNObsDS() { return EnsureLoaded() == 0 ? nobs_ : short{0}; }
@@ -115,6 +98,23 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   // Deletes the observations whose byte is not 1. 8022 for null, 5004 when there is not one byte an
   // observation.
   virtual int DeleteExcludedObservations(const XI1Vector* selection);
+
+  // --- The file (dataset_storage.cpp) ---
+
+  // 8001 when it is loaded already. 2023 when the file gives no matrix or counts beyond it, else
+  // the codes of the storage layer; the data set then stays unloaded. Where the matrix or a table
+  // is larger than the counts, the rest is dropped.
+  virtual int Load();
+  // Reads number, name, title and counts only; a loaded data set is left alone.
+  int LoadListProject();
+  // Frees matrix and tables; header and counts stay.
+  virtual void Unload();
+  // Does not load. 8013 for an empty address; 8009 when it is not loaded; else the codes of the
+  // storage layer.
+  int Save();
+  // Removes the file; what is loaded stays. 8013 for an empty address, 1002 when there is no such
+  // file, 1007 when it cannot be removed.
+  int DeleteFileA();
 
   // --- Merging (dataset_merge.cpp) ---
   // `other` is loaded for the time of the merge; it may be this data set itself. 8022 for null,

@@ -13,16 +13,14 @@ namespace zemva {
 
 int Dataset::Load() {
   if (IsLoaded()) return status_ = status::mva::kDataAlreadyAllocated;
-  // What the file does not say must not be left over from an earlier load.
-  Unload();
-  nobs_ = 0;
-  nvar_ = 0;
+  const short old_nobs = nobs_;
+  const short old_nvar = nvar_;
   status_ = MemoryGuarded([&] { return Dio(window_).Load(GetDSAddr(), this); });
   if (status_ == status::kOk) status_ = DropBeyondCounts();
   if (status_ != status::kOk) {
     Unload();
-    nobs_ = 0;
-    nvar_ = 0;
+    nobs_ = old_nobs;
+    nvar_ = old_nvar;
     return status_;
   }
   header_.is_loaded = true;

@@ -1,9 +1,25 @@
 #include "data/ds_info.h"
 
+#include <cstring>
+
 #include "data/itm_listing.h"
+#include "data/object_header.h"
 #include "errors/status.h"
 
 namespace zemva {
+
+namespace {
+
+bool Fits(const char* address) {
+  return address == nullptr || std::strlen(address) <= decltype(ObjectHeader::address)::kCapacity;
+}
+
+}  // namespace
+
+int DSInfo::AddDS(short number, const char* name, const char* address, Dataset* dataset) {
+  if (!Fits(address)) return SetStatus(status::mva::kArgument);
+  return MakeItm<DSData>(number, name, address, dataset);
+}
 
 const char* DSInfo::GetDSAddr(short i) const {
   const DSData* row = GetRow(i);
@@ -18,6 +34,7 @@ Dataset* DSInfo::GetDS(short i) const {
 int DSInfo::SetDSAddr(short i, const char* address) {
   DSData* row = GetRow(i);
   if (row == nullptr) return SetStatus(status::itm::kBadPosition);
+  if (!Fits(address)) return SetStatus(status::mva::kArgument);
   row->SetAddr(address);
   return Changed(status::kOk);
 }

@@ -35,10 +35,9 @@ class ZEMVA_API DSInfo : public ItmInfo {
  public:
   explicit DSInfo(const char* name) : ItmInfo(name) {}
 
-  // Appends a data set. 8002 when the row cannot be created, 7002 when the table is full.
-  int AddDS(short number, const char* name, const char* address, Dataset* dataset) {
-    return MakeItm<DSData>(number, name, address, dataset);
-  }
+  // Appends a data set. 8013 for an address over 260 characters, which cut would be another file;
+  // 8002 when the row cannot be created, 7002 when the table is full.
+  int AddDS(short number, const char* name, const char* address, Dataset* dataset);
   // Removes the row at a position; 7002 for a bad one. The data set itself is left alone.
   int DelDS(short i) { return DelItm(i); }
 
@@ -52,7 +51,7 @@ class ZEMVA_API DSInfo : public ItmInfo {
   const char* GetDSAddr(short i) const;
   Dataset* GetDS(short i) const;
 
-  // 7002 for a bad position.
+  // 7002 for a bad position; SetDSAddr 8013 for an address over 260 characters.
   int SetDSNum(short i, short number) { return SetINum(i, number); }
   int SetDSNam(short i, const char* name) { return SetINam(i, name); }
   int SetDSAddr(short i, const char* address);

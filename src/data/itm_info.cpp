@@ -16,6 +16,8 @@ constexpr const char* kHeader = "  Item  INum  INam";
 
 ItmData::~ItmData() = default;
 
+PrivateItmInfo::~PrivateItmInfo() = default;
+
 int PrivateItmInfo::AddItm(std::unique_ptr<ItmData> item) {
   if (item == nullptr) return status::itm::kNullItem;
   if (GetNItm() == kMaxItems) return status::itm::kBadPosition;

@@ -53,6 +53,14 @@ class ZEMVA_API ItmData {
 class ZEMVA_API PrivateItmInfo {
  public:
   explicit PrivateItmInfo(const char* name) : name_(name) {}
+  PrivateItmInfo(PrivateItmInfo&&) = default;
+  PrivateItmInfo& operator=(PrivateItmInfo&&) = default;
+
+  virtual void DelAll() { items_.clear(); }
+  virtual ~PrivateItmInfo();
+  // List positions, numbers and names. They return 0.
+  virtual int ShowAll(StreamWindow& window) const;
+  virtual int ShowItm(short i, StreamWindow& window) const;
 
   const char* GetNam() const { return name_.Get(); }
   short GetNItm() const { return static_cast<short>(items_.size()); }
@@ -67,7 +75,6 @@ class ZEMVA_API PrivateItmInfo {
   int AddItm(std::unique_ptr<ItmData> item);
   // 7002 for a bad position.
   int DelItm(short i);
-  void DelAll() { items_.clear(); }
   // Deletes the items i for which `is_kept(i)` is false.
   template <typename Predicate>
   void KeepItms(Predicate is_kept) {
@@ -88,10 +95,6 @@ class ZEMVA_API PrivateItmInfo {
   // Takes the name and copies of the items of `other`. 8002, with nothing changed, when memory
   // runs out.
   int Copy(const PrivateItmInfo& other);
-
-  // List positions, numbers and names. They return 0.
-  int ShowAll(StreamWindow& window) const;
-  int ShowItm(short i, StreamWindow& window) const;
 
  private:
   bool IsPosition(short i) const { return i >= 1 && i <= GetNItm(); }

@@ -2,7 +2,6 @@
 #ifndef ZEMVA_DATA_OBJECT_HEADER_H
 #define ZEMVA_DATA_OBJECT_HEADER_H
 
-#include "base/export.h"
 #include "base/fixed_text.h"
 
 namespace zemva {
@@ -16,9 +15,6 @@ struct ObjectHeader {
   FixedText<22> creation_date;
   FixedText<260> address;  // the path of the project file that holds it
 };
-
-// The local time as "2001-02-03 04:05:06".
-ZEMVA_API FixedText<22> CreationDateNow();
 
 }  // namespace zemva
 

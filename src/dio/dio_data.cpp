@@ -15,6 +15,7 @@ namespace zemva {
 namespace {
 
 constexpr std::int64_t kLargestPayload = 65534;
+constexpr short kUsualKind = 1;
 constexpr short kKindOfTable900 = 2;
 
 // The items whose payload is read straight from the stream.
@@ -22,8 +23,17 @@ bool IsReadFromStream(ItemName name) {
   return name == item::kDataset || name == item::kObsInfo || name == item::kVarInfo;
 }
 
+// A count that the file has not given.
+constexpr short kNoCount = -1;
+
+// Whether the file gave both counts.
+bool HasCounts(const Dataset& dataset) {
+  return DangerousDataSetManipulator::GetNObsDS(&dataset) != kNoCount &&
+         DangerousDataSetManipulator::GetNVarDS(&dataset) != kNoCount;
+}
+
 // Whether the data set has a matrix that is large enough for its counts.
-bool IsWhole(const Dataset& dataset) {
+bool HasValues(const Dataset& dataset) {
   const XFMatrix* matrix = DangerousDataSetManipulator::GetDM(&dataset);
   return matrix != nullptr && DangerousDataSetManipulator::GetNObsDS(&dataset) <= matrix->NRow() &&
          DangerousDataSetManipulator::GetNVarDS(&dataset) <= matrix->NCol();
@@ -40,6 +50,14 @@ class HeaderGuard {
         kind_(dataset.GetKind()),
         observations_(DangerousDataSetManipulator::GetNObsDS(&dataset)),
         variables_(DangerousDataSetManipulator::GetNVarDS(&dataset)) {}
+
+  // What the file does not say must not be left over from before.
+  void Clear() {
+    dataset_.Unload();
+    dataset_.SetKind(kUsualKind);
+    DangerousDataSetManipulator::SetNObsDS(&dataset_, kNoCount);
+    DangerousDataSetManipulator::SetNVarDS(&dataset_, kNoCount);
+  }
 
   void Restore() {
     dataset_.Unload();
@@ -105,7 +123,7 @@ int DioData::LoadItems(Dataset* dataset) {
   }
   ReadVersion();
   file_.OpenSuperItemFile();
-  const char* sub_name = name_.empty() ? nullptr : name_.c_str();
+  const char* sub_name = name_.IsEmpty() ? nullptr : name_.Get();
   if (const int status = Finder::FindSuperItem(file_, sub_name, SuperItem::kData);
       status != status::kOk) {
     throw new DioDataError(status, kLoadingData, "Error: in FindSuperItem");
@@ -115,14 +133,14 @@ int DioData::LoadItems(Dataset* dataset) {
     throw new DioDataError(status, kLoadingData, "Error: in GetSuperItemHeader");
   }
   HeaderGuard header(*dataset);
+  header.Clear();
   try {
     int status =
         GetDataBody(dataset, super_item.header.size - static_cast<int>(ItemHeader::kFixedSize));
-    if (status == status::kOk && !header_only_ && !IsWhole(*dataset)) {
-      status = status::dio::kIncompleteDataset;
-    }
+    const bool is_whole = HasCounts(*dataset) && (header_only_ || HasValues(*dataset));
+    if (status == status::kOk && !is_whole) status = status::dio::kIncompleteDataset;
     if (status != status::kOk) header.Restore();
-    title_ = dataset->GetDSTitle();
+    title_.Set(dataset->GetDSTitle());
     buffer_ = {};
     return status;
   } catch (...) {

@@ -3,7 +3,7 @@
 #define ZEMVA_DIO_DIO_DATA_H
 
 #include <cstdint>
-#include <string>
+#include <tuple>
 #include <vector>
 
 #include "base/export.h"
@@ -29,10 +29,10 @@ class ZEMVA_API DioData {
   virtual ~DioData();
 
   int SetPath(const char* path) { return file_.SetPath(path); }
-  void SetName(const char* name) { name_ = name == nullptr ? "" : name; }
-  const char* GetName() const { return name_.c_str(); }
+  void SetName(const char* name) { name_.Set(name); }
+  const char* GetName() const { return name_.Get(); }
   // The title of the data set that was loaded last.
-  const char* GetTitle() const { return title_.c_str(); }
+  const char* GetTitle() const { return title_.Get(); }
 
   // Whether a file of this format version can be read.
   static bool CanRead(std::int16_t version) { return version == 1 || version == 2; }
@@ -41,8 +41,8 @@ class ZEMVA_API DioData {
 
   // Loads the data set and marks it loaded. Codes: 2004 the file cannot be opened; 2017 a version
   // other than 1 and 2; 2000 its first super item is no data set; 2003, 2005, 2008 and those of
-  // GetNextDataItem for a damaged body; 2023 no data matrix, or more observations or variables than
-  // it has. On failure the data set is unloaded and its header as it was.
+  // GetNextDataItem for a damaged body; 2023 no data matrix, no counts, or more observations or
+  // variables than it has. On failure the data set is unloaded and its header as it was.
   int Load(Dataset* dataset);
   // Loads name, number, title and counts only; the data set stays unloaded. Codes as Load.
   int LoadListProject(Dataset* dataset);
@@ -75,9 +75,9 @@ class ZEMVA_API DioData {
 
   // --- Writing (dio_data_write.cpp, dio_data_save.cpp) ---
 
-  // Writes the items of a data set to an open file and adds their sizes to `size`. Raises
-  // DioDataError, class 2, with the status of a write that failed.
-  int WriteDataset(Dataset& dataset, DioFile& file, int& size);
+  // Writes the items of a data set to the file, which is open to be written, and adds their sizes
+  // to `size`. Raises DioDataError, class 2, with the status of a write that failed.
+  int WriteDataset(Dataset& dataset, int& size);
 
   // Each of these replaces the file at the path whole or leaves it as it was. What cannot be
   // written is refused before the first byte: 2023 no data matrix, 2013 a name over 24 characters,
@@ -105,8 +105,8 @@ class ZEMVA_API DioData {
 
   DioFile file_;
   StreamWindow& window_;
-  std::string name_;
-  std::string title_;
+  FixedText<std::tuple_size_v<NameField>> name_;
+  FixedText<60> title_;
   std::int16_t version_ = 0;
   bool header_only_ = false;
   std::vector<char> buffer_;  // of the payload read last

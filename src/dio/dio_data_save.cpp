@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/native_path.h"
+#include "base/time_stamp.h"
 #include "data/dataset.h"
 #include "dio/dio_data.h"
 #include "dio/dio_guard.h"
@@ -15,6 +16,7 @@ namespace {
 
 constexpr std::int64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t kLongestName = DioFile::kMaxText - 1;
+constexpr std::size_t kLongestTitle = decltype(ObjectHeader::title)::kCapacity;
 
 // A run of bytes of the old file that the new one takes over.
 struct Span {
@@ -46,7 +48,7 @@ std::int64_t BodySize(Dataset& dataset) {
   };
   std::int64_t size = 3 * (kScalar + static_cast<std::int64_t>(sizeof(short)));
   size += kScalar + text_size(dataset.GetDSNam(), kLongestName);
-  size += kScalar + text_size(dataset.GetDSTitle(), 60);
+  size += kScalar + text_size(dataset.GetDSTitle(), kLongestTitle);
   if (dataset.GetOIPtr() != nullptr) size += DioItem::ObsInfoSize(*dataset.GetOIPtr());
   if (dataset.GetVIPtr() != nullptr) size += DioItem::VariableInfoSize(*dataset.GetVIPtr());
   size += kScalar + 2 * static_cast<std::int64_t>(sizeof(short)) +
@@ -128,7 +130,7 @@ int RecordSize(DioFile& written) {
 // Ends the file that was copied from the old one and puts it in its place.
 int FinishCopy(DioFile& old, DioFile& written) {
   int status = RecordSize(written);
-  if (status == status::kOk) status = written.WriteTime(TimeStamp().data());
+  if (status == status::kOk) status = written.WriteTime(Padded<22>(TimeStamp().View()).data());
   old.CloseSuperItemFile();  // a file that is open cannot be replaced on every system
   return status == status::kOk ? written.CommitSuperItemFile() : status;
 }
@@ -144,11 +146,12 @@ int DioData::Save(Dataset& dataset) {
 int DioData::CreateDioFile(Dataset& dataset) {
   return Guarded(file_, nullptr, [&] {
     int status = Refusal(dataset, 0);
-    if (status == status::kOk)
+    if (status == status::kOk) {
       status = file_.NewSuperItemFile(SuperItem::kData, dataset.GetDSNam());
+    }
     if (status != status::kOk) return status;
     int super_item_size = ItemHeader::kFixedSize;
-    WriteDataset(dataset, file_, super_item_size);
+    WriteDataset(dataset, super_item_size);
     status = file_.WriteSuperItemSize(super_item_size);
     if (status == status::kOk) status = RecordSize(file_);
     return status == status::kOk ? file_.CommitSuperItemFile() : status;
@@ -156,43 +159,43 @@ int DioData::CreateDioFile(Dataset& dataset) {
 }
 
 int DioData::Replace(Dataset& dataset) {
-  return Guarded(file_, &window_, [&] {
+  DioFile old_file(file_.GetPath(), window_);
+  return Guarded(file_, nullptr, [&] {
     Surroundings old;
-    if (const int status = OpenSurroundings(file_, old); status != status::kOk) return status;
-    if (const int status = Refusal(dataset, old.KeptSize()); status != status::kOk) return status;
-    DioFile written(file_.GetPath(), window_);
-    int status = written.NewFile();
-    if (status == status::kOk) status = written.WriteSuperHeader(old.super_header);
-    if (status == status::kOk) status = written.WriteSuperItemHeader(old.super_item);
+    int status = OpenSurroundings(old_file, old);
+    if (status == status::kOk) status = Refusal(dataset, old.KeptSize());
+    if (status == status::kOk) status = file_.NewFile();
+    if (status == status::kOk) status = file_.WriteSuperHeader(old.super_header);
+    if (status == status::kOk) status = file_.WriteSuperItemHeader(old.super_item);
     if (status != status::kOk) return status;
     int super_item_size = static_cast<int>(old.super_item.header.HeaderSize());
-    WriteDataset(dataset, written, super_item_size);
+    WriteDataset(dataset, super_item_size);
     for (const Span& span : old.ignored_items) {
-      if (status = Copy(file_, written, span); status != status::kOk) return status;
+      if (status = Copy(old_file, file_, span); status != status::kOk) return status;
       super_item_size += static_cast<int>(span.size);
     }
-    status = Copy(file_, written, old.rest);
-    if (status == status::kOk) status = written.WriteSuperItemSize(super_item_size);
-    return status == status::kOk ? FinishCopy(file_, written) : status;
+    status = Copy(old_file, file_, old.rest);
+    if (status == status::kOk) status = file_.WriteSuperItemSize(super_item_size);
+    return status == status::kOk ? FinishCopy(old_file, file_) : status;
   });
 }
 
 int DioData::Delete() {
-  return Guarded(file_, &window_, [&] {
+  DioFile old_file(file_.GetPath(), window_);
+  return Guarded(file_, nullptr, [&] {
     Surroundings old;
-    if (const int status = OpenSurroundings(file_, old); status != status::kOk) return status;
+    if (const int status = OpenSurroundings(old_file, old); status != status::kOk) return status;
     if (old.rest.size == 0) {
-      file_.CloseSuperItemFile();
+      old_file.CloseSuperItemFile();
       std::error_code error;
       return std::filesystem::remove(NativePath(file_.GetPath()), error) ? status::kOk
                                                                          : status::dio::kOther;
     }
-    DioFile written(file_.GetPath(), window_);
     --old.super_header.nitm;
-    int status = written.NewFile();
-    if (status == status::kOk) status = written.WriteSuperHeader(old.super_header);
-    if (status == status::kOk) status = Copy(file_, written, old.rest);
-    return status == status::kOk ? FinishCopy(file_, written) : status;
+    int status = file_.NewFile();
+    if (status == status::kOk) status = file_.WriteSuperHeader(old.super_header);
+    if (status == status::kOk) status = Copy(old_file, file_, old.rest);
+    return status == status::kOk ? FinishCopy(old_file, file_) : status;
   });
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/native_path.h"
+#include "base/time_stamp.h"
 #include "dio/finder.h"
 #include "errors/dio_error.h"
 #include "errors/status.h"
@@ -41,10 +42,11 @@ std::FILE* DioFile::OpenSuperItemFile() {
   const std::filesystem::path path = NativePath(path_.Get());
   std::error_code error;
   if (!std::filesystem::exists(path, error)) RaiseOpenError("file does not exist.");
-  // A folder can be opened on some systems, and only reading it fails.
-  stream_ = std::filesystem::is_directory(path, error) ? nullptr : OpenFile(path, "rb");
+  // A folder can be opened on some systems, and opening a pipe waits for its other end.
+  stream_ = std::filesystem::is_regular_file(path, error) ? OpenFile(path, "rb") : nullptr;
   if (stream_ == nullptr) RaiseOpenError("file could not be opened.");
   is_open_ = true;
+  unbacked_rows_ = 0;
   if (std::fseek(stream_, 0, SEEK_END) == 0) length_ = GetPosition();
   Seek(0);
   return stream_;
@@ -81,7 +83,7 @@ int DioFile::NewSuperItemFile(SuperItem::Type type, std::string_view name) {
   super_header.version = 2;
   super_header.name = Padded<20>("Project");
   super_header.comment = Padded<60>("");
-  super_header.time = TimeStamp();
+  super_header.time = Padded<22>(TimeStamp().View());
   super_header.nitm = 1;
   if (const int status = WriteSuperHeader(super_header); status != status::kOk) return status;
   SuperItem item;

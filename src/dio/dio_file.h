@@ -49,7 +49,7 @@ class ZEMVA_API DioFile {
   // Opens a file to be written, with a super header and the head of one super item of `type`, named
   // `name`, the sizes of both 0. It is written beside the file at the path and takes its place by
   // CommitSuperItemFile. 2002 when it cannot be made.
-  int NewSuperItemFile(SuperItem::Type type, std::string_view name);
+  int NewSuperItemFile(SuperItem::Type type, std::string_view name = "");
   // Opens a file to be written, still empty. 2002 when it cannot be made.
   int NewFile();
   // Puts the written file in the place of the old one. 2006 when any write failed; the old file is
@@ -140,7 +140,7 @@ class ZEMVA_API DioFile {
   // Reads n values into a new vector of that name; the caller owns it.
   int GetXFVector(const char* name, int n, XFVector*& vector);
   // Write the item `name` that holds a matrix or a vector under its own name; `size` receives the
-  // item's size. `progress` may be null.
+  // item's size. `progress` may be null. 2001 for more than a dimension or an item can count.
   int WriteMXF4(std::string_view name, const XFMatrix& matrix, int& size, DioData* progress);
   int WriteVXI2(std::string_view name, const XI2Vector& vector, int& size);
 
@@ -159,11 +159,9 @@ class ZEMVA_API DioFile {
   FixedText<260> path_;
   StreamWindow& window_;
   std::int64_t length_ = 0;
+  std::int64_t unbacked_rows_ = 0;  // of matrices without columns, which no bytes stand for
   std::unique_ptr<AtomicFile> written_;
 };
-
-// The time now, as it stands in a file's header: "2001-01-01 12:00:00".
-PaddedText<22> TimeStamp();
 
 }  // namespace zemva
 

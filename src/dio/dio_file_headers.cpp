@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <ctime>
 #include <span>
 
 #include "dio/dio_file.h"
@@ -19,15 +18,6 @@ constexpr long kSuperItemOffset = SuperHeader::kSize;
 }
 
 }  // namespace
-
-PaddedText<22> TimeStamp() {
-  const std::time_t now = std::time(nullptr);
-  char text[32] = "";
-  if (const std::tm* local = std::localtime(&now)) {
-    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", local);
-  }
-  return Padded<22>(text);
-}
 
 int DioFile::GetSuperHeader(SuperHeader& header) {
   std::array<char, SuperHeader::kSize> bytes;

@@ -22,6 +22,7 @@ int NextByte(std::FILE* stream) {
 #endif
 }
 
+constexpr int kMostElements = std::numeric_limits<std::int16_t>::max();  // of a dimension
 constexpr int kMatrixHeaderSize = ItemHeader::kFixedSize + 2 * sizeof(std::int16_t);
 
 }  // namespace
@@ -41,10 +42,9 @@ int DioFile::GetNBytes(void* buffer, int count) {
 }
 
 int DioFile::WriteBlock(const void* buffer, int count) {
+  if (stream_ == nullptr || count < 0) return status::dio::kWriteError;
   const auto size = static_cast<std::size_t>(count);
-  return stream_ != nullptr && std::fwrite(buffer, 1, size, stream_) == size
-             ? status::kOk
-             : status::dio::kWriteError;
+  return std::fwrite(buffer, 1, size, stream_) == size ? status::kOk : status::dio::kWriteError;
 }
 
 int DioFile::GetI1(char& value) {
@@ -157,10 +157,12 @@ int DioFile::WriteZStrings(const char* const* texts, int count) {
 int DioFile::GetMXF4(XFMatrix*& matrix, int rows, int columns) {
   char name[kMaxText];
   if (const int status = GetZString(name, kMaxText); status != status::kOk) return status;
-  if (rows < 0 || columns < 0 || !Promises(std::int64_t{rows} * columns, sizeof(float)) ||
-      rows > length_) {
+  if (rows < 0 || columns < 0 || !Promises(std::int64_t{rows} * columns, sizeof(float))) {
     return status::dio::kReadError;
   }
+  // Rows without columns cost memory and time, but no bytes of the file: it may not have more of
+  // them than bytes.
+  if (columns == 0 && (unbacked_rows_ += rows) > length_) return status::dio::kReadError;
   auto made = std::make_unique<XFMatrix>(name, rows, columns, Unfilled{});
   if (made->GetStatus() != status::kOk) return status::dio::kMemory;
   made->StartActValInfo();
@@ -193,6 +195,8 @@ int DioFile::GetXFVector(const char* name, int n, XFVector*& vector) {
 
 int DioFile::WriteMXF4(std::string_view name, const XFMatrix& matrix, int& size,
                        DioData* progress) {
+  if (matrix.NRow() > kMostElements || matrix.NCol() > kMostElements)
+    return status::dio::kDimension;
   const FixedText<kMaxText - 1> matrix_name(matrix.GetName());
   const std::int16_t dims[] = {static_cast<std::int16_t>(matrix.NRow()),
                                static_cast<std::int16_t>(matrix.NCol())};
@@ -217,6 +221,7 @@ int DioFile::WriteMXF4(std::string_view name, const XFMatrix& matrix, int& size,
 }
 
 int DioFile::WriteVXI2(std::string_view name, const XI2Vector& vector, int& size) {
+  if (vector.NVal() > kMostElements) return status::dio::kDimension;
   const FixedText<kMaxText - 1> vector_name(vector.GetName());
   const auto n = static_cast<std::int16_t>(vector.NVal());
   size = static_cast<int>(vector_name.View().size()) + 3 + n * static_cast<int>(sizeof(short));

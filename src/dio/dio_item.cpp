@@ -38,6 +38,11 @@ std::int64_t ObsInfoPayload(const ObsInfo& table) {
          RecordsSize(table);
 }
 
+// Why a row could not be added: the table is full, or memory ran out.
+int TableStatus(const ItmInfo& table, int full) {
+  return table.GetNItm() == kMaxItems ? full : status::dio::kMemory;
+}
+
 constexpr std::int64_t kTableHeaderSize = ItemHeader::kFixedSize + sizeof(short);
 
 }  // namespace
@@ -85,8 +90,9 @@ int DioItem::ReadObservations(ObsInfo& table) {
   for (int i = 1; i <= n; ++i) {
     Record record;
     if (const int status = ReadRecord(record); status != status::kOk) return status;
-    if (table.AddObs(record.number, record.name) != status::kOk)
-      return status::dio::kTooManyObservations;
+    if (table.AddObs(record.number, record.name) != status::kOk) {
+      return TableStatus(table, status::dio::kTooManyObservations);
+    }
   }
   return status::kOk;
 }
@@ -97,8 +103,9 @@ int DioItem::GetVariableInfo(int n, std::unique_ptr<VarInfo>& table) {
   for (int i = 1; i <= n; ++i) {
     Record record;
     if (const int status = ReadRecord(record); status != status::kOk) return status;
-    if (read->AddVar(record.number, record.name) != status::kOk)
-      return status::dio::kTooManyVariables;
+    if (read->AddVar(record.number, record.name) != status::kOk) {
+      return TableStatus(*read, status::dio::kTooManyVariables);
+    }
   }
   table = std::move(read);
   return status::kOk;

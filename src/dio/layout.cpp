@@ -52,40 +52,41 @@ std::array<char, 4> EncodeI4(std::int32_t value) {
 SuperHeader DecodeSuperHeader(std::span<const char, SuperHeader::kSize> bytes) {
   SuperHeader header;
   header.version = DecodeI2(bytes.subspan<0, 2>());
-  header.size = DecodeI4(bytes.subspan<2, 4>());
-  std::ranges::copy(bytes.subspan<6, 20>(), header.name.begin());
-  std::ranges::copy(bytes.subspan<26, 60>(), header.comment.begin());
-  std::ranges::copy(bytes.subspan<86, 22>(), header.time.begin());
-  header.nitm = DecodeI2(bytes.subspan<108, 2>());
+  header.size = DecodeI4(bytes.subspan<SuperHeader::kSizeOffset, 4>());
+  std::ranges::copy(bytes.subspan<SuperHeader::kNameOffset, 20>(), header.name.begin());
+  std::ranges::copy(bytes.subspan<SuperHeader::kCommentOffset, 60>(), header.comment.begin());
+  std::ranges::copy(bytes.subspan<SuperHeader::kTimeOffset, 22>(), header.time.begin());
+  header.nitm = DecodeI2(bytes.subspan<SuperHeader::kItemCountOffset, 2>());
   return header;
 }
 
 std::array<char, SuperHeader::kSize> EncodeSuperHeader(const SuperHeader& header) {
   std::array<char, SuperHeader::kSize> bytes;
   std::ranges::copy(EncodeI2(header.version), bytes.begin());
-  std::ranges::copy(EncodeI4(header.size), bytes.begin() + 2);
-  std::ranges::copy(header.name, bytes.begin() + 6);
-  std::ranges::copy(header.comment, bytes.begin() + 26);
-  std::ranges::copy(header.time, bytes.begin() + 86);
-  std::ranges::copy(EncodeI2(header.nitm), bytes.begin() + 108);
+  std::ranges::copy(EncodeI4(header.size), bytes.begin() + SuperHeader::kSizeOffset);
+  std::ranges::copy(header.name, bytes.begin() + SuperHeader::kNameOffset);
+  std::ranges::copy(header.comment, bytes.begin() + SuperHeader::kCommentOffset);
+  std::ranges::copy(header.time, bytes.begin() + SuperHeader::kTimeOffset);
+  std::ranges::copy(EncodeI2(header.nitm), bytes.begin() + SuperHeader::kItemCountOffset);
   return bytes;
 }
 
 ItemHeaderStart DecodeItemHeader(std::span<const char, ItemHeader::kFixedSize> bytes) {
   ItemHeaderStart start;
   start.header.size = DecodeI4(bytes.subspan<0, 4>());
-  std::ranges::copy(bytes.subspan<4, 20>(), start.header.name.begin());
-  std::ranges::copy(bytes.subspan<24, 5>(), start.header.type.begin());
-  start.ndims = DecodeI2(bytes.subspan<29, 2>());
+  std::ranges::copy(bytes.subspan<ItemHeader::kNameOffset, 20>(), start.header.name.begin());
+  std::ranges::copy(bytes.subspan<ItemHeader::kTypeOffset, 5>(), start.header.type.begin());
+  start.ndims = DecodeI2(bytes.subspan<ItemHeader::kDimensionsOffset, 2>());
   return start;
 }
 
 std::vector<char> EncodeItemHeader(const ItemHeader& header) {
   std::vector<char> bytes(header.HeaderSize());
   std::ranges::copy(EncodeI4(header.size), bytes.begin());
-  std::ranges::copy(header.name, bytes.begin() + 4);
-  std::ranges::copy(header.type, bytes.begin() + 24);
-  std::ranges::copy(EncodeI2(static_cast<std::int16_t>(header.dims.size())), bytes.begin() + 29);
+  std::ranges::copy(header.name, bytes.begin() + ItemHeader::kNameOffset);
+  std::ranges::copy(header.type, bytes.begin() + ItemHeader::kTypeOffset);
+  std::ranges::copy(EncodeI2(static_cast<std::int16_t>(header.dims.size())),
+                    bytes.begin() + ItemHeader::kDimensionsOffset);
   auto place = bytes.begin() + ItemHeader::kFixedSize;
   for (const std::int16_t extent : header.dims) {
     place = std::ranges::copy(EncodeI2(extent), place).out;

@@ -39,10 +39,12 @@ std::string_view Trimmed(const PaddedText<Size>& field) {
 
 // The first bytes of the file.
 struct SuperHeader {
-  static constexpr std::size_t kSize = 110;
-  static constexpr long kSizeOffset = 2;
-  static constexpr long kTimeOffset = 86;
-  static constexpr long kItemCountOffset = 108;
+  static constexpr std::size_t kSizeOffset = 2;  // the version is at 0
+  static constexpr std::size_t kNameOffset = 6;
+  static constexpr std::size_t kCommentOffset = 26;
+  static constexpr std::size_t kTimeOffset = 86;
+  static constexpr std::size_t kItemCountOffset = 108;
+  static constexpr std::size_t kSize = 110;  // of the header
 
   std::int16_t version = 0;
   std::int32_t size = 0;     // of the file, as its writer recorded it
@@ -57,6 +59,9 @@ using TypeField = PaddedText<5>;
 
 // The head of an item: of a super item, or of one of the items that fill it.
 struct ZEMVA_API ItemHeader {
+  static constexpr std::size_t kNameOffset = 4;  // the size is at 0
+  static constexpr std::size_t kTypeOffset = 24;
+  static constexpr std::size_t kDimensionsOffset = 29;
   static constexpr std::size_t kFixedSize = 31;  // without the dimensions
 
   std::int32_t size = 0;  // of the whole item in bytes, this header included
@@ -93,12 +98,12 @@ struct HeaderField {
   std::size_t end;  // offset of the first byte behind it
 };
 inline constexpr std::array<HeaderField, 6> kSuperHeaderFields = {{
-    {"version", 2},
-    {"size", 6},
-    {"name", 26},
-    {"comment", 86},
-    {"time", 108},
-    {"nitm", 110},
+    {"version", SuperHeader::kSizeOffset},
+    {"size", SuperHeader::kNameOffset},
+    {"name", SuperHeader::kCommentOffset},
+    {"comment", SuperHeader::kTimeOffset},
+    {"time", SuperHeader::kItemCountOffset},
+    {"nitm", SuperHeader::kSize},
 }};
 
 SuperHeader DecodeSuperHeader(std::span<const char, SuperHeader::kSize> bytes);

@@ -1,8 +1,7 @@
 #include "errors/dio_error.h"
 
-#include <string>
+#include <cstdio>
 
-#include "base/fixed_text.h"
 #include "errors/messages.h"
 #include "errors/status.h"
 
@@ -16,12 +15,12 @@ int BaseError::ShowMsg() {
 }
 
 const char* BaseError::Merge(const char* text) {
-  const std::string detail = text == nullptr ? "" : text;
-  return Compose(status_ == status::kOk ? detail : detail + '\n' + GetVdoMsg(status_));
+  const char* detail = text == nullptr ? "" : text;
+  return status_ == status::kOk ? Compose(detail) : Compose(detail, "\n", GetVdoMsg(status_));
 }
 
-const char* BaseError::Compose(const std::string& text) {
-  CopyText(message_.data(), message_.size(), text.c_str());
+const char* BaseError::Compose(const char* first, const char* second, const char* third) {
+  std::snprintf(message_.data(), message_.size(), "%s%s%s", first, second, third);
   return message_.data();
 }
 
@@ -41,7 +40,9 @@ int DioError::ShowMsg() {
 }
 
 const char* DioError::Merge(int number) {
-  return Compose(std::to_string(number) + ".\n" + GetDIOMsg(GetStatus()));
+  std::array<char, 16> digits;
+  std::snprintf(digits.data(), digits.size(), "%d", number);
+  return Compose(digits.data(), ".\n", GetDIOMsg(GetStatus()));
 }
 
 }  // namespace zemva

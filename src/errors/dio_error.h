@@ -30,7 +30,8 @@ class ZEMVA_API BaseError {
   const char* Merge(const char* text);
 
  protected:
-  const char* Compose(const std::string& text);
+  // Puts the texts together, cut where they do not fit.
+  const char* Compose(const char* first, const char* second = "", const char* third = "");
 
  private:
   std::array<char, 256> message_ = {};

@@ -3,18 +3,23 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <new>
 
 namespace zemva {
 
 Listing& Listing::Text(std::string_view text) {
-  line_ += text;
-  return *this;
+  return Right(0, text);
 }
 
 Listing& Listing::Right(int width, std::string_view text) {
   const auto field = static_cast<std::size_t>(width);
-  if (text.size() < field) line_.append(field - text.size(), ' ');
-  return Text(text);
+  try {
+    if (text.size() < field) line_.append(field - text.size(), ' ');
+    line_ += text;
+  } catch (const std::bad_alloc&) {
+    is_cut_ = true;
+  }
+  return *this;
 }
 
 Listing& Listing::Fixed(int width, int decimals, double value) {
@@ -31,7 +36,9 @@ Listing& Listing::General(int width, double value) {
 }
 
 Listing& Listing::EndLine() {
-  line_ += '\n';
+  Text("\n");
+  if (is_cut_) line_ = "\n";  // a line that memory was too short for is an empty one
+  is_cut_ = false;
   window_ << line_;
   line_.clear();
   return *this;

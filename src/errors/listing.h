@@ -10,7 +10,8 @@
 
 namespace zemva {
 
-// Collects one or more lines and writes them to the window, a line a write.
+// Collects lines and writes them to the window, a line a write. Throws nothing: a line that memory
+// does not suffice for is written empty.
 //
 //   Listing(w).Right(6, item).Right(10, name).EndLine();
 class ZEMVA_API Listing {
@@ -35,6 +36,7 @@ class ZEMVA_API Listing {
  private:
   StreamWindow& window_;
   std::string line_;
+  bool is_cut_ = false;  // memory ran out
 };
 
 }  // namespace zemva

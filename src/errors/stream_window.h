@@ -30,6 +30,10 @@ class ZEMVA_API StreamWindow {
   bool IsMuted() const { return is_muted_; }
   void SetMuted(bool is_muted) { is_muted_ = is_muted; }
 
+  // For a window that is shown somewhere; nothing in the library asks for it.
+  bool IsShown() const { return is_shown_; }
+  void SetShown(bool is_shown) { is_shown_ = is_shown; }
+
   // The text written last, or null before the first. Valid until the next write.
   const char* GetLastText() const { return last_text_ ? last_text_->c_str() : nullptr; }
 
@@ -40,6 +44,7 @@ class ZEMVA_API StreamWindow {
   int precision_ = 8;  // of a number
   std::optional<std::string> last_text_;
   bool is_muted_ = false;
+  bool is_shown_ = true;
 };
 
 // Writes `text`, remembers it as the last one, and returns the window so that writes chain. A muted

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
+#include <new>
 
 #include "base/fixed_text.h"
 #include "base/native_path.h"
-#include "dio/layout.h"
+#include "dio/dio_data.h"
 #include "numeric/missing.h"
 #include "plugin/zemva_import.h"
 
@@ -26,6 +28,19 @@ constexpr FileFormatInfo kFileFormatInfo = {
 // A grid cell holds a text, be it empty.
 const char* TextOrEmpty(const char* text) {
   return text == nullptr ? "" : text;
+}
+
+// Whether the first two bytes of a file are a format version that can be read.
+bool HasKnownVersion(const std::filesystem::path& path) {
+  // Opening a pipe would wait for its other end.
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return false;
+  std::FILE* file = zemva::OpenFile(path, "rb");
+  if (file == nullptr) return false;
+  std::array<char, 2> bytes;
+  const std::size_t got = std::fread(bytes.data(), 1, bytes.size(), file);
+  std::fclose(file);
+  return got == bytes.size() && zemva::DioData::CanRead(zemva::DecodeI2(bytes));
 }
 
 void FillHeader(void* handle, ImportGrid* grid) {
@@ -81,15 +96,11 @@ const FileFormatInfo* KoImportGetFileFormatInfo(void*) {
 }
 
 int KoImportIsCorrectFileType(void*, const char* path) {
-  if (path == nullptr) return 0;
-  std::FILE* file = zemva::OpenFile(zemva::NativePath(path), "rb");
-  if (file == nullptr) return 0;
-  std::array<char, 2> bytes;
-  const std::size_t got = std::fread(bytes.data(), 1, bytes.size(), file);
-  std::fclose(file);
-  if (got < bytes.size()) return 0;
-  const int version = zemva::DecodeI2(bytes);
-  return version == 1 || version == 2 ? 1 : 0;
+  try {
+    return path != nullptr && HasKnownVersion(zemva::NativePath(path)) ? 1 : 0;
+  } catch (const std::bad_alloc&) {
+    return 0;
+  }
 }
 
 bool KoImportOpen(void*, const char* path, void*, void** handle) {

@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <new>
 #include <optional>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
 #include "base/atomic_file.h"
 #include "base/native_path.h"
@@ -25,25 +23,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The bytes of a regular file; empty when there is none. A device or pipe is not read: it need not
-// come to an end.
-std::string ReadFile(const char* file) {
+// The bytes of a file; none when it does not exist, null when it cannot be read. A device or pipe
+// is not read: it need not come to an end.
+std::optional<std::string> ReadFile(const char* file) {
   std::string bytes;
   const fs::path path = NativePath(ViewOf(file));
   std::error_code error;
-  if (!fs::is_regular_file(path, error)) return bytes;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::not_found) return bytes;
+  if (!fs::is_regular_file(status)) return std::nullopt;
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(OpenFile(path, "rb"), std::fclose);
-  if (stream == nullptr) return bytes;
+  if (stream == nullptr) return std::nullopt;
   std::array<char, 1 << 16> block;
   while (const std::size_t count = std::fread(block.data(), 1, block.size(), stream.get())) {
     bytes.append(block.data(), count);
   }
+  if (std::ferror(stream.get()) != 0) return std::nullopt;
   return bytes;
 }
 
 std::optional<std::string> FindValue(const char* section, const char* key, const char* file) {
   try {
-    const ProfileText text(ReadFile(file));
+    const ProfileText text(ReadFile(file).value_or(""));
     if (const auto value = text.Find(ViewOf(section), ViewOf(key))) return std::string(*value);
   } catch (const std::bad_alloc&) {
   }
@@ -55,46 +56,14 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
   return text;
 }
 
-int IntegerOf(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-  const bool is_negative = text.starts_with('-');
-  if (is_negative || text.starts_with('+')) text.remove_prefix(1);
-  constexpr std::array<std::pair<std::string_view, unsigned>, 3> kPrefixes = {
-      {{"0x", 16}, {"0o", 8}, {"0b", 2}}};
-  unsigned base = 10;
-  for (const auto& [prefix, prefix_base] : kPrefixes) {
-    if (!text.starts_with(prefix)) continue;
-    base = prefix_base;
-    text.remove_prefix(prefix.size());
-    break;
-  }
-  std::uint32_t value = 0;
-  for (const char& character : text) {
-    unsigned digit = base;
-    std::from_chars(&character, &character + 1, digit, static_cast<int>(base));
-    if (digit == base) break;
-    value = value * base + digit;
-  }
-  return static_cast<int>(is_negative ? 0 - value : value);
-}
-
-bool FitsALine(const char* text) {
-  return ViewOf(text).size() <= Profile::kMaxText;
-}
-
-bool IsValid(const ProfileChange& change) {
-  return change.section != nullptr && FitsALine(change.section) && FitsALine(change.key) &&
-         FitsALine(change.value);
-}
-
 void Apply(const ProfileChange& change, ProfileText& text) {
   if (change.key == nullptr) {
     text.RemoveSection(change.section);
-  } else if (change.value == nullptr) {
-    text.RemoveKey(change.section, change.key);
-  } else {
-    text.Set(change.section, change.key, change.value);
+    return;
   }
+  KeyChange key_change = {change.key, std::nullopt};
+  if (change.value != nullptr) key_change.value = change.value;
+  text.Change(change.section, std::span(&key_change, 1));
 }
 
 bool ReplaceFile(const std::string& path, const std::string& bytes) {
@@ -104,14 +73,16 @@ bool ReplaceFile(const std::string& path, const std::string& bytes) {
   return file.Commit();
 }
 
-bool ChangeFile(std::span<const ProfileChange> changes, const std::string& path) {
+// Holds the file from the reading to the writing.
+bool ChangeFile(const std::string& path, const std::function<void(ProfileText&)>& change) {
   const FileLock lock(path);
   if (!lock.IsHeld()) return false;
-  ProfileText text(ReadFile(path.c_str()));
+  const std::optional<std::string> before = ReadFile(path.c_str());
+  if (!before) return false;
+  ProfileText text(*before);
   if (text.IsUtf16()) return false;
-  const std::string before = text.GetBytes();
-  for (const ProfileChange& change : changes) Apply(change, text);
-  return text.GetBytes() == before || ReplaceFile(path, text.GetBytes());
+  change(text);
+  return text.GetBytes() == *before || ReplaceFile(path, text.GetBytes());
 }
 
 bool IsRemoval(const ProfileChange& change) {
@@ -140,20 +111,42 @@ int FileProfile::ReadInteger(const char* section, const char* key, int fallback,
 
 std::vector<ProfileEntry> FileProfile::ReadSection(const char* section, const char* file) const {
   try {
-    return ProfileText(ReadFile(file)).GetEntries(ViewOf(section));
+    return ProfileText(ReadFile(file).value_or("")).GetEntries(ViewOf(section));
   } catch (const std::bad_alloc&) {
     return {};
   }
 }
 
 bool FileProfile::Write(std::span<const ProfileChange> changes, const char* file) const {
-  if (!std::ranges::all_of(changes, IsValid)) return false;
+  if (!std::ranges::all_of(changes, &Profile::IsValid)) return false;
   try {
     const std::string path(ViewOf(file));
     std::error_code error;
     const bool is_missing = !fs::exists(NativePath(path), error);
     if (is_missing && std::ranges::all_of(changes, IsRemoval)) return true;
-    return ChangeFile(changes, path);
+    return ChangeFile(path, [changes](ProfileText& text) {
+      for (const ProfileChange& change : changes) Apply(change, text);
+    });
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+bool FileProfile::Update(const char* section, const char* file, const SectionEdit& edit) const {
+  try {
+    const std::optional<std::string> bytes = ReadFile(file);
+    if (section == nullptr || !bytes) return false;
+    // Whoever changes nothing waits for nobody.
+    if (edit(ProfileText(*bytes).GetEntries(section)).empty()) return true;
+    bool are_valid = false;
+    const bool is_written = ChangeFile(std::string(ViewOf(file)), [&](ProfileText& text) {
+      const std::vector<KeyChange> changes = edit(text.GetEntries(section));
+      are_valid = std::ranges::all_of(changes, [section](const KeyChange& change) {
+        return IsValid(ToProfileChange(section, change));
+      });
+      if (are_valid) text.Change(section, changes);
+    });
+    return is_written && are_valid;
   } catch (const std::bad_alloc&) {
     return false;
   }

@@ -1,18 +1,20 @@
 // The current project, and free values.
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
+#include "settings/options.h"
 #include "settings/paths.h"
 #include "settings/text.h"
 
 namespace zemva {
 
 const char* IniFile::GetCurrentProjectAddress() {
-  return ReadInto(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
+  return ReadAddress(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
 }
 
 bool IniFile::SetCurrentProjectAddress(const char* addr) {
-  const ProfileChange change = {kCurrentProjectSection, kCurrentProjectKey, addr};
-  if (!Profile::OfThisSystem().Write(change, settings_file_.Get())) return false;
+  if (!WriteAddress(kCurrentProjectSection, kCurrentProjectKey, addr, settings_file_.Get())) {
+    return false;
+  }
   project_file_.SetPath(GetCurrentProjectAddress());
   return true;
 }
@@ -37,7 +39,7 @@ bool IniFile::MoveCurrentProject(const char* newAddr) {
   const std::string new_address(ViewOf(newAddr));
   const std::string old_address = GetCurrentProjectAddress();
   // A project that could not be made anew must not be deleted.
-  const bool is_usable = !new_address.empty() && new_address.size() <= PathText::kCapacity;
+  const bool is_usable = !new_address.empty() && IsPathThatFits(new_address);
   if (old_address.empty() || !is_usable) return false;
   project_file_.SetPath(old_address);
   const std::string title = GetCurrentProjectTitle();
@@ -48,14 +50,15 @@ bool IniFile::MoveCurrentProject(const char* newAddr) {
 }
 
 const char* IniFile::GetDefaultProjectDirectory() {
-  ReadInto(value_, kOptionsSection, kDefaultProjectDirKey, settings_file_.Get());
+  ReadAddress(value_, kOptionsSection, Options::GetString(EOptType::DefaultProjectDir),
+              settings_file_.Get());
   value_.SetPath(WithSeparator(value_.View()));
   return value_.Get();
 }
 
 bool IniFile::SetDefaultProjectDirectory(const char* dir) {
-  return Profile::OfThisSystem().Write({kOptionsSection, kDefaultProjectDirKey, dir},
-                                       settings_file_.Get());
+  return WriteAddress(kOptionsSection, Options::GetString(EOptType::DefaultProjectDir), dir,
+                      settings_file_.Get());
 }
 
 const char* IniFile::GetGlobalMiscOption(const char* key) {

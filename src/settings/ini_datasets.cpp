@@ -1,6 +1,4 @@
 // The data sets and models of a project.
-#include <limits>
-
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
 #include "settings/paths.h"
@@ -13,21 +11,21 @@ std::string IniFile::InProjectDirectory(std::string_view path) const {
 }
 
 bool IniFile::MakePath2CurrentProjectDirctory(char* path) {
+  if (path == nullptr) return false;
   const std::string moved = InProjectDirectory(path);
-  const bool fits = moved.size() <= PathText::kCapacity;
+  const bool fits = IsPathThatFits(moved);
   CopyText(path, PathText::kCapacity + 1, fits ? moved.c_str() : "");
   return fits;
 }
 
 const char* IniFile::GetMainDatasetAddress() {
-  ReadInto(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
+  ReadAddress(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
   if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
   return value_.Get();
 }
 
 bool IniFile::SetMainDatasetAddress(const char* addr) {
-  return Profile::OfThisSystem().Write({kPrimaryDatasetSection, kPrimaryDatasetKey, addr},
-                                       project_file_.Get());
+  return WriteAddress(kPrimaryDatasetSection, kPrimaryDatasetKey, addr, project_file_.Get());
 }
 
 bool IniFile::SetMainDatasetName(const char* name) {
@@ -41,19 +39,16 @@ int IniFile::GetNumberOfSecondaryDatasets() {
 }
 
 bool IniFile::IncNumberOfSecondaryDatsets() {
-  const int count = GetNumberOfSecondaryDatasets();
-  return count != std::numeric_limits<int>::max() &&
-         WriteCount(kSecondaryDatasets, count + 1, project_file_.Get());
+  return EditList(kSecondaryDatasets, project_file_.Get(), RaiseCount);
 }
 
 bool IniFile::DecNumberOfSecondaryDatasets() {
-  const int count = GetNumberOfSecondaryDatasets();
-  return count > 0 && WriteCount(kSecondaryDatasets, count - 1, project_file_.Get());
+  return EditList(kSecondaryDatasets, project_file_.Get(), LowerCount);
 }
 
 const char* IniFile::GetSecondaryDatasetFileName(int i) {
-  return ReadInto(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
-                  project_file_.Get());
+  return ReadAddress(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
+                     project_file_.Get());
 }
 
 const char* IniFile::GetSecondaryDatasetAddress(int i) {
@@ -64,25 +59,25 @@ const char* IniFile::GetSecondaryDatasetAddress(int i) {
 }
 
 bool IniFile::AddSecondaryDataset(const char*, const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfSecondaryDatasets();
-  const bool is_listed =
-      NumberedList(kSecondaryDatasets, count, project_file_.Get())
-          .Contains([&](const std::string& entry) { return IsSameIgnoringCase(entry, address); });
-  return is_listed || AppendEntry(kSecondaryDatasets, count, address, project_file_.Get());
+  const std::string_view address = ViewOf(addr);
+  return EditList(kSecondaryDatasets, project_file_.Get(), [&](NumberedList& datasets) {
+    const bool is_listed = datasets.Contains(
+        [&](const std::string& entry) { return IsSameIgnoringCase(entry, address); });
+    return is_listed || datasets.Append(address);
+  });
 }
 
 bool IniFile::DeleteSecondaryDataset(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfSecondaryDatasets();
-  NumberedList datasets(kSecondaryDatasets, count, project_file_.Get());
-  const int removed = datasets.RemoveIf(
-      [&](const std::string& entry) {
-        return InProjectDirectory(entry) == address ||
-               IsSameIgnoringCase(FileNameOf(entry), address);
-      },
-      1);
-  return removed == 0 || datasets.Save(count - 1);
+  const std::string_view address = ViewOf(addr);
+  return EditList(kSecondaryDatasets, project_file_.Get(), [&](NumberedList& datasets) {
+    datasets.RemoveIf(
+        [&](const std::string& entry) {
+          return InProjectDirectory(entry) == address ||
+                 IsSameIgnoringCase(FileNameOf(entry), address);
+        },
+        1);
+    return true;
+  });
 }
 
 int IniFile::GetNumberOfModels() {
@@ -96,8 +91,7 @@ bool IniFile::SetNumberOfModels(const char* count) {
 }
 
 bool IniFile::SetNewModelAddress(const char* key, const char* addr) {
-  return key != nullptr &&
-         Profile::OfThisSystem().Write({kModels.section, key, addr}, project_file_.Get());
+  return key != nullptr && WriteAddress(kModels.section, key, addr, project_file_.Get());
 }
 
 const char* IniFile::GetModelAddress(short i) {
@@ -105,28 +99,27 @@ const char* IniFile::GetModelAddress(short i) {
 }
 
 const char* IniFile::GetModelAddress(const char* key) {
-  ReadInto(value_, kModels.section, key, project_file_.Get());
+  ReadAddress(value_, kModels.section, key, project_file_.Get());
   if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
   return value_.Get();
 }
 
 bool IniFile::AddModel(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfModels();
-  const bool is_listed =
-      NumberedList(kModels, count, project_file_.Get()).Contains([&](const std::string& entry) {
-        return InProjectDirectory(entry) == address;
-      });
-  return is_listed || AppendEntry(kModels, count, address, project_file_.Get());
+  const std::string_view address = ViewOf(addr);
+  return EditList(kModels, project_file_.Get(), [&](NumberedList& models) {
+    const bool is_listed = models.Contains(
+        [&](const std::string& entry) { return InProjectDirectory(entry) == address; });
+    return is_listed || models.Append(address);
+  });
 }
 
 bool IniFile::RemoveModel(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const int count = GetNumberOfModels();
-  NumberedList models(kModels, count, project_file_.Get());
-  const int removed = models.RemoveIf(
-      [&](const std::string& entry) { return entry == address || FileNameOf(entry) == address; });
-  return removed == 0 || models.Save(count - removed);
+  const std::string_view address = ViewOf(addr);
+  return EditList(kModels, project_file_.Get(), [&](NumberedList& models) {
+    models.RemoveIf(
+        [&](const std::string& entry) { return entry == address || FileNameOf(entry) == address; });
+    return true;
+  });
 }
 
 }  // namespace zemva

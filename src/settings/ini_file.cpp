@@ -10,6 +10,7 @@
 namespace zemva {
 
 PathText IniFile::msszIniPath;
+bool IniFile::is_ini_path_set_ = false;
 
 const char* GetIniFile() {
   return nullptr;
@@ -21,6 +22,7 @@ IniFile::IniFile(const char* projectFile) {
 }
 
 void IniFile::SetIniPath(const char* dir) {
+  is_ini_path_set_ = true;
   if (dir != nullptr && FileExists(dir)) {
     msszIniPath.SetPath(WithSeparator(dir));
   } else {
@@ -29,13 +31,16 @@ void IniFile::SetIniPath(const char* dir) {
 }
 
 const char* IniFile::GetIniPath() {
-  if (msszIniPath.IsEmpty()) SetIniPath(nullptr);
+  if (!is_ini_path_set_) SetIniPath(nullptr);
   return msszIniPath.Get();
 }
 
 std::string IniFile::GetSettingsFile() {
+  const std::string directory = WithSeparator(GetIniPath());
+  if (directory.empty()) return {};
   const char* name = GetIniFile();
-  return WithSeparator(GetIniPath()) + (name != nullptr ? name : kSettingsFileName);
+  const std::string file = directory + (name != nullptr ? name : kSettingsFileName);
+  return IsPathThatFits(file) ? file : std::string();
 }
 
 const char* IniFile::GetOptionsSectionName() {
@@ -61,7 +66,7 @@ const char* IniFile::MakeNewProject(const char* addr, const char* title, const c
 }
 
 bool IniFile::WriteDefaultProject(const char* addr, const char* title, const char* name) {
-  if (addr == nullptr || !CreateEmptyFile(addr)) return false;
+  if (addr == nullptr || !IsPathThatFits(addr) || !CreateEmptyFile(addr)) return false;
   const std::array<ProfileChange, 8> contents = {{
       {kProductSection, kIdentificationKey, kProductIdentification},
       {kProductSection, kVersionKey, kLayoutVersion},

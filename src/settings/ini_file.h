@@ -20,15 +20,17 @@ ZEMVA_API const char* GetIniFile();
 // Reads and writes both files. Nothing is cached: every operation goes to the file. A text that is
 // returned stands in one of three buffers of the object: addresses and free values (259
 // characters), titles (60), names, counts and versions (24). It is cut at its buffer and valid
-// until the next operation. The value of an absent key is "".
+// until the next operation; of an address, though, nothing is cut off. The value of an absent key
+// is
+// "".
 //
 // An operation that returns bool returns whether it could be carried out, if nothing else is said.
 // Lists are numbered from 1 without gaps. A null text is taken for an empty one, except as a value
 // to be written, where it removes the key.
 class ZEMVA_API IniFile {
  public:
-  // `projectFile` is the path of the project settings file. A path of more than 259 characters,
-  // here and elsewhere, is taken for none.
+  // `projectFile` is the path of the project settings file. A path of more than 259 characters is
+  // taken for none, here and where one is read; it is not written.
   explicit IniFile(const char* projectFile);
 
   // The directory of the settings file from now on: `dir`, with a separator at its end, or the
@@ -36,7 +38,8 @@ class ZEMVA_API IniFile {
   // user's configuration directory. Without a call it is the Windows directory too.
   static void SetIniPath(const char* dir);
   static const char* GetIniPath();
-  // The path of the settings file in that directory, which an IniFile takes when it is made.
+  // The path of the settings file in that directory, which an IniFile takes when it is made; ""
+  // when it has more than 259 characters, and then nothing is read or written.
   static std::string GetSettingsFile();
   static const char* GetOptionsSectionName();
 
@@ -147,12 +150,12 @@ class ZEMVA_API IniFile {
  private:
   static bool WriteDefaultProject(const char* addr, const char* title, const char* name);
 
-  int CountProjects();
   // The raw value, as it is stored.
   const char* GetSecondaryDatasetFileName(int i);
   std::string InProjectDirectory(std::string_view path) const;
 
-  static PathText msszIniPath;  // the settings directory
+  static PathText msszIniPath;  // the settings directory; empty when its path does not fit
+  static bool is_ini_path_set_;
 
   PathText settings_file_;
   PathText value_;

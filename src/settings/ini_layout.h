@@ -2,11 +2,15 @@
 #ifndef ZEMVA_SETTINGS_INI_LAYOUT_H
 #define ZEMVA_SETTINGS_INI_LAYOUT_H
 
+#include <array>
 #include <cstddef>
 
 #include "base/fixed_text.h"
 #include "settings/numbered_list.h"
+#include "settings/path_text.h"
 #include "settings/profile.h"
+#include "settings/profile_text.h"
+#include "settings/text.h"
 
 namespace zemva {
 
@@ -28,7 +32,6 @@ inline constexpr char kCurrentProjectSection[] = "Current project";
 inline constexpr char kCurrentProjectKey[] = "Project";
 
 inline constexpr char kOptionsSection[] = "Options";
-inline constexpr char kDefaultProjectDirKey[] = "DefaultProjectDir";
 
 inline constexpr char kMiscellaneousSection[] = "Miscelaneous";  // spelled so in the files
 
@@ -36,16 +39,34 @@ inline constexpr char kPrimaryDatasetSection[] = "Primary Dataset";
 inline constexpr char kPrimaryDatasetKey[] = "pd";
 inline constexpr char kPrimaryDatasetNameKey[] = "name";
 
-inline constexpr ListLayout kKnownProjects = {"Known projects", "iNProjects", "p"};
-inline constexpr ListLayout kSecondaryDatasets = {"Secondary Datasets", "iNSD", "d"};
-inline constexpr ListLayout kModels = {"Models", "iNMOD", "m"};
+inline constexpr ListLayout kKnownProjects = {"Known projects", "iNProjects", "p", 0,
+                                              LeadingInteger};
+inline constexpr ListLayout kSecondaryDatasets = {"Secondary Datasets", "iNSD", "d", 0, IntegerOf};
+inline constexpr ListLayout kModels = {"Models", "iNMOD", "m", -1, IntegerOf};
 
-// Reads a value into a field, which is empty when the key is absent, and returns the field.
+// Reads a value into a field that it is cut at, which is empty when the key is absent, and returns
+// the field.
 template <std::size_t Capacity>
 const char* ReadInto(FixedText<Capacity>& field, const char* section, const char* key,
                      const char* file) {
   Profile::OfThisSystem().ReadString(section, key, "", {field.Get(), Capacity + 1}, file);
   return field.Get();
+}
+
+// Reads an address. One that does not fit is none: cut, it would name another file.
+inline const char* ReadAddress(PathText& field, const char* section, const char* key,
+                               const char* file) {
+  std::array<char, PathText::kCapacity + 2> whole;
+  const std::size_t length = Profile::OfThisSystem().ReadString(section, key, "", whole, file);
+  field.SetPath({whole.data(), length});
+  return field.Get();
+}
+
+// Writes an address. One that could not be read again is refused.
+inline bool WriteAddress(const char* section, const char* key, const char* address,
+                         const char* file) {
+  return IsPathThatFits(ViewOf(address)) &&
+         Profile::OfThisSystem().Write({section, key, address}, file);
 }
 
 }  // namespace zemva

@@ -3,6 +3,7 @@
 
 #include "settings/ini_file.h"
 #include "settings/ini_layout.h"
+#include "settings/options.h"
 #include "settings/text.h"
 
 namespace zemva {
@@ -20,7 +21,6 @@ constexpr const char* kOldOptionKeys[] = {
 };
 
 constexpr char kOldUserSection[] = "Userinfo";
-constexpr char kCrossValidationKey[] = "CrossValidation";
 
 }  // namespace
 
@@ -54,7 +54,8 @@ bool IniFile::CleanIniFile(const char* file) {
   for (const char* key : kOldProductKeys) changes.push_back({kProductSection, key, nullptr});
   for (const char* key : kOldOptionKeys) changes.push_back({kOptionsSection, key, nullptr});
   changes.push_back({kOldUserSection, nullptr, nullptr});
-  changes.push_back({kOptionsSection, kCrossValidationKey, "CV"});
+  changes.push_back({kOptionsSection, Options::GetString(EOptType::CrossValidation),
+                     Options::GetString(EValidate::CV)});
   return Profile::OfThisSystem().Write(changes, file != nullptr ? file : settings_file_.Get());
 }
 

@@ -1,9 +1,9 @@
 #include "settings/numbered_list.h"
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
-#include "settings/profile.h"
+#include "settings/path_text.h"
 #include "settings/text.h"
 
 namespace zemva {
@@ -23,65 +23,88 @@ std::string EntryKey(const ListLayout& layout, int number) {
   return layout.prefix + std::to_string(number);
 }
 
-bool WriteCount(const ListLayout& layout, int count, const char* file) {
-  const std::string text = std::to_string(count);
-  return Profile::OfThisSystem().Write({layout.section, layout.count_key, text.c_str()}, file);
-}
-
-bool AppendEntry(const ListLayout& layout, int count, std::string_view address, const char* file) {
-  if (count == std::numeric_limits<int>::max()) return false;
-  const std::string value(address);
-  const std::string key = EntryKey(layout, count + 1);
-  const std::string new_count = std::to_string(count + 1);
-  return Profile::OfThisSystem().Write(
-      std::array<ProfileChange, 2>{{{layout.section, key.c_str(), value.c_str()},
-                                    {layout.section, layout.count_key, new_count.c_str()}}},
-      file);
-}
-
-NumberedList::NumberedList(const ListLayout& layout, int count, const char* file)
-    : layout_(layout), file_(ViewOf(file)) {
-  for (ProfileEntry& entry : Profile::OfThisSystem().ReadSection(layout.section, file)) {
-    const int number = EntryNumber(layout, entry.key);
-    if (number >= 1 && number <= count) stored_.emplace(number, std::move(entry.value));
+NumberedList::NumberedList(const ListLayout& layout, const std::vector<ProfileEntry>& section)
+    : layout_(layout), stored_count_(layout.absent_count) {
+  for (const ProfileEntry& entry : section) {
+    const bool is_count = IsSameIgnoringCase(entry.key, layout.count_key);
+    if (is_count && !entry.value.empty()) stored_count_ = layout.count_of(entry.value);
   }
-  for (const auto& [number, address] : stored_) addresses_.push_back(address);
+  count_ = stored_count_;
+  for (const ProfileEntry& entry : section) {
+    const int number = EntryNumber(layout, entry.key);
+    if (number >= 1 && number <= count_) stored_entries_.emplace(number, entry.value);
+  }
+  entries_ = stored_entries_;
 }
 
-bool NumberedList::Contains(const std::function<bool(const std::string&)>& matches) const {
-  return std::ranges::any_of(addresses_, matches);
+bool NumberedList::Contains(const Matcher& matches) const {
+  return std::ranges::any_of(entries_, [&](const auto& entry) { return matches(entry.second); });
 }
 
-int NumberedList::RemoveIf(const std::function<bool(const std::string&)>& matches, int most) {
+bool NumberedList::Append(std::string_view address) {
+  if (!IsPathThatFits(address) || !RaiseCount(*this)) return false;
+  entries_.insert_or_assign(count_, std::string(address));
+  return true;
+}
+
+int NumberedList::RemoveIf(const Matcher& matches, int most) {
   int removed = 0;
-  std::erase_if(addresses_, [&](const std::string& address) {
-    if (removed == most || !matches(address)) return false;
+  std::erase_if(entries_, [&](const auto& entry) {
+    if (removed == most || !matches(entry.second)) return false;
     ++removed;
     return true;
   });
+  if (removed > 0) CloseGaps();
   return removed;
 }
 
-bool NumberedList::Save(int count) const {
-  std::vector<ProfileEntry> written;
-  for (std::size_t i = 0; i < addresses_.size(); ++i) {
-    const int number = static_cast<int>(i) + 1;
-    const auto stored = stored_.find(number);
-    if (stored != stored_.end() && stored->second == addresses_[i]) continue;
-    written.push_back({EntryKey(layout_, number), addresses_[i]});
-  }
-  written.push_back({layout_.count_key, std::to_string(count)});
-  std::vector<std::string> removed;
-  for (const auto& [number, address] : stored_) {
-    if (number > static_cast<int>(addresses_.size())) removed.push_back(EntryKey(layout_, number));
-  }
+void NumberedList::CloseGaps() {
+  std::map<int, std::string> closed;
+  count_ = 0;
+  for (auto& [number, address] : entries_) closed.emplace(++count_, std::move(address));
+  entries_ = std::move(closed);
+}
 
-  std::vector<ProfileChange> changes;
-  for (const ProfileEntry& entry : written) {
-    changes.push_back({layout_.section, entry.key.c_str(), entry.value.c_str()});
+std::vector<KeyChange> NumberedList::GetChanges() const {
+  std::vector<KeyChange> changes;
+  for (const auto& [number, address] : entries_) {
+    const auto stored = stored_entries_.find(number);
+    if (stored != stored_entries_.end() && stored->second == address) continue;
+    changes.push_back({EntryKey(layout_, number), address});
   }
-  for (const std::string& key : removed) changes.push_back({layout_.section, key.c_str(), nullptr});
-  return Profile::OfThisSystem().Write(changes, file_.c_str());
+  for (const auto& [number, address] : stored_entries_) {
+    if (!entries_.contains(number)) changes.push_back({EntryKey(layout_, number), std::nullopt});
+  }
+  if (count_ != stored_count_) changes.push_back({layout_.count_key, std::to_string(count_)});
+  return changes;
+}
+
+bool LowerCount(NumberedList& list) {
+  if (list.GetCount() <= 0) return false;
+  list.SetCount(list.GetCount() - 1);
+  return true;
+}
+
+bool RaiseCount(NumberedList& list) {
+  if (list.GetCount() == std::numeric_limits<int>::max()) return false;
+  list.SetCount(list.GetCount() + 1);
+  return true;
+}
+
+NumberedList ReadList(const ListLayout& layout, const char* file) {
+  return {layout, Profile::OfThisSystem().ReadSection(layout.section, file)};
+}
+
+bool EditList(const ListLayout& layout, const char* file,
+              const std::function<bool(NumberedList&)>& change) {
+  bool is_possible = false;
+  const bool is_written = Profile::OfThisSystem().Update(
+      layout.section, file, [&](const std::vector<ProfileEntry>& section) {
+        NumberedList list(layout, section);
+        is_possible = change(list);
+        return list.GetChanges();
+      });
+  return is_possible && is_written;
 }
 
 }  // namespace zemva

@@ -12,13 +12,14 @@
 namespace zemva {
 namespace {
 
-constexpr double kUnlimited = std::numeric_limits<double>::max();
+constexpr double kLargestReal = std::numeric_limits<double>::max();
+constexpr int kLargestInteger = std::numeric_limits<int>::max();
 
-constexpr OptionRule Real(double lowest = -kUnlimited, double highest = kUnlimited) {
+constexpr OptionRule Real(double lowest = -kLargestReal, double highest = kLargestReal) {
   return {OptionRule::Kind::Real, lowest, highest};
 }
-constexpr OptionRule Integer(int lowest, double highest = kUnlimited) {
-  return {OptionRule::Kind::Integer, static_cast<double>(lowest), highest};
+constexpr OptionRule Integer(int lowest, int highest = kLargestInteger) {
+  return {OptionRule::Kind::Integer, static_cast<double>(lowest), static_cast<double>(highest)};
 }
 constexpr OptionRule OneOf(std::span<const char* const> words) {
   return {OptionRule::Kind::Words, 0, 0, words};
@@ -89,10 +90,11 @@ bool IsExistingPath(std::string_view value) {
 }
 
 std::string DescribeRange(const char* numbers, const OptionRule& rule) {
-  std::string text = numbers;
-  if (rule.lowest != -kUnlimited) text.append(" from ").append(FormatReal(rule.lowest));
-  if (rule.highest != kUnlimited) text.append(" to ").append(FormatReal(rule.highest));
-  return text;
+  return std::string(numbers)
+      .append(" from ")
+      .append(FormatShortest(rule.lowest))
+      .append(" to ")
+      .append(FormatShortest(rule.highest));
 }
 
 std::string DescribeWords(std::span<const char* const> words) {

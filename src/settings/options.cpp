@@ -14,11 +14,12 @@
 namespace zemva {
 namespace {
 
-const char* ValueIn(const std::vector<ProfileEntry>& entries, std::string_view key) {
+// Null when there is none.
+const std::string* ValueIn(const std::vector<ProfileEntry>& entries, std::string_view key) {
   const auto entry = std::ranges::find_if(entries, [key](const ProfileEntry& candidate) {
     return IsSameIgnoringCase(candidate.key, key);
   });
-  return entry != entries.end() ? entry->value.c_str() : "";
+  return entry != entries.end() ? &entry->value : nullptr;
 }
 
 }  // namespace
@@ -41,12 +42,14 @@ float Options::GetFloatValue(EOptType type) const {
 }
 
 bool Options::SetValue(EOptType type, const char* value) {
-  if (!IsLegalValue(type, value)) return false;
-  auto& cell = values_[static_cast<std::size_t>(type)];
-  if (ViewOf(value).size() > cell.kCapacity) return false;
-  cell.Set(value);
+  if (!IsLegalValue(type, value) || ViewOf(value).size() > kLongestValue) return false;
+  SetText(type, value);
   SetChangeFlag();
   return true;
+}
+
+void Options::SetText(EOptType type, const char* text) {
+  if (IsOption(type)) values_[static_cast<std::size_t>(type)].Set(text);
 }
 
 EOptType Options::GetOptType(const char* key) {
@@ -80,19 +83,25 @@ bool Options::IsResetOnLoad(EOptType type) {
   return IsGlobalOption(type) && OptionRow(type).IsResetOnLoad();
 }
 
-void Options::LoadGlobal() {
-  const std::string file = IniFile::GetSettingsFile();
-  const auto entries = Profile::OfThisSystem().ReadSection(kOptionsSection, file.c_str());
-  std::vector<ProfileChange> defaults;
+bool Options::LoadGlobal() {
+  return Profile::OfThisSystem().Update(
+      kOptionsSection, IniFile::GetSettingsFile().c_str(),
+      [this](const std::vector<ProfileEntry>& entries) { return TakeOver(entries); });
+}
+
+std::vector<KeyChange> Options::TakeOver(const std::vector<ProfileEntry>& entries) {
+  std::vector<KeyChange> defaults;
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const OptionCell& row = OptionRow(static_cast<EOptType>(number));
     auto& cell = values_[static_cast<std::size_t>(number)];
-    cell.Set(ValueIn(entries, row.key));
-    if (!row.IsResetOnLoad() && !cell.IsEmpty() && row.rule.Allows(cell.View())) continue;
-    cell.Set(row.default_value);
-    defaults.push_back({kOptionsSection, row.key, row.default_value});
+    const std::string* value = ValueIn(entries, row.key);
+    const bool is_kept = value != nullptr && !row.IsResetOnLoad() && !value->empty() &&
+                         value->size() <= kLongestValue && row.rule.Allows(*value);
+    cell.Set(is_kept ? value->c_str() : row.default_value);
+    const bool is_in_file = value != nullptr && *value == cell.View();
+    if (!is_in_file) defaults.push_back({row.key, row.default_value});
   }
-  Profile::OfThisSystem().Write(defaults, file.c_str());
+  return defaults;
 }
 
 bool Options::SaveGlobal() {
@@ -101,15 +110,19 @@ bool Options::SaveGlobal() {
     const auto type = static_cast<EOptType>(number);
     values.push_back({kOptionsSection, OptionRow(type).key, GetValue(type)});
   }
-  if (!Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str())) return false;
   ResetChangeFlag();
-  return true;
+  return Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str());
 }
 
 bool Options::SaveGlobalValue(EOptType type) const {
   if (!IsGlobalOption(type)) return false;
-  return Profile::OfThisSystem().Write({kOptionsSection, OptionRow(type).key, GetValue(type)},
-                                       IniFile::GetSettingsFile().c_str());
+  const std::string file = IniFile::GetSettingsFile();
+  const char* key = OptionRow(type).key;
+  if (!Profile::OfThisSystem().Write({kOptionsSection, key, GetValue(type)}, file.c_str())) {
+    return false;
+  }
+  FixedText<kLongestValue> stored;
+  return ReadInto(stored, kOptionsSection, key, file.c_str()) == ViewOf(GetValue(type));
 }
 
 const char* Options::GetString(EOptType type) {

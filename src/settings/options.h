@@ -3,7 +3,9 @@
 #define ZEMVA_SETTINGS_OPTIONS_H
 
 #include <array>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "base/export.h"
 #include "base/fixed_text.h"
@@ -11,12 +13,18 @@
 
 namespace zemva {
 
-// Holds a value, at most 259 characters, for each of the 40 options; those numbered 1 to 36 are
+struct KeyChange;
+struct ProfileEntry;
+
+// Holds a value for each of the 40 options; those numbered 1 to 36 are
 // "global": they stand in the section "Options" of the settings file (see
 // IniFile::GetSettingsFile). Nothing here reports an error: what is illegal in the file is replaced
 // by its default.
 class ZEMVA_API Options {
  public:
+  // The most characters of a value.
+  static constexpr std::size_t kLongestValue = 259;
+
   virtual ~Options() = default;
 
   // Takes over all values and the change flag.
@@ -47,13 +55,14 @@ class ZEMVA_API Options {
   static bool IsResetOnLoad(EOptType type);
 
   // Reads the global options. Where the file has no value or an illegal one, the option and the
-  // file get the default.
-  void LoadGlobal();
-  // Writes the global options and clears the change flag. False, with the flag as it was, when the
-  // file could not be written.
+  // file get the default. False when the file cannot be read, and the options are as they were, or
+  // when a default could not be written.
+  bool LoadGlobal();
+  // Writes the global options and clears the change flag. False when the file could not be written.
   bool SaveGlobal();
-  // Writes one global option, and leaves to others what they wrote. False when `type` is none or
-  // the file could not be written.
+  // Writes one global option, and leaves to others what they wrote. False when `type` is none,
+  // when the file could not be written, or when it does not give the value back as it is: blanks
+  // and quotes around one are lost.
   bool SaveGlobalValue(EOptType type) const;
   // Do nothing: no options are kept with a project.
   void LoadLocal() {}
@@ -83,8 +92,14 @@ class ZEMVA_API Options {
   Options(const Options&) = default;
   Options& operator=(const Options&) = default;
 
+  // Sets the text of an option, cut at 259 characters, legal or not.
+  void SetText(EOptType type, const char* text);
+
  private:
-  std::array<FixedText<259>, kOptionCount + 1> values_;  // by number; 0 stays empty
+  // Fills the global options, and returns what the file lacks.
+  std::vector<KeyChange> TakeOver(const std::vector<ProfileEntry>& entries);
+
+  std::array<FixedText<kLongestValue>, kOptionCount + 1> values_;  // by number; 0 stays empty
   bool is_changed_ = false;
 };
 

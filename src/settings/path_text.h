@@ -2,6 +2,7 @@
 #ifndef ZEMVA_SETTINGS_PATH_TEXT_H
 #define ZEMVA_SETTINGS_PATH_TEXT_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -9,12 +10,19 @@
 
 namespace zemva {
 
+// The most characters of a path.
+inline constexpr std::size_t kLongestPath = 259;
+
+inline bool IsPathThatFits(std::string_view path) {
+  return path.size() <= kLongestPath;
+}
+
 // A path in a field of 260 bytes. One that does not fit would name another file: the field is then
 // empty, which names none.
-class PathText : public FixedText<259> {
+class PathText : public FixedText<kLongestPath> {
  public:
   void SetPath(std::string_view path) {
-    Set(path.size() <= kCapacity ? std::string(path).c_str() : "");
+    Set(IsPathThatFits(path) ? std::string(path).c_str() : "");
   }
 };
 

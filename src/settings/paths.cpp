@@ -20,10 +20,9 @@ bool HasDrive(std::string_view path) {
 }
 
 char SeparatorOf(std::string_view path) {
-  if (HasDrive(path)) return '\\';
-  const std::size_t first = path.find_first_of(kSeparators);
-  return first != std::string_view::npos ? path[first]
-                                         : static_cast<char>(fs::path::preferred_separator);
+  if (HasDrive(path) || path.find('\\') != std::string_view::npos) return '\\';
+  const bool has_slash = path.find('/') != std::string_view::npos;
+  return has_slash ? '/' : static_cast<char>(fs::path::preferred_separator);
 }
 
 std::size_t LengthOfDirectory(std::string_view path) {

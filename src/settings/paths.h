@@ -9,8 +9,8 @@
 namespace zemva {
 
 // The path with a separator at its end, unless it is empty or ends in one. A path keeps the
-// separator that it uses: "\" with a drive letter, else the first that stands in it, else the
-// system's own.
+// separator that it uses: "\" with a drive letter or a "\" in it, else "/" with a "/" in it, else
+// the system's own.
 std::string WithSeparator(std::string_view path);
 
 // Drive and directory with the last separator; what follows them.

@@ -1,5 +1,7 @@
 #include "settings/profile.h"
 
+#include "settings/text.h"
+
 #if defined(_WIN32)
 #include "settings/windows_profile.h"
 #else
@@ -8,7 +10,21 @@
 
 namespace zemva {
 
+namespace {
+
+bool FitsALine(const char* text) {
+  const std::string_view view = ViewOf(text);
+  return view.size() <= Profile::kMaxText && view.find_first_of("\r\n") == std::string_view::npos;
+}
+
+}  // namespace
+
 Profile::~Profile() = default;
+
+bool Profile::IsValid(const ProfileChange& change) {
+  return change.section != nullptr && FitsALine(change.section) && FitsALine(change.key) &&
+         FitsALine(change.value);
+}
 
 const Profile& Profile::OfThisSystem() {
 #if defined(_WIN32)

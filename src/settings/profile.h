@@ -9,6 +9,8 @@
 #define ZEMVA_SETTINGS_PROFILE_H
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -26,6 +28,17 @@ struct ProfileChange {
   const char* key;
   const char* value;
 };
+
+// The same in a section that is known. Without a value it removes the key.
+struct KeyChange {
+  std::string key;
+  std::optional<std::string> value;
+};
+
+// Valid as long as what it was made from.
+inline ProfileChange ToProfileChange(const char* section, const KeyChange& change) {
+  return {section, change.key.c_str(), change.value ? change.value->c_str() : nullptr};
+}
 
 class Profile {
  public:
@@ -46,15 +59,24 @@ class Profile {
   virtual int ReadInteger(const char* section, const char* key, int fallback,
                           const char* file) const = 0;
 
-  // All that a section holds, in the order of the file.
+  // The keys of a section that have a value, in the order of the file and each name once.
   virtual std::vector<ProfileEntry> ReadSection(const char* section, const char* file) const = 0;
 
   // Makes the changes one after the other, and the file when it does not exist. To remove what is
-  // not there succeeds. False when one could not be made.
+  // not there succeeds. False when one could not be made; a text that is too long or of more than
+  // one line cannot.
   virtual bool Write(std::span<const ProfileChange> changes, const char* file) const = 0;
   bool Write(const ProfileChange& change, const char* file) const {
     return Write(std::span(&change, 1), file);
   }
+
+  // The changes that a section needs, told from what it holds.
+  using SectionEdit = std::function<std::vector<KeyChange>(const std::vector<ProfileEntry>&)>;
+
+  // Reads a section and makes the changes that `edit` asks for, a key at most once. `edit` may be
+  // called twice; what it returned last is made. False, without a call, when the file exists and
+  // cannot be read; false too when it cannot be written.
+  virtual bool Update(const char* section, const char* file, const SectionEdit& edit) const = 0;
 
   // Where settings are kept that have no place of their own, without a separator at its end.
   virtual std::string FindWindowsDirectory() const = 0;
@@ -62,6 +84,10 @@ class Profile {
   // The profile operations of this system: the system's own calls on Windows, FileProfile
   // elsewhere.
   static const Profile& OfThisSystem();
+
+ protected:
+  // Whether a change names a section, and texts that fit a line.
+  static bool IsValid(const ProfileChange& change);
 };
 
 }  // namespace zemva

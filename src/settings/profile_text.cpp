@@ -1,6 +1,11 @@
 #include "settings/profile_text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "settings/text.h"
@@ -43,6 +48,29 @@ std::string_view Unquoted(std::string_view value) {
   return value.substr(1, value.size() - 2);
 }
 
+int IntegerOf(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  const bool is_negative = text.starts_with('-');
+  if (is_negative || text.starts_with('+')) text.remove_prefix(1);
+  constexpr std::array<std::pair<std::string_view, unsigned>, 3> kPrefixes = {
+      {{"0x", 16}, {"0o", 8}, {"0b", 2}}};
+  unsigned base = 10;
+  for (const auto& [prefix, prefix_base] : kPrefixes) {
+    if (!text.starts_with(prefix)) continue;
+    base = prefix_base;
+    text.remove_prefix(prefix.size());
+    break;
+  }
+  std::uint32_t value = 0;
+  for (const char& character : text) {
+    unsigned digit = base;
+    std::from_chars(&character, &character + 1, digit, static_cast<int>(base));
+    if (digit == base) break;
+    value = value * base + digit;
+  }
+  return static_cast<int>(is_negative ? 0 - value : value);
+}
+
 ProfileText::ProfileText(std::string bytes)
     : bytes_(std::move(bytes)), start_(bytes_.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0) {}
 
@@ -61,11 +89,13 @@ std::optional<std::string_view> ProfileText::Find(std::string_view section,
 
 std::vector<ProfileEntry> ProfileText::GetEntries(std::string_view section) const {
   std::vector<ProfileEntry> entries;
+  std::set<std::string_view, LessIgnoringCase> names;
   const auto where = FindSection(section);
   if (!where) return entries;
   for (std::size_t at = where->body; at < where->end;) {
     const Key key = KeyOf(LineAt(at));
-    if (key.value) {
+    const bool is_blank_line = Trimmed(TextOf(key.line)).empty();
+    if (!is_blank_line && names.insert(key.name).second && key.value) {
       entries.push_back({std::string(key.name), std::string(UpToZero(Unquoted(*key.value)))});
     }
     at = key.line.next;
@@ -73,31 +103,52 @@ std::vector<ProfileEntry> ProfileText::GetEntries(std::string_view section) cons
   return entries;
 }
 
-void ProfileText::Set(std::string_view section, std::string_view key, std::string_view value) {
-  const std::string line = std::string(Trimmed(key)).append("=").append(value);
+void ProfileText::Change(std::string_view section, std::span<const KeyChange> changes) {
+  std::map<std::string_view, const KeyChange*, LessIgnoringCase> pending;
+  for (const KeyChange& change : changes) {
+    const bool is_findable = change.value || (IsTrimmed(section) && IsTrimmed(change.key));
+    if (is_findable) pending.insert_or_assign(Trimmed(change.key), &change);
+  }
   const auto where = FindSection(section);
-  if (!where) {
-    const std::string_view line_end = NewLineEnd();
-    InsertLines(bytes_.size(),
-                std::string("[").append(Trimmed(section)).append("]").append(line_end) + line);
-    return;
+  std::string body;
+  // Behind the last line that is not blank, so that blank lines go on parting sections.
+  std::size_t end_of_content = 0;
+  for (std::size_t at = where ? where->body : bytes_.size(); where && at < where->end;) {
+    const Key key = KeyOf(LineAt(at));
+    at = key.line.next;
+    const std::string_view whole_line =
+        std::string_view(bytes_).substr(key.line.begin, key.line.next - key.line.begin);
+    if (Trimmed(whole_line).empty()) {
+      body += whole_line;
+      continue;
+    }
+    const auto change = pending.find(key.name);
+    if (change == pending.end()) {
+      body += whole_line;
+    } else {
+      if (change->second->value) body += Changed(key, *change->second->value);
+      pending.erase(change);
+    }
+    end_of_content = body.size();
   }
-  const auto found = FindKey(*where, key);
-  if (!found) {
-    InsertLines(EndOfContent(*where), line);
-  } else if (found->value) {
-    const auto begin = static_cast<std::size_t>(found->value->data() - bytes_.data());
-    bytes_.replace(begin, found->line.end - begin, value);
-  } else {
-    bytes_.replace(found->line.begin, found->line.end - found->line.begin, line);
-  }
-}
+  if (where) bytes_.replace(where->body, where->end - where->body, body);
 
-void ProfileText::RemoveKey(std::string_view section, std::string_view key) {
-  if (!IsTrimmed(section) || !IsTrimmed(key)) return;
-  const auto where = FindSection(section);
-  const auto found = where ? FindKey(*where, key) : std::nullopt;
-  if (found) bytes_.erase(found->line.begin, found->line.next - found->line.begin);
+  const std::string line_end(NewLineEnd());
+  std::string lines;
+  for (const KeyChange& change : changes) {
+    const std::string_view name = Trimmed(change.key);
+    const auto left = pending.find(name);
+    if (left == pending.end() || left->second != &change || !change.value) continue;
+    if (!lines.empty()) lines += line_end;
+    lines.append(name).append("=").append(*change.value);
+  }
+  if (lines.empty()) return;
+  if (where) {
+    InsertLines(where->body + end_of_content, lines);
+  } else {
+    InsertLines(bytes_.size(),
+                std::string("[").append(Trimmed(section)).append("]").append(line_end) + lines);
+  }
 }
 
 void ProfileText::RemoveSection(std::string_view section) {
@@ -156,15 +207,18 @@ std::optional<ProfileText::Key> ProfileText::FindKey(const Section& section,
   return std::nullopt;
 }
 
-// Behind the last line that is not blank, so that blank lines go on parting sections.
-std::size_t ProfileText::EndOfContent(const Section& section) const {
-  std::size_t end = section.body;
-  for (std::size_t at = section.body; at < section.end;) {
-    const Line line = LineAt(at);
-    if (!Trimmed(TextOf(line)).empty()) end = line.next;
-    at = line.next;
+// The line of a key with another value, and with all that is not the value as it was.
+std::string ProfileText::Changed(const Key& key, std::string_view value) const {
+  const std::string_view bytes = bytes_;
+  const std::string_view line_end = bytes.substr(key.line.end, key.line.next - key.line.end);
+  std::string line;
+  if (key.value) {
+    const auto begin = static_cast<std::size_t>(key.value->data() - bytes.data());
+    line = bytes.substr(key.line.begin, begin - key.line.begin);
+  } else {
+    line = std::string(key.name).append("=");
   }
-  return end;
+  return line.append(value).append(line_end);
 }
 
 std::string_view ProfileText::NewLineEnd() const {

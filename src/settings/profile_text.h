@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,9 @@ namespace zemva {
 
 // The value less a trailing and leading quote, where it has one pair of them.
 std::string_view Unquoted(std::string_view value);
+
+// The value as an integer; see Profile::ReadInteger.
+int IntegerOf(std::string_view value);
 
 // Keeps the bytes as they are and edits only what a change names: comments, blank lines, line ends,
 // the order and spelling of names, and lines without a meaning all stay. A line ends with \n, \r or
@@ -32,9 +36,9 @@ class ProfileText {
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
   std::vector<ProfileEntry> GetEntries(std::string_view section) const;
 
-  void Set(std::string_view section, std::string_view key, std::string_view value);
-  // To remove something, a name must be given without blanks around it; else nothing is found.
-  void RemoveKey(std::string_view section, std::string_view key);
+  // Makes the changes of a section, a key at most once, in one pass. To remove something, a name
+  // must be given without blanks around it; else nothing is found.
+  void Change(std::string_view section, std::span<const KeyChange> changes);
   void RemoveSection(std::string_view section);
 
  private:
@@ -61,7 +65,7 @@ class ProfileText {
   Key KeyOf(const Line& line) const;
   std::optional<Section> FindSection(std::string_view name) const;
   std::optional<Key> FindKey(const Section& section, std::string_view name) const;
-  std::size_t EndOfContent(const Section& section) const;
+  std::string Changed(const Key& key, std::string_view value) const;
   std::string_view NewLineEnd() const;
   void InsertLines(std::size_t position, std::string_view lines);
 

@@ -4,15 +4,25 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <memory>
+#include <set>
 #include <string_view>
+#include <system_error>
+
+#include "base/native_path.h"
+#include "settings/text.h"
 
 namespace zemva {
 namespace {
 
+namespace fs = std::filesystem;
+
 // Longer texts and paths are not safe with the system's calls.
 bool FitsTheCalls(const char* text) {
-  return text == nullptr || std::strlen(text) <= Profile::kMaxText;
+  return ViewOf(text).size() <= Profile::kMaxText;
 }
 bool IsUsablePath(const char* file) {
   return file != nullptr && *file != '\0' && std::strlen(file) < MAX_PATH;
@@ -35,12 +45,14 @@ std::string ReadKeyNames(const char* section, const char* file) {
   return {};
 }
 
-bool Make(const ProfileChange& change, const char* file) {
-  if (change.section == nullptr) return false;
-  if (!FitsTheCalls(change.section) || !FitsTheCalls(change.key) || !FitsTheCalls(change.value)) {
-    return false;
-  }
-  return WritePrivateProfileStringA(change.section, change.key, change.value, file) != 0;
+// The system's calls do not tell a file that cannot be read from one that does not exist.
+bool IsReadableOrMissing(const char* file) {
+  const fs::path path = NativePath(file);
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::not_found) return true;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(OpenFile(path, "rb"), std::fclose);
+  return fs::is_regular_file(status) && stream != nullptr;
 }
 
 }  // namespace
@@ -67,22 +79,37 @@ std::vector<ProfileEntry> WindowsProfile::ReadSection(const char* section, const
   if (section == nullptr || !IsUsablePath(file)) return entries;
   const std::string names = ReadKeyNames(section, file);
   std::string value(kMaxText + 1, '\0');
+  std::set<std::string, LessIgnoringCase> seen;
   for (std::size_t at = 0; at < names.size();) {
     const std::string name(names.c_str() + at);
-    const std::size_t length = ReadString(section, name.c_str(), "", value, file);
-    entries.push_back({name, value.substr(0, length)});
     at += name.size() + 1;
+    if (!seen.insert(name).second) continue;
+    const std::size_t length = ReadString(section, name.c_str(), "", value, file);
+    // A key without a value gives whatever it is to fall back on.
+    std::array<char, 2> probe = {};
+    if (length == 0 && ReadString(section, name.c_str(), "x", probe, file) > 0) continue;
+    entries.push_back({name, value.substr(0, length)});
   }
   return entries;
 }
 
 bool WindowsProfile::Write(std::span<const ProfileChange> changes, const char* file) const {
   if (!IsUsablePath(file)) return false;
-  const bool are_made = std::ranges::all_of(
-      changes, [file](const ProfileChange& change) { return Make(change, file); });
+  const bool are_made = std::ranges::all_of(changes, [file](const ProfileChange& change) {
+    return IsValid(change) &&
+           WritePrivateProfileStringA(change.section, change.key, change.value, file) != 0;
+  });
   // What the system still keeps back for itself reaches the file.
   WritePrivateProfileStringA(nullptr, nullptr, nullptr, file);
   return are_made;
+}
+
+bool WindowsProfile::Update(const char* section, const char* file, const SectionEdit& edit) const {
+  if (section == nullptr || !IsUsablePath(file) || !IsReadableOrMissing(file)) return false;
+  const std::vector<KeyChange> edits = edit(ReadSection(section, file));
+  std::vector<ProfileChange> changes;
+  for (const KeyChange& change : edits) changes.push_back(ToProfileChange(section, change));
+  return changes.empty() || Write(changes, file);
 }
 
 std::string WindowsProfile::FindWindowsDirectory() const {

@@ -6,7 +6,8 @@
 
 namespace zemva {
 
-// The system looks for a file without a directory in the Windows directory.
+// The system's calls hold nothing between a read and a write. The system looks for a file without a
+// directory in the Windows directory.
 class WindowsProfile : public Profile {
  public:
   using Profile::Write;
@@ -17,6 +18,7 @@ class WindowsProfile : public Profile {
                   const char* file) const override;
   std::vector<ProfileEntry> ReadSection(const char* section, const char* file) const override;
   bool Write(std::span<const ProfileChange> changes, const char* file) const override;
+  bool Update(const char* section, const char* file, const SectionEdit& edit) const override;
   std::string FindWindowsDirectory() const override;
 };
 

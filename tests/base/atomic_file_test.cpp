@@ -3,6 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
 
 #include "support/temp_folder.h"
 
@@ -49,6 +54,44 @@ TEST(AtomicFile, FollowsALinkAndKeepsPermissions) {
   EXPECT_TRUE(fs::is_symlink(folder.File("link")));
   EXPECT_EQ(test::ReadBytes(path), "new");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST(AtomicFile, MakesWhatADanglingLinkPointsTo) {
+  const test::TempFolder folder;
+  fs::create_symlink("made.txt", folder.File("link"));
+  EXPECT_TRUE(Save(folder.File("link"), "new"));
+  EXPECT_TRUE(fs::is_symlink(folder.File("link")));
+  EXPECT_EQ(test::ReadBytes(folder.File("made.txt")), "new");
+}
+
+TEST(AtomicFile, IsWrittenToAFileOfItsOwnThatIsAsPrivateAsTheOld) {
+  const test::TempFolder folder;
+  const std::string path = folder.File("a.txt");
+  const std::string beside = folder.File(".saving-" + std::to_string(getpid()) + "-1");
+  const std::string victim = folder.File("victim");
+  test::WriteBytes(path, "old");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  test::WriteBytes(victim, "precious");
+  fs::create_symlink(victim, beside);  // in the way, by chance or on purpose
+  {
+    AtomicFile file(path);
+    for (const auto& entry : fs::directory_iterator(folder.Path())) {
+      const auto others = fs::perms::group_all | fs::perms::others_all;
+      if (entry.path().filename().string().ends_with("-2")) {
+        EXPECT_EQ(entry.status().permissions() & others, fs::perms::none);
+      }
+    }
+    std::fputs("new", file.GetStream());
+    EXPECT_TRUE(file.Commit());
+  }
+  EXPECT_EQ(test::ReadBytes(path), "new");
+  EXPECT_FALSE(fs::is_symlink(path));
+  EXPECT_EQ(test::ReadBytes(victim), "precious");
+}
+
+TEST(AtomicFile, ANameAsLongAsAFolderTakesIsNoObstacle) {
+  const test::TempFolder folder;
+  EXPECT_TRUE(Save(folder.File(std::string(255, 'n')), "x"));
 }
 
 TEST(AtomicFile, ADeviceIsWrittenToAndNotReplaced) {

@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "data/dataset.h"
+#include "data/ds_info.h"
 #include "data/obs_info.h"
 #include "data/var_info.h"
 #include "numeric/x_vector.h"
@@ -129,6 +131,32 @@ TEST(VarInfo, ListingShowsPositionsAndACopyIsItsOwn) {
             "PrivateItmInfo, item 2 is:\n"
             "  Item  INum  INam\n"
             "     2     7y\n");
+}
+
+TEST(ObsInfo, SettingATimeChangesTheArgumentAlone) {
+  ObsInfo table("Obs");
+  KOTime time;
+  time.Set(5.0, KOTime::kInterval);
+  table.SetStaTim(time);
+  EXPECT_EQ(table.GetStaTim().GetValue(), 0.0);
+  EXPECT_EQ(time.GetValue(), 5.0);
+  EXPECT_EQ(time.GetKind(), KOTime::kInstant);
+  table.SetSmpInt(time);
+  EXPECT_EQ(time.GetKind(), KOTime::kInterval);
+}
+
+TEST(DSInfo, KeepsAddressesWholeAndDataSetsWithoutOwningThem) {
+  DSInfo table("Data sets");
+  test::RecordingWindow window;
+  Dataset dataset("One", "one.vdo", window);
+  EXPECT_EQ(table.AddDS(3, "One", "one.vdo", &dataset), 0);
+  EXPECT_EQ(table.AddDS(4, "Two", std::string(261, 'x').c_str(), nullptr), 8013);
+  EXPECT_EQ(table.SetDSAddr(1, std::string(261, 'x').c_str()), 8013);
+  EXPECT_EQ(table.GetNItm(), 1);
+  EXPECT_EQ(table.GetDSIx(short{3}), 1);
+  EXPECT_STREQ(table.GetDSAddr(1), "one.vdo");
+  EXPECT_EQ(table.GetDS(1), &dataset);
+  EXPECT_EQ(table.GetDS(2), nullptr);
 }
 
 }  // namespace

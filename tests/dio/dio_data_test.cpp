@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/dangerous_data_set_manipulator.h"
 #include "data/dataset.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
@@ -37,6 +38,12 @@ class DioDataTest : public ::testing::Test {
   std::vector<std::string> ItemsWith(int position, const std::string& item) {
     std::vector<std::string> items = SmallItems();
     items[static_cast<std::size_t>(position)] = item;
+    return items;
+  }
+
+  static std::vector<std::string> Without(int position) {
+    std::vector<std::string> items = SmallItems();
+    items.erase(items.begin() + position);
     return items;
   }
 
@@ -142,6 +149,8 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
       {"negative count", FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, test::I2(-1)))), 2005,
        false},
       {"no matrix", FileOfItems(no_matrix), 2023, false},
+      {"no count of observations", FileOfItems(Without(kNObs)), 2023, false},
+      {"no count of variables", FileOfItems(Without(kNVar)), 2023, false},
       {"more observations than rows",
        FileOfItems(ItemsWith(kNObs, Item("NOBJ", "i2", {}, test::I2(4)))), 2023, false},
       {"more variables than columns",
@@ -170,6 +179,15 @@ TEST_F(DioDataTest, FailedLoadCanBeTriedAgain) {
   EXPECT_NE(Load(test::SmallFile().substr(0, 500)), 0);
   test::WriteBytes(path_, test::SmallFile());
   EXPECT_EQ(dataset_->Load(), 0);
+  dataset_->Unload();
+  dataset_->SetKind(2);
+  test::WriteBytes(path_, test::SmallFile().substr(0, 500));
+  EXPECT_NE(dataset_->Load(), 0);
+  EXPECT_EQ(DangerousDataSetManipulator::GetNObsDS(dataset_.get()), 3) << "header and counts stay";
+  EXPECT_EQ(dataset_->GetKind(), 2);
+  test::WriteBytes(path_, test::SmallFile());
+  EXPECT_EQ(dataset_->Load(), 0);
+  EXPECT_EQ(dataset_->GetKind(), 1) << "what the file does not say is not left over";
   EXPECT_EQ(dataset_->Load(), 8001);
   EXPECT_EQ(dataset_->GetNObsDS(), 3);
 }

@@ -232,6 +232,20 @@ TEST_F(DioFileTest, MatrixOfNoRowsReadsItsNameOnly) {
   delete matrix;
 }
 
+TEST_F(DioFileTest, DimensionsThatDoNotFitTheirFieldAreRefused) {
+  const XFMatrix high("M", 32768, 0, 0.0f);
+  const XFMatrix wide("M", 0, 32768, 0.0f);
+  const XI2Vector long_vector("V", 40000, 4);
+  const std::string bytes = Written([&](DioFile& file) {
+    int size = 0;
+    EXPECT_EQ(file.WriteMXF4("Dataset", high, size, nullptr), 2001);
+    EXPECT_EQ(file.WriteMXF4("Dataset", wide, size, nullptr), 2001);
+    EXPECT_EQ(file.WriteVXI2("expIx1", long_vector, size), 2001);
+    return 0;
+  });
+  EXPECT_EQ(bytes, "");
+}
+
 TEST_F(DioFileTest, MatricesAndVectorsRoundTrip) {
   XFMatrix matrix("M", 2, 3, 0.0f);
   matrix[1][1] = 1.25f;

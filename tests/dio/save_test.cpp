@@ -163,6 +163,7 @@ TEST_F(SaveTest, FullDiskIsAWriteErrorAndTheOldFileStays) {
 
   const std::string before = test::ReadBytes(path_);
   dataset->SetDSAddr(path_.c_str());
+  window_.log.clear();
   signal(SIGXFSZ, SIG_IGN);
   rlimit limit;
   getrlimit(RLIMIT_FSIZE, &limit);
@@ -175,6 +176,7 @@ TEST_F(SaveTest, FullDiskIsAWriteErrorAndTheOldFileStays) {
     EXPECT_EQ(FilesInFolder(), 1u) << "a file was left behind";
   }
   signal(SIGXFSZ, SIG_DFL);
+  EXPECT_EQ(window_.log.find("corrupt"), std::string::npos) << "it is the disk that is at fault";
   EXPECT_EQ(dataset->Save(), 0);
 }
 
@@ -216,7 +218,7 @@ TEST_F(SaveTest, KilledInMidSaveTheOldFileOrTheNewOneIsThere) {
     if (version == seen_last) delay = std::min(delay + delay / 2, kLongestDelay);
     versions_seen += version != seen_last;
     seen_last = version;
-    fs::remove(path_ + ".saving-" + std::to_string(child));
+    fs::remove(folder_.File(".saving-" + std::to_string(child) + "-1"));
   }
   EXPECT_GT(versions_seen, 1) << "no save was ever finished";
 }

@@ -76,6 +76,23 @@ TEST_F(IniFileTest, TheSettingsFileStandsInADirectoryThatExists) {
   EXPECT_TRUE(IniFile::GetSettingsFile().starts_with(windows));
 }
 
+TEST_F(IniFileTest, ASettingsDirectoryThatIsTooLongIsNotTakenForNone) {
+  std::string folder = settings_.Path().string() + "/";
+  const std::size_t padding = std::max<std::size_t>(folder.size(), 254) - folder.size();
+  folder.append(padding, 'd');
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) GTEST_SKIP() << "the system knows no such directories";
+  for (const std::string& directory : {folder, folder + "/eeeeee"}) {
+    std::filesystem::create_directories(directory, error);
+    IniFile::SetIniPath(directory.c_str());
+    EXPECT_EQ(IniFile::GetSettingsFile(), "");
+    EXPECT_FALSE(PrjOpt(true).SaveGlobal());
+    EXPECT_FALSE(PrjOpt(true).LoadGlobal());
+    EXPECT_FALSE(IniFile::CreateVardoIniFile());
+  }
+}
+
 TEST_F(IniFileTest, ANewSettingsFileHoldsNoProjectsAndTheDefaults) {
   Set(IniFile::GetSettingsFile(), "Miscelaneous", "old", "1");
   EXPECT_TRUE(IniFile::CreateVardoIniFile());
@@ -100,6 +117,29 @@ TEST_F(IniFileTest, ProjectsAreAddedOnceAndTheGapIsClosed) {
   EXPECT_EQ(Known(2), "1: c A");
   EXPECT_TRUE(ini.DeleteProject("c"));
   EXPECT_EQ(Known(1), "0: -");
+}
+
+TEST_F(IniFileTest, OnlyAnEntryThatGoesRenumbersTheOthers) {
+  const std::string file = IniFile::GetSettingsFile();
+  const auto with_gap = [&file] {
+    test::WriteBytes(file, "[Known projects]\niNProjects=3\np1=a\np3=c\np4=beyond\n");
+  };
+  with_gap();
+  IniFile ini(nullptr);
+  EXPECT_TRUE(ini.DeleteProject("unknown"));
+  EXPECT_EQ(Known(4), "2: a - c beyond");
+  with_gap();
+  EXPECT_TRUE(ini.DeleteProjectFromIniFile("a"));
+  EXPECT_EQ(Known(3), "1: c - -");
+  with_gap();
+  EXPECT_TRUE(ini.AdjustNumberOfKnownProjects(2));
+  EXPECT_EQ(Known(3), "2: a c -");
+  EXPECT_TRUE(ini.IncNumberOfProjects());
+  EXPECT_TRUE(ini.DecNumberOfProjects());
+  EXPECT_STREQ(ini.GetNumberOfProjects(), "2");
+  test::WriteBytes(file, "[Known projects]\niNProjects=1\np1\np1=a\n");
+  EXPECT_FALSE(ini.CheckIfProjectIsKnown("a")) << "the first of a name counts";
+  EXPECT_FALSE(ini.DecNumberOfProjects() && ini.DecNumberOfProjects());
 }
 
 TEST_F(IniFileTest, DeletingAProjectDeletesItsFile) {
@@ -213,6 +253,7 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
       {"D:\\proj", "D:\\proj\\"},
       {"D:\\", "D:\\"},
       {"D:/proj", "D:/proj\\"},
+      {"a/b\\c", "a/b\\c\\"},
       {"\\\\host\\x", "\\\\host\\x\\"},
       {"/proj", "/proj/"},
       {"/proj/", "/proj/"},
@@ -226,9 +267,37 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
 }
 
 TEST_F(IniFileTest, AnAddressThatDoesNotFitNamesNoFile) {
-  const std::string folder = Address(std::string(255, 'd')) + "/" + std::string(50, 'n');
-  IniFile ini((folder + ".ini").c_str());
-  EXPECT_FALSE(ini.SetCurrentProjectTitle("x"));
+  const std::string project = Address("p.ini");
+  const std::string longest(259, 'a');
+  const std::string too_long = longest + 'b';
+  IniFile ini(project.c_str());
+  EXPECT_STREQ(ini.MakeNewProject(too_long.c_str(), "", ""), "");
+  EXPECT_FALSE(ini.AddNewProjectAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.SetCurrentProjectAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.SetDefaultProjectDirectory(too_long.c_str()));
+  EXPECT_FALSE(ini.SetMainDatasetAddress(too_long.c_str()));
+  EXPECT_FALSE(ini.AddSecondaryDataset("", too_long.c_str()));
+  EXPECT_FALSE(ini.SetNewModelAddress("m1", too_long.c_str()));
+  EXPECT_FALSE(ini.AddModel(too_long.c_str()));
+  EXPECT_FALSE(std::filesystem::exists(project));
+  EXPECT_TRUE(ini.AddNewProjectAddress(longest.c_str()));
+  EXPECT_EQ(ini.GetProjectAddress(1), longest);
+  EXPECT_FALSE(IniFile(too_long.c_str()).SetCurrentProjectTitle("x"));
+
+  // Cut, the address that a file holds would name a file that exists.
+  std::string existing = Address("");
+  existing.append(std::max<std::size_t>(existing.size(), 230) - existing.size(), 'd') += '/';
+  std::filesystem::create_directories(existing);
+  existing.append(259 - existing.size(), 'p');
+  test::WriteBytes(existing, "kept");
+  Set(IniFile::GetSettingsFile(), "Current project", "Project", (existing + ".ini").c_str());
+  EXPECT_STREQ(ini.GetCurrentProjectAddress(), "");
+  EXPECT_FALSE(ini.MoveCurrentProject(Address("new.ini").c_str()));
+  EXPECT_TRUE(ini.UpdateOldIniFile());
+  EXPECT_FALSE(ini.SetCurrentProjectName("x"));
+  EXPECT_EQ(test::ReadBytes(existing), "kept");
+
+  EXPECT_FALSE(ini.MakePath2CurrentProjectDirctory(nullptr));
   EXPECT_TRUE(ini.SaveGlobalMiscOption("long", std::string(1000, 'x').c_str()));
   EXPECT_EQ(ini.GetGlobalMiscOption("long"), std::string(259, 'x'));
 }
@@ -272,6 +341,11 @@ TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
   EXPECT_TRUE(ini.RemoveModel("B.mdl"));
   EXPECT_TRUE(ini.RemoveModel("b.mdl"));
   EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
+  EXPECT_TRUE(ini.AddModel("x\\d.mdl"));
+  EXPECT_TRUE(ini.RemoveModel(Address("d.mdl").c_str()));  // not as it was stored
+  EXPECT_EQ(Models(project, 2), "2: z.mdl c.mdl x\\d.mdl");
+  EXPECT_TRUE(ini.RemoveModel("x\\d.mdl"));
+  EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
   EXPECT_TRUE(ini.DeleteSection("Models"));
   EXPECT_EQ(ini.GetNumberOfModels(), -1);
 }
@@ -279,20 +353,32 @@ TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
 TEST_F(IniFileTest, OldFilesAreCleaned) {
   const std::string file = IniFile::GetSettingsFile();
   const std::string project = MakeFile("p.ini");
+  std::vector<std::pair<const char*, const char*>> cleaned = {{"Userinfo", "Name"}};
+  for (const char* key :
+       {"Created", "Backup", "Observations", "Samples", "Variables", "Channels", "Directory"}) {
+    cleaned.emplace_back("VardoP", key);
+  }
+  for (const char* key :
+       {"NumberFormat", "PltTempl", "SVNetwork",    "SVNode",       "TimeMode",    "TimeMarkLen",
+        "TimeMarkSta",  "LogFont",  "LogFontSize",  "LogWrapMode",  "DPObs",       "DPObj",
+        "DPLoa",        "DPScr",    "DPVar",        "DPVari",       "DPProb",      "LogBlowup",
+        "MaxMisValObs", "NitMax",   "MaxMisValVar", "MaxMisValObj", "OverlapMode", "MenuMode"}) {
+    cleaned.emplace_back("Options", key);
+  }
   for (const char* version : {"2.9", "3.0"}) {
     IniFile ini(project.c_str());
     ini.SetProjectFileVersion(version);
-    Set(file, "VardoP", "Samples", "1");
-    Set(file, "Options", "NitMax", "1");
+    for (const auto& [section, key] : cleaned) Set(file, section, key, "1");
     Set(file, "Options", "CrossValidation", "On");
-    Set(file, "Userinfo", "Name", "1");
+    Set(file, "Options", "NCV", "5");
     Set(file, "Current project", "Project", "other.ini");
     EXPECT_TRUE(ini.UpdateOldIniFile());
-    const std::string kept = version == std::string("3.0") ? "1" : "(none)";
-    EXPECT_EQ(Setting("VardoP", "Samples"), kept);
-    EXPECT_EQ(Setting("Options", "NitMax"), kept);
-    EXPECT_EQ(Setting("Userinfo", "Name"), kept);
-    EXPECT_EQ(Setting("Options", "CrossValidation"), kept == "1" ? "On" : "CV");
+    const bool is_kept = version == std::string("3.0");
+    for (const auto& [section, key] : cleaned) {
+      EXPECT_EQ(Setting(section, key), is_kept ? "1" : "(none)") << key;
+    }
+    EXPECT_EQ(Setting("Options", "CrossValidation"), is_kept ? "On" : "CV");
+    EXPECT_EQ(Setting("Options", "NCV"), "5");
     EXPECT_STREQ(ini.GetProjectFileVersion(), "") << "the current project is another one now";
   }
 }

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
 #include "settings/ini_file.h"
 #include "settings/mod_opt.h"
 #include "settings/prj_opt.h"
@@ -16,8 +20,8 @@ TEST(Options, LegalValues) {
   const std::string missing = folder.File("none");
   struct Case {
     EOptType type;
-    std::vector<const char*> legal;
-    std::vector<const char*> illegal;
+    std::vector<std::string> legal;
+    std::vector<std::string> illegal;
   };
   const Case cases[] = {
       {EOptType::CompLimLoa,
@@ -27,6 +31,9 @@ TEST(Options, LegalValues) {
        {"-1e300", "0", "-0", "12345678901234567890"},
        {"inf", "-nan", "1e999", "--1", "+-1", "infinity"}},
       {EOptType::MaxIter, {"0", " 200 ", "+7"}, {"-1", "1.0", "", "1e3", "99999999999", "x"}},
+      {EOptType::SignLev,
+       {"1e-400", "-1e-400", "1e-99999999999", "1" + std::string(400, '0') + "e-800"},
+       {"1e400", "0." + std::string(400, '0') + "1e800"}},
       {EOptType::MaxMisValPS, {"0", "100"}, {"-0.1", "100.1"}},
       {EOptType::VarPltMarkLen, {"1", "25"}, {"0", "26"}},
       {EOptType::LogCompLim, {"On", "Off"}, {"on", "1", " On", ""}},
@@ -43,21 +50,70 @@ TEST(Options, LegalValues) {
   };
   for (const auto& [type, legal, illegal] : cases) {
     const char* key = Options::GetString(type);
-    for (const char* value : legal) {
-      EXPECT_TRUE(Options::IsLegalValue(type, value)) << key << " " << value;
+    for (const std::string& value : legal) {
+      EXPECT_TRUE(Options::IsLegalValue(type, value.c_str())) << key << " " << value;
     }
-    for (const char* value : illegal) {
-      EXPECT_FALSE(Options::IsLegalValue(type, value)) << key << " " << value;
+    for (const std::string& value : illegal) {
+      EXPECT_FALSE(Options::IsLegalValue(type, value.c_str())) << key << " " << value;
     }
     EXPECT_FALSE(Options::IsLegalValue(type, nullptr));
   }
 }
 
-TEST(Options, OnlyTheFirst36AreGlobal) {
-  EXPECT_EQ(Options::GetOptType("ReconstructWavelets"), static_cast<EOptType>(36));
-  EXPECT_EQ(Options::GetOptType("NumberFormat"), EOptType::None);
+TEST(Options, KeysAndDefaults) {
+  const std::pair<const char*, const char*> cells[] = {
+      {"CompLimLoa", "3.0"},
+      {"CompLimScr", "3.0"},
+      {"ExtMisVal", "-100000.0"},
+      {"LagDecay", "0.95"},
+      {"LogCompLim", "Off"},
+      {"MaxIter", "200"},
+      {"MaxMisValLS", "50.0"},
+      {"MaxMisValPS", "50.0"},
+      {"NCV", "7"},
+      {"SignLev", "0.05"},
+      {"SignLevLS", "0.05"},
+      {"TimeMode", "Discrete"},
+      {"VariMode", "R2"},
+      {"ModDistType", "Normalized"},
+      {"VarPltMark", "Name"},
+      {"VarPltMarkSta", "1"},
+      {"VarPltMarkLen", "8"},
+      {"ObsPltMark", "Number"},
+      {"ObsPltMarkSta", "1"},
+      {"ObsPltMarkLen", "8"},
+      {"PltTempl", "Screen"},
+      {"DesignedX", "Undesigned"},
+      {"DefaultProjectDir", ""},
+      {"ResidType", "standardized"},
+      {"AutofitStop", "CV"},
+      {"CrossValidation", "CV"},
+      {"BackTraYLS", "On"},
+      {"MPowResLS", "Off"},
+      {"MPowResPS", "Off"},
+      {"BackTraYPS", "On"},
+      {"ModDistTypePS", "Normalized"},
+      {"ResFilePS", "Off"},
+      {"ScaResPS", "Off"},
+      {"XOpt1", "0"},
+      {"DModType", "DModX"},
+      {"ReconstructWavelets", "On"},
+      {"NumberFormat", "3"},
+      {"DModXCritDistLimit", "1"},
+      {"XScoreCritDistLimit", "2"},
+      {"ColumnPlotMark", "Off"},
+  };
+  const PrjOpt options(true);
+  int number = 0;
+  for (const auto& [key, value] : cells) {
+    const auto type = static_cast<EOptType>(++number);
+    EXPECT_STREQ(Options::GetString(type), key);
+    EXPECT_STREQ(options.GetValue(type), value) << key;
+    EXPECT_EQ(Options::GetOptType(key), number <= 36 ? type : EOptType::None);
+    EXPECT_EQ(Options::IsGlobalOption(type), number <= 36);
+  }
+  EXPECT_EQ(number, 40);
   EXPECT_EQ(Options::GetOptType("ncv"), EOptType::None);
-  EXPECT_TRUE(Options::IsGlobalOption(static_cast<EOptType>(36)));
 }
 
 TEST(Options, AnIllegalValueChangesNothing) {
@@ -130,6 +186,20 @@ TEST_F(GlobalOptionsTest, IllegalValuesAreReplacedInTheFileToo) {
   EXPECT_EQ(options.GetFormatNumber(), 3) << "is no global option";
 }
 
+TEST_F(GlobalOptionsTest, AFileThatLacksNothingIsOnlyRead) {
+  const std::string file = IniFile::GetSettingsFile();
+  EXPECT_TRUE(PrjOpt(true).LoadGlobal());
+  const std::filesystem::file_time_type old(std::chrono::hours(1));
+  std::filesystem::last_write_time(file, old);
+  EXPECT_TRUE(PrjOpt(true).LoadGlobal());
+  EXPECT_EQ(std::filesystem::last_write_time(file), old);
+  test::WriteBytes(file, "[Options]\nNCV\nNCV=9\n");
+  PrjOpt options(true);
+  EXPECT_TRUE(options.LoadGlobal());
+  EXPECT_EQ(options.GetNCV(), 7) << "the first of a name counts";
+  EXPECT_EQ(InFile("NCV"), "7");
+}
+
 TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   PrjOpt first(true);
   first.LoadGlobal();
@@ -146,65 +216,149 @@ TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   EXPECT_EQ(second.GetMaxIter(), 10);
   EXPECT_EQ(second.GetNCV(), 5) << "that value was not to be saved";
 
+  first.SetValue(EOptType::NCV, "6 ");
+  EXPECT_FALSE(first.SaveGlobalValue(EOptType::NCV)) << "the blank is lost";
+
   std::filesystem::remove_all(folder_.Path());
   EXPECT_FALSE(first.SaveGlobal());
-  EXPECT_TRUE(first.IsChanged());
+  EXPECT_FALSE(first.IsChanged());
 }
 
-// Words that SetValue refuses cannot be brought in; an enumeration's other legal words can.
+template <auto kGetter>
+int Get(const PrjOpt& options) {
+  return static_cast<int>((options.*kGetter)());
+}
+
+// A word that is not legal can still be in an option: the default of one is such.
 TEST(PrjOpt, GettersMapWordsToValues) {
-  PrjOpt options(true);
-  EXPECT_EQ(options.GetResidType(), EResidType::Standardized) << "by the fallback";
-  EXPECT_TRUE(options.SetValue(EOptType::AutofitStop, "Auto"));
-  EXPECT_EQ(options.GetAutofitStopCriteria(), EValidate::CV);
+  struct Words : PrjOpt {
+    Words() : PrjOpt(true) {}
+    using Options::SetText;
+  };
+  struct Case {
+    EOptType type;
+    int (*get)(const PrjOpt&);
+    std::vector<std::pair<const char*, int>> words;  // the last one is no word
+  };
+  const Case cases[] = {
+      {EOptType::LogCompLim, Get<&PrjOpt::GetLogCompLim>, {{"Off", 0}, {"On", 1}, {"off", 1}}},
+      {EOptType::BackTraYLS, Get<&PrjOpt::GetBackTraYLS>, {{"Off", 0}, {"On", 1}, {"x", 1}}},
+      {EOptType::BackTraYPS, Get<&PrjOpt::GetBackTraYPS>, {{"Off", 0}, {"On", 1}, {"x", 1}}},
+      {EOptType::ReconstructWavelets,
+       Get<&PrjOpt::GetReconstructWavelets>,
+       {{"Off", 0}, {"On", 1}, {"x", 1}}},
+      {EOptType::ColumnPlotMark,
+       Get<&PrjOpt::GetColumnPlotMark>,
+       {{"Off", 0}, {"On", 1}, {"x", 1}}},
+      {EOptType::MPowResLS, Get<&PrjOpt::GetMPowResLS>, {{"Off", 0}, {"On", 1}, {"on", 0}}},
+      {EOptType::MPowResPS, Get<&PrjOpt::GetMPowResPS>, {{"Off", 0}, {"On", 1}, {"x", 0}}},
+      {EOptType::ResFilePS, Get<&PrjOpt::GetResFilePS>, {{"Off", 0}, {"On", 1}, {"x", 0}}},
+      {EOptType::ScaResPS, Get<&PrjOpt::GetScaResPS>, {{"Off", 0}, {"On", 1}, {"x", 0}}},
+      {EOptType::VariMode, Get<&PrjOpt::GetVariMode>, {{"R2", 0}, {"R2adj", 1}, {"r2", 1}}},
+      {EOptType::DModType, Get<&PrjOpt::GetDModType>, {{"DModX", 0}, {"DModY", 1}, {"x", 1}}},
+      {EOptType::DesignedX,
+       Get<&PrjOpt::GetDesignedX>,
+       {{"Designed", 0}, {"Undesigned", 1}, {"x", 1}}},
+      {EOptType::ResidType,
+       Get<&PrjOpt::GetResidType>,
+       {{"Scaled", 0}, {"Standardized", 1}, {"standardized", 1}}},
+      {EOptType::ModDistType,
+       Get<&PrjOpt::GetModDistType>,
+       {{"Absolute", 0}, {"Normalized", 1}, {"x", 0}}},
+      {EOptType::ModDistTypePS,
+       Get<&PrjOpt::GetModDistTypePS>,
+       {{"Absolute", 0}, {"Normalized", 1}, {"x", 1}}},
+      {EOptType::VarPltMark, Get<&PrjOpt::GetVarPltMark>, {{"Number", 1}, {"Name", 2}, {"x", 0}}},
+      {EOptType::ObsPltMark, Get<&PrjOpt::GetObjPltMark>, {{"Number", 1}, {"Name", 2}, {"x", 0}}},
+      {EOptType::TimeMode, Get<&PrjOpt::GetTimeType>, {{"Time", 0}, {"Discrete", 1}, {"x", 0}}},
+      {EOptType::CrossValidation,
+       Get<&PrjOpt::GetCrossValidation>,
+       {{"NoCV", 0}, {"CV", 2}, {"On", 2}, {"Eig", 0}}},
+      {EOptType::AutofitStop,
+       Get<&PrjOpt::GetAutofitStopCriteria>,
+       {{"Auto", 2}, {"CV", 2}, {"Eig", 3}, {"x", 0}}},
+  };
+  Words options;
+  for (const Case& c : cases) {
+    for (const auto& [word, value] : c.words) {
+      options.SetText(c.type, word);
+      EXPECT_EQ(c.get(options), value) << Options::GetString(c.type) << " " << word;
+    }
+  }
   EXPECT_FALSE(options.SetCrossValidation(EValidate::Eig));
-  EXPECT_TRUE(options.SetModDistTypePS(EModDist::Absolute));
-  EXPECT_EQ(options.GetModDistTypePS(), EModDist::Absolute);
-  EXPECT_EQ(options.GetModDistType(), EModDist::Normalized);
   EXPECT_EQ(options.GetFormatNumber(), 3);
+  EXPECT_FLOAT_EQ(options.GetDModXCritDistLimit(), 1.0F);
   EXPECT_FLOAT_EQ(options.GetXScoreCritDistLimit(), 2.0F);
-  EXPECT_FALSE(options.GetColumnPlotMark());
+  EXPECT_EQ(options.GetValidatePermutations(), 10);
 }
 
-TEST(ModOpt, TakesOverAProjectsOptions) {
+// What the getters of a record return, in the order of its fields.
+std::vector<double> FieldsOf(const ModOpt& o) {
+  std::vector<double> fields;
+  const auto add = [&fields](auto... values) {
+    (fields.push_back(static_cast<double>(values)), ...);
+  };
+  add(o.GetIsCenter(), o.GetIsXDesigned(), o.GetIsSeq(), o.GetIsRule(), o.GetRuleValidate(),
+      o.GetSeqValidate(), o.GetNComp(), o.GetMaxIter(), o.GetNCV(), o.GetCLS());
+  add(o.GetMaxMisValObsLS(), o.GetMaxMisValVarLS(), o.GetMaxMisValObsPS(), o.GetMaxMisValVarPS(),
+      o.GetLagDecay(), o.GetIsShoScrLim(), o.GetIsShoLoaLim(), o.GetXOpt1());
+  add(o.GetAUseLS(), o.GetIsBackTraYLS(), o.GetIsNormDistLS(), o.GetSignLevLS(), o.GetIsStdResLS(),
+      o.GetAUsePS(), o.GetIsBackTraYPS(), o.GetIsNormDistPS(), o.GetSignLevPS());
+  add(o.GetIsWResPS(), o.GetIsWResLS(), o.GetIsResFilePS(), o.GetIsResWinPS(), o.GetIsStdResPS(),
+      o.GetIsSaveResPS(), o.GetIsScaResPS(), o.GetAShow(), o.GetECoefficient());
+  add(o.GetDModType(), o.GetEObjectPlotMark(), o.GetER2(), o.GetEVariablePlotMark(),
+      o.GetObjectPlotMarkLength(), o.GetObjectPlotMarkStart(), o.GetVariablePlotMarkLength(),
+      o.GetVariablePlotMarkStart(), o.GetSelectVariable(), o.GetIsModifiedByUser());
+  return fields;
+}
+
+TEST(ModOpt, EveryFieldOfTheThreeConstructors) {
   PrjOpt project(true);
-  project.SetModDistType(EModDist::Absolute);  // not ModDistTypePS
-  project.SetMaxIter(100000);
-  project.SetMaxMisValPS(10.0F);
-  project.SetSignLev(0.25F);
-  project.SetResFilePS(true);
-  project.SetVarPltMarkSta(2);
-  project.SetObjPltMarkLen(3);
+  project.SetValue(EOptType::AutofitStop, "Eig");
   project.SetCrossValidation(EValidate::NoCV);
-  const ModOpt options(&project);
-  EXPECT_FALSE(options.GetIsRule());
-  EXPECT_EQ(options.GetSeqValidate(), EValidate::NoCV);
-  EXPECT_FALSE(options.GetIsNormDistLS());
-  EXPECT_FALSE(options.GetIsNormDistPS());
-  EXPECT_EQ(options.GetMaxIter(), 32767);
-  EXPECT_FLOAT_EQ(options.GetMaxMisValVarPS(), 10.0F);
-  EXPECT_FLOAT_EQ(options.GetSignLevPS(), 0.25F);
-  EXPECT_TRUE(options.GetIsResFilePS());
-  EXPECT_TRUE(options.GetIsSaveResPS());
-  EXPECT_EQ(options.GetVariablePlotMarkStart(), 2);
-  EXPECT_EQ(options.GetObjectPlotMarkLength(), 3);
-}
-
-TEST(ModOpt, OutsideAProjectDiffersFromTheDefaults) {
-  const ModOpt defaults;
-  const ModOpt outside(nullptr);
-  EXPECT_FLOAT_EQ(defaults.GetLagDecay(), 0.95F);
-  EXPECT_FLOAT_EQ(outside.GetLagDecay(), 1.0F);
-  EXPECT_FLOAT_EQ(defaults.GetMaxMisValObsPS(), 50.0F);
-  EXPECT_FLOAT_EQ(outside.GetMaxMisValObsPS(), 20.0F);
-  EXPECT_TRUE(outside.GetIsXDesigned());
-  EXPECT_FALSE(outside.GetIsBackTraYLS());
+  project.SetMaxIter(100000);
+  project.SetNCV(5);
+  project.SetCompLimScr(2.0F);
+  project.SetMaxMisValLS(30.0F);
+  project.SetMaxMisValPS(10.0F);
+  project.SetLagDecay(0.5F);
+  project.SetLogCompLim(true);
+  project.SetBackTraYLS(false);
+  project.SetModDistType(EModDist::Absolute);  // of the prediction set too
+  project.SetSignLevLS(0.125F);
+  project.SetSignLev(0.25F);
+  project.SetResidType(EResidType::Scaled);
+  project.SetMPowResPS(true);
+  project.SetResFilePS(true);
+  project.SetDModType(EDModType::DModY);
+  project.SetObjPltMark(EPltMark::None);
+  project.SetVarPltMark(EPltMark::Number);
+  project.SetVariMode(EVariType::R2adj);
+  project.SetObjPltMarkLen(3);
+  project.SetObjPltMarkSta(4);
+  project.SetVarPltMarkLen(5);
+  project.SetVarPltMarkSta(6);
+  const auto row = [](std::initializer_list<double> values) {
+    std::vector<double> rounded;
+    for (const double value : values) rounded.push_back(static_cast<float>(value));
+    return rounded;
+  };
+  EXPECT_EQ(FieldsOf(ModOpt()), row({0, 0, 1, 1,  2, 2,    0, 200, 7, 3, 50,   50, 50, 50, 0.95, 0,
+                                     0, 0, 0, 1,  1, 0.05, 1, 0,   1, 1, 0.05, 0,  0,  0,  0,    1,
+                                     0, 1, 0, 65, 0, 1,    0, 2,   8, 1, 8,    1,  1,  0}));
+  EXPECT_EQ(FieldsOf(ModOpt(nullptr)),
+            row({0, 1, 0, 1,    2, 2, 0, 200, 7, 3, 20, 20, 20, 20, 1, 0, 0, 0, 0, 0, 0, 0.05, 1,
+                 0, 1, 1, 0.05, 0, 0, 0, 0,   1, 0, 1,  0,  65, 0,  1, 0, 2, 8, 1, 8, 1, 1,    0}));
+  const ModOpt of_project(&project);
+  EXPECT_EQ(
+      FieldsOf(of_project),
+      row({0, 0, 1, 0,    3, 0, 0, 32767, 5, 2, 30, 30, 10, 10, 0.5, 1, 1, 0, 0, 0, 0, 0.125, 0,
+           0, 1, 0, 0.25, 1, 0, 1, 0,     0, 1, 0,  0,  65, 1,  0,   1, 1, 3, 4, 5, 6, 1,     0}));
   ModOpt copy;
   copy.SetNComp(200);
   EXPECT_EQ(copy.GetNComp(), 127);
-  copy.Copy(outside);
-  EXPECT_EQ(copy.GetNComp(), 0);
-  EXPECT_FLOAT_EQ(copy.GetLagDecay(), 1.0F);
+  copy.Copy(of_project);
+  EXPECT_EQ(FieldsOf(copy), FieldsOf(of_project));
 }
 
 }  // namespace

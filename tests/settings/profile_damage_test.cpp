@@ -5,13 +5,18 @@
 #include <chrono>
 #include <random>
 #include <thread>
+#include <utility>
 
+#include "settings/file_lock.h"
 #include "settings/file_profile.h"
+#include "settings/ini_file.h"
+#include "settings/ini_layout.h"
 #include "support/temp_folder.h"
 
 #if !defined(_WIN32)
 #include <signal.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -61,6 +66,26 @@ TEST(ProfileDamage, Utf16IsLeftAlone) {
   EXPECT_EQ(test::ReadBytes(file), text);
 }
 
+// A pass over the file for every entry that moves would take minutes.
+TEST(ProfileDamage, ALongListIsChangedInOnePass) {
+  constexpr int kProjects = 20000;
+  std::string text = "[Known projects]\niNProjects=" + std::to_string(kProjects) + "\n";
+  std::vector<ProfileEntry> entries = {{"iNProjects", std::to_string(kProjects)}};
+  for (int i = 1; i <= kProjects; ++i) {
+    entries.push_back({"p" + std::to_string(i), "project" + std::to_string(i)});
+    text.append(entries.back().key).append("=").append(entries.back().value).append("\n");
+  }
+  ProfileText profile(text);
+  NumberedList projects(kKnownProjects, entries);
+  EXPECT_EQ(projects.RemoveIf([](const std::string& known) { return known == "project1"; }), 1);
+  const auto start = std::chrono::steady_clock::now();
+  profile.Change("Known projects", projects.GetChanges());
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  EXPECT_EQ(profile.Find("Known projects", "p19999"), "project20000");
+  EXPECT_EQ(profile.Find("Known projects", "p20000"), std::nullopt);
+  EXPECT_EQ(profile.Find("Known projects", "iNProjects"), "19999");
+}
+
 #if !defined(_WIN32)
 // Runs `work` in a process of its own, which ends with its result.
 template <typename Work>
@@ -77,20 +102,57 @@ bool Succeeded(pid_t child) {
 
 TEST(ProfileDamage, NoUpdateOfTwoProcessesIsLost) {
   const test::TempFolder folder;
-  const std::string file = folder.File("a.ini");
+  IniFile::SetIniPath(folder.Path().string().c_str());
+  const std::string file = IniFile::GetSettingsFile();
   constexpr int kRounds = 100;
-  const auto write_all = [&](const std::string& prefix) {
+  const auto work = [&](const std::string& name) {
     for (int i = 0; i < kRounds; ++i) {
-      const std::string key = prefix + std::to_string(i);
+      const std::string key = name + std::to_string(i);
       if (!FileProfile().Write({"a", key.c_str(), "1"}, file.c_str())) return false;
+      if (!IniFile(nullptr).AddNewProjectAddress(key.c_str())) return false;
     }
     return true;
   };
-  const pid_t first = InChild([&] { return write_all("first"); });
-  const pid_t second = InChild([&] { return write_all("second"); });
+  const pid_t first = InChild([&] { return work("first"); });
+  const pid_t second = InChild([&] { return work("second"); });
   EXPECT_TRUE(Succeeded(first));
   EXPECT_TRUE(Succeeded(second));
   EXPECT_EQ(FileProfile().ReadSection("a", file.c_str()).size(), 2U * kRounds);
+  EXPECT_STREQ(IniFile(nullptr).GetNumberOfProjects(), "200");
+  EXPECT_EQ(FileProfile().ReadSection("Known projects", file.c_str()).size(), 1 + 2U * kRounds);
+  IniFile::SetIniPath(nullptr);
+}
+
+TEST(ProfileDamage, ALockIsWaitedForButNotForEver) {
+  const test::TempFolder folder;
+  const std::string file = folder.File("a.ini");
+  test::WriteBytes(file, "[a]\nk=1\n");
+  const FileLock held(file);
+  EXPECT_FALSE(FileLock(file, std::chrono::milliseconds(20)).IsHeld());
+  const auto nothing = [](const std::vector<ProfileEntry>&) { return std::vector<KeyChange>(); };
+  EXPECT_TRUE(FileProfile().Update("a", file.c_str(), nothing)) << "nothing to wait for";
+}
+
+// What changes between a look at the file and the lock on it is not overwritten.
+TEST(ProfileDamage, AnUpdateIsDecidedUnderTheLock) {
+  const test::TempFolder folder;
+  const std::string file = folder.File("a.ini");
+  bool is_first = true;
+  EXPECT_TRUE(FileProfile().Update("a", file.c_str(), [&](const auto& entries) {
+    std::vector<KeyChange> changes;
+    if (entries.empty()) changes.push_back({"NCV", "7"});
+    if (std::exchange(is_first, false)) FileProfile().Write({"a", "NCV", "9"}, file.c_str());
+    return changes;
+  }));
+  EXPECT_EQ(Read(file, "a", "NCV"), "9");
+}
+
+TEST(ProfileDamage, APipeIsNeitherReadNorWritten) {
+  const test::TempFolder folder;
+  const std::string file = folder.File("pipe");
+  ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+  EXPECT_EQ(Read(file, "a", "k"), "none");
+  EXPECT_FALSE(FileProfile().Write({"a", "k", "1"}, file.c_str()));
 }
 
 TEST(ProfileDamage, AKillLeavesTheOldFileOrTheNewOne) {

@@ -1,10 +1,10 @@
-#include "data/object_header.h"
+#include "base/time_stamp.h"
 
 #include <ctime>
 
 namespace zemva {
 
-FixedText<22> CreationDateNow() {
+FixedText<22> TimeStamp() {
   const std::time_t now = std::time(nullptr);
   char text[FixedText<22>::kCapacity + 1] = {};
   if (const std::tm* local = std::localtime(&now)) {

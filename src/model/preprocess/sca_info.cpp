@@ -1,0 +1,246 @@
+#include "model/preprocess/sca_info.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "data/var_info.h"
+#include "model/preprocess/element.h"
+#include "numeric/x_matrix.h"
+
+namespace zemva {
+namespace {
+
+// A variance or mean square up to this is none.
+constexpr double kNegligible = 1e-30;
+constexpr double kUndefined = kMissing;
+
+// The present values of a column in the rows of a mask.
+class MaskedColumn {
+ public:
+  MaskedColumn(const XFMatrix& matrix, int column, const XI1Vector& mask)
+      : matrix_(matrix), column_(column), mask_(mask) {}
+
+  // 1/s, and 1/rms; undefined where the values do not spread.
+  double InverseDeviation() const {
+    const double n = Sum([](double) { return 1.0; });
+    if (n < 2.0) return kUndefined;
+    const double mean = Sum([](double x) { return x; }) / n;
+    return InverseRoot(Sum([&](double x) { return (x - mean) * (x - mean); }) / (n - 1.0));
+  }
+  double InverseRootMeanSquare() const {
+    const double n = Sum([](double) { return 1.0; });
+    return InverseRoot(Sum([](double x) { return x * x; }) / n);
+  }
+
+ private:
+  template <typename Term>
+  double Sum(Term term) const {
+    double sum = 0.0;
+    for (int i = 1; i <= std::min(matrix_.NRow(), mask_.NVal()); ++i) {
+      const float value = matrix_[i][column_];
+      if (mask_[i] != 0 && !IsMissing(value)) sum += term(static_cast<double>(value));
+    }
+    return sum;
+  }
+  static double InverseRoot(double mean_square) {
+    return mean_square > kNegligible ? 1.0 / std::sqrt(mean_square) : kUndefined;
+  }
+
+  const XFMatrix& matrix_;
+  int column_;
+  const XI1Vector& mask_;
+};
+
+// The root of a weight; undefined stays undefined.
+double Root(double weight) {
+  return IsMissing(weight) ? weight : std::sqrt(weight);
+}
+
+float Modified(double weight, float modifier) {
+  return ToElement(IsMissing(weight) || IsMissing(modifier) ? weight : weight * modifier);
+}
+
+float Weight(EScaType type, const ScaData& present, const MaskedColumn& column) {
+  switch (type) {
+    case EScaType::kUV:
+      return Modified(column.InverseDeviation(), present.GetScaC1());
+    case EScaType::kUVN:
+      return Modified(column.InverseRootMeanSquare(), present.GetScaC1());
+    case EScaType::kPar:
+      return Modified(Root(column.InverseDeviation()), present.GetScaC1());
+    case EScaType::kParN:
+      return Modified(Root(column.InverseRootMeanSquare()), present.GetScaC1());
+    case EScaType::kCtr:
+    case EScaType::kNone:
+      return 1.0f;
+    case EScaType::kFW:
+    case EScaType::kFWN:
+      return present.GetWeig();
+    default:
+      return kMissing;
+  }
+}
+
+// The types in pairs, centred and not.
+constexpr std::array<std::array<EScaType, 2>, 4> kCounterparts = {{
+    {EScaType::kUV, EScaType::kUVN},
+    {EScaType::kPar, EScaType::kParN},
+    {EScaType::kCtr, EScaType::kNone},
+    {EScaType::kFW, EScaType::kFWN},
+}};
+
+EScaType Counterpart(EScaType type, bool is_centred) {
+  for (const auto& [centred, uncentred] : kCounterparts) {
+    if (type == centred || type == uncentred) return is_centred ? centred : uncentred;
+  }
+  return type;
+}
+
+bool IsUncentred(EScaType type) {
+  return Counterpart(type, true) != type;
+}
+
+bool IsFromData(EScaType type) {
+  return type >= EScaType::kUV && type <= EScaType::kParN;
+}
+
+// What an update makes of a type that is asked for.
+EScaType Resolved(EScaType asked, EScaType present) {
+  if (asked != EScaType::kFreeze) return asked;
+  return IsUncentred(present) ? EScaType::kFWN : EScaType::kFW;
+}
+
+}  // namespace
+
+EScaType ScaInfo::GetScaType(const char* text) {
+  for (std::size_t i = 0; text != nullptr && i < pszScaType.size(); ++i) {
+    if (std::strcmp(text, pszScaType[i]) == 0) return static_cast<EScaType>(i);
+  }
+  return EScaType::kUdef;
+}
+
+const char* ScaInfo::GetString(EScaType type) {
+  const auto i = static_cast<std::size_t>(type);
+  return i < pszScaType.size() ? pszScaType[i] : "";
+}
+
+bool ScaInfo::IsCentred(EScaType type) {
+  return Counterpart(type, false) != type;
+}
+
+int ScaInfo::Update(short var, const char* name, EScaType type, float weig, float weig_ac,
+                    float sca_c1, float sca_c2, float weig_m, EScaType previous_type) {
+  return Update(ScaData(var, name, type, weig, weig_ac, sca_c1, sca_c2, weig_m, previous_type));
+}
+
+int ScaInfo::Update(short var, const VarInfo* variables, const XFMatrix* matrix,
+                    const XI1Vector* mask, EScaType type) {
+  if (variables == nullptr || matrix == nullptr || mask == nullptr) {
+    return SetStatus(status::mva::kNullPointer);
+  }
+  const short i = FindVar(var);
+  // The two tables mostly have the same order.
+  const short j = variables->GetVNum(i) == var ? i : variables->GetVIx(var);
+  if (i == 0 || j == 0 || j > matrix->NCol()) return SetStatus(status::mva::kVariableNotAvailable);
+  const EScaType resolved = Resolved(type, GetItm(i)->GetScaType());
+  if (resolved < EScaType::kUdef || resolved > EScaType::kFWN) {
+    return SetStatus(status::mva::kIndexOutOfRange);
+  }
+  const ScaData& present = *GetItm(i);
+  const MaskedColumn column(*matrix, j, *mask);
+  return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
+                        ToElement(column.InverseDeviation()), present.GetScaC1(),
+                        present.GetScaC2()));
+}
+
+short ScaInfo::GetNMisWeig() const {
+  return CountMissing(&ScaData::GetWeig);
+}
+
+bool ScaInfo::IsAnyVarCtd() const {
+  return FindItm(1, GetNItm(), [](const ItmData& row) {
+           return IsCentred(static_cast<const ScaData&>(row).GetScaType());
+         }) != 0;
+}
+
+int ScaInfo::SetCenter(bool is_centred) {
+  for (short i = 1; GetItm(i) != nullptr; ++i) {
+    const ScaData& row = *GetItm(i);
+    const EScaType type = row.GetScaType();
+    const EScaType counterpart = Counterpart(type, is_centred);
+    if (counterpart == type) continue;
+    const float weight = IsFromData(type) ? kMissing : row.GetWeig();
+    Update(ScaData(row.GetINum(), row.GetINam(), counterpart, weight, row.GetWeigAC(),
+                   row.GetScaC1(), row.GetScaC2(), row.GetWeigM(), row.GetPrevScaType()));
+  }
+  return SetStatus(status::kOk);
+}
+
+int ScaInfo::SetNCRef(const VarInfo* variables, XFVector* averages) {
+  if (variables == nullptr || averages == nullptr) return SetStatus(status::mva::kNullPointer);
+  if (averages->NVal() < variables->GetNVar()) return SetStatus(status::mva::kIndexOutOfRange);
+  for (short j = 1; variables->GetVNam(j) != nullptr; ++j) {
+    if (FindVar(variables->GetVNum(j)) == 0) return SetStatus(status::mva::kVariableNotAvailable);
+  }
+  for (short j = 1; variables->GetVNam(j) != nullptr; ++j) {
+    const ScaData& row = *GetItm(FindVar(variables->GetVNum(j)));
+    if (!IsCentred(row.GetScaType())) (*averages)[j] = 0.0f;
+  }
+  averages->SetActValInfo();
+  return SetStatus(status::kOk);
+}
+
+XFVector* ScaInfo::ExtWeig(const VarInfo* variables, short count, char is_autoscaled) {
+  const auto fail = [&](int status) { return SetStatus(status), nullptr; };
+  if (variables == nullptr) return fail(status::mva::kNullPointer);
+  if (count < 0 || count > variables->GetNVar()) return fail(status::mva::kIndexOutOfRange);
+  std::unique_ptr<XFVector> weights(new (std::nothrow) XFVector("Weig", count, kMissing));
+  if (weights == nullptr || weights->GetStatus() != status::kOk) return fail(status::mva::kMemory);
+  for (int j = 1; j <= count; ++j) {
+    const ScaData* row = GetItm(FindVar(variables->GetVNum(static_cast<short>(j))));
+    if (row == nullptr) return fail(status::mva::kVariableNotAvailable);
+    (*weights)[j] = is_autoscaled != 0 ? row->GetWeigAC() : row->GetWeig();
+  }
+  weights->SetActValInfo();
+  SetStatus(status::kOk);
+  return weights.release();  // the caller's
+}
+
+int ScaInfo::ShowAll(StreamWindow& window) {
+  VariableTable::ShowAll(window);
+  const short count = CountMissing(&ScaData::GetWeigAC);
+  if (count == 0) return status::kOk;
+  Listing(window)
+      .Text("WARNING: ")
+      .Number(count)
+      .Text(" variable(s) have zero variance.")
+      .EndLine()
+      .Text("Exclude these variable(s) or include more observations.")
+      .EndLine();
+  return status::kOk;
+}
+
+short ScaInfo::CountMissing(float (ScaData::*weight)() const) const {
+  short count = 0;
+  for (short i = 1; GetItm(i) != nullptr; ++i) {
+    if (IsMissing((GetItm(i)->*weight)())) ++count;
+  }
+  return count;
+}
+
+const char* ScaInfo::Header() const {
+  return "  Item  VNum  VNam      ScaType   Weig      WeigAC    ScaC1     ScaC2    WeigM";
+}
+
+void ScaInfo::ShowRow(short i, const ScaData& row, StreamWindow& window) const {
+  Listing listing(window);
+  listing.Right(6, i).Right(6, row.GetINum()).Text(" ").Right(9, row.GetINam());
+  listing.Text(" ").Right(8, GetString(row.GetScaType()));
+  for (const float value :
+       {row.GetWeig(), row.GetWeigAC(), row.GetScaC1(), row.GetScaC2(), row.GetWeigM()}) {
+    listing.Text(" ").General(9, value);
+  }
+  listing.EndLine();
+}
+
+}  // namespace zemva

@@ -1,0 +1,258 @@
+#include "csv_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "code_page.h"
+#include "numeric/missing.h"
+
+namespace zemva::tools {
+namespace {
+
+std::string Printed(float value) {
+  if (IsMissing(value)) return {};
+  char digits[32];
+  return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
+}
+
+std::string Quoted(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + '"';
+}
+
+// The canonical form of a table.
+std::string Print(const CsvTable& table) {
+  std::string text = ",";
+  for (int j = 1; j <= table.values->NCol(); ++j) {
+    const char* name = table.variables->GetVNam(static_cast<short>(j));
+    text += ',' + Quoted(Utf8FromCodePage(name));
+  }
+  text += '\n';
+  for (int i = 1; i <= table.values->NRow(); ++i) {
+    const auto position = static_cast<short>(i);
+    text += std::to_string(table.observations->GetONum(position)) + ',';
+    text += Quoted(Utf8FromCodePage(table.observations->GetONam(position)));
+    for (const float value : table.values->Row(i)) text += ',' + Printed(value);
+    text += '\n';
+  }
+  return text;
+}
+
+std::string ReadAndPrint(std::string_view bytes, CsvRepairs::Report report = nullptr) {
+  try {
+    return Print(ReadCsv(bytes, CsvRepairs(std::move(report))));
+  } catch (const CsvError& error) {
+    return error.what();
+  }
+}
+
+std::string Repeated(std::string_view text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+TEST(CsvReader, FindsSeparatorsMarksEncodingsAndLabels) {
+  struct Case {
+    const char* in;
+    const char* out;
+  };
+  constexpr Case kCases[] = {
+      // Labels: none, headed, told by their contents, without headings.
+      {"a,b\n1,2\n3,NA", ",,a,b\n1,Obs_1,1,2\n2,Obs_2,3,\n"},
+      {"Num,Name,a\n7,x,1\n-3,NA,2\n", ",,a\n7,x,1\n-3,NA,2\n"},
+      {"Name,No,a\nx,7,1\n", ",,a\n7,x,1\n"},
+      {"Country,a\nItaly,1\n,2\n", ",,a\n1,Italy,1\n2,,2\n"},
+      {"No,Country,a\n4,Italy,1\n", ",,a\n4,Italy,1\n"},
+      {",a\n5,1\n6,2\n", ",,a\n5,Obs_1,1\n6,Obs_2,2\n"},
+      {"\"\",\"a\"\n\"5\",1\n\"x\",2\n", ",,a\n1,5,1\n2,x,2\n"},
+      {",,a\n5,6,7\n", ",,a\n5,6,7\n"},
+      {",,a\n", ",,a\n"},
+      // A column with a number in it is no column of names.
+      {"a,b\n,1\n2,3\n", ",,a,b\n1,Obs_1,,1\n2,Obs_2,2,3\n"},
+      // Separators and decimal marks.
+      {"a;b,c\n1,5;-2e1\n", ",,a,\"b,c\"\n1,Obs_1,1.5,-20\n"},
+      {"a;b\tc\n1,5\t+,25\n", ",,a;b,c\n1,Obs_1,1.5,0.25\n"},
+      {"\"a;b\",\"c\"\n1.5,2\n", ",,a;b,c\n1,Obs_1,1.5,2\n"},
+      {",,a;b\n1,x,2\n", ",,a;b\n1,x,2\n"},
+      // Quotes, blanks, line ends.
+      {"\"a\"\"\nb\",c\r\n\r\n 1 , \t\r\n\"2\",\"\"\r\n\n",
+       ",,\"a\"\"\nb\",c\n1,Obs_1,1,\n2,Obs_2,2,\n"},
+      {",,a\n1,\"x\r\ny\",2\n", ",,a\n1,\"x\r\ny\",2\n"},
+      {",,a\n1,x\"y,2\n", ",,a\n1,\"x\"\"y\",2\n"},
+      // Code page and UTF-8, with and without its mark: the euro sign, a umlaut, sharp s.
+      {",,\x80\n1,\xE4\xDF,2\n", ",,\xE2\x82\xAC\n1,\xC3\xA4\xC3\x9F,2\n"},
+      {",,\xE2\x82\xAC\n1,\xC3\xA4,2\n", ",,\xE2\x82\xAC\n1,\xC3\xA4,2\n"},
+      {"\xEF\xBB\xBF,,\xE2\x82\xAC\n1,x,2\n", ",,\xE2\x82\xAC\n1,x,2\n"},
+      // An overlong zero, a surrogate and a character cut short are no UTF-8.
+      {",,\xC0\x80\n", ",,\xC3\x80\xE2\x82\xAC\n"},
+      {",,\xED\xA0\x80\n", ",,\xC3\xAD\xC2\xA0\xE2\x82\xAC\n"},
+      {",,a\n1,x\xC3,2\n", ",,a\n1,x\xC3\x83,2\n"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(ReadAndPrint(c.in), c.out) << c.in;
+}
+
+TEST(CsvReader, RefusesWhatDoesNotFitWhereItStands) {
+  struct Case {
+    std::string in;
+    const char* message;
+  };
+  const Case kCases[] = {
+      {"", "line 1, column 1: the file is empty"},
+      {"\xEF\xBB\xBF\n\r\n", "line 1, column 1: the file is empty"},
+      {"\xEF\xBB\xBF\x80", "line 1, column 1: the file is marked as UTF-8 but is something else"},
+      {std::string("a\n1\0", 4), "line 2, column 1: a zero byte: the file is no text"},
+      {"a,b\n1,\"2\n3,4\n", "line 2, column 2: a quote is not closed"},
+      {"a,b\n1,\"2\"3\n", "line 2, column 2: characters behind a closed quote"},
+      {",\n1,x\n", "line 1, column 2: the table has no variable"},
+      {",,a,a\n", "line 1, column 4: the name 'a' is that of another variable"},
+      {"a,,b\n", "line 1, column 2: the variable has no name"},
+      {",,a\n\n1,\"x\n\",2\n1,y,3\n",
+       "line 5, column 1: the number 1 is that of another observation"},
+      {",,a\n32768,y,3\n", "line 2, column 1: '32768' is not a whole number from -32768 to 32767"},
+      {",,a\n1.0,y,3\n", "line 2, column 1: '1.0' is not a whole number from -32768 to 32767"},
+      {",,a\n,y,3\n", "line 2, column 1: the observation has no number"},
+      {",,a\n1,1234567890123456789012345,3\n",
+       "line 2, column 2: the name '1234567890123456789012345' has more than 24 characters"},
+      {",,\xCE\xB1\n", "line 1, column 3: the name '\xCE\xB1' is not in code page 1252"},
+      {"a,b\n1\n", "line 2, column 1: the number of cells in the row is 1, not 2"},
+      {"a,b\n1,2,\n", "line 2, column 3: the number of cells in the row is 3, not 2"},
+      {"a\n-99.0\n", "line 2, column 1: '-99.0' stands for a missing value in a data set"},
+      {"a\n1\n1e39\n", "line 3, column 1: '1e39' is beyond the range of single precision"},
+      {"a\nnan\n", "line 2, column 1: 'nan' is not a number"},
+      {"a\n1\n-inf\n", "line 3, column 1: '-inf' is not a number"},
+      {"a\n1\n0x1\n", "line 3, column 1: '0x1' is not a number"},
+      {"a\n1\n+-1\n", "line 3, column 1: '+-1' is not a number"},
+      {"a,b\n1,\"2,5\"\n", "line 2, column 2: '2,5' is not a number"},
+      {"a;b\n1,5;2.5\n", "line 2, column 2: '2.5' is not a number"},
+      {"a;b\n1;1.234,5\n", "line 2, column 2: '1.234,5' is not a number"},
+      {"a\n1\n\"x\r\n\x84\"\n", "line 3, column 1: 'x  \xE2\x80\x9E' is not a number"},
+      {"a;" + Repeated("b", 9) + ";" + Repeated("\xC3\xA4", 30) + "\n",
+       "line 1, column 3: the name '\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4"
+       "\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4"
+       "\xC3\xA4\xC3\xA4...' has more than 24 characters"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(ReadAndPrint(c.in), c.message);
+}
+
+TEST(CsvReader, RepairsAndTellsEachRepair) {
+  std::vector<std::string> told;
+  const auto report = [&](const std::string& line) { told.push_back(line); };
+  const char* const in =
+      ",,v,v,,v_2,a long name of a variable\n"
+      "2,1234567890123456789012_2,1,-99,x,1e39\n"
+      "2,1234567890123456789012345,1,2,3,4,5,6\n"
+      "x,123456789012345678901234x,1,2,3,4,5\n"
+      ",\xCE\xB1,1,2,3,4,5\n"
+      "1,?,1,2,3,4,5\n";
+  EXPECT_EQ(ReadAndPrint(in, report),
+            ",,v,v_3,Var_3,v_2,a long name of a variabl\n"
+            "2,1234567890123456789012_2,1,,,,\n"
+            "3,123456789012345678901234,1,2,3,4,5\n"
+            "4,1234567890123456789012_3,1,2,3,4,5\n"
+            "5,?_2,1,2,3,4,5\n"
+            "1,?,1,2,3,4,5\n");
+  const std::vector<std::string> expected = {
+      "line 2, column 4: '-99' stands for a missing value in a data set: missing",
+      "line 2, column 5: 'x' is not a number: missing",
+      "line 2, column 6: '1e39' is beyond the range of single precision: missing",
+      "line 2, column 6: the number of cells in the row is 6, not 7: the others are missing",
+      "line 3, column 8: the number of cells in the row is 8, not 7: those beyond left out",
+      "line 1, column 4: the name 'v' is that of another variable: named 'v_3'",
+      "line 1, column 5: the variable has no name: named 'Var_3'",
+      "line 1, column 7: the name 'a long name of a variable' has more than 24 characters: named "
+      "'a long name of a variabl'",
+      "line 3, column 1: the number 2 is that of another observation: renumbered 3",
+      "line 4, column 1: 'x' is not a whole number from -32768 to 32767: renumbered 4",
+      "line 5, column 1: the observation has no number: renumbered 5",
+      "line 3, column 2: the name '1234567890123456789012345' has more than 24 characters: named "
+      "'123456789012345678901234'",
+      "line 4, column 2: the name '123456789012345678901234x' has more than 24 characters: named "
+      "'1234567890123456789012_3'",
+      "line 5, column 2: the name '\xCE\xB1' is not in code page 1252: named '?_2'",
+  };
+  EXPECT_EQ(told, expected);
+}
+
+TEST(CsvReader, RoundsNumbersToTheNearestFloat) {
+  struct Case {
+    const char* in;
+    float value;
+  };
+  constexpr Case kCases[] = {
+      {"16777217", 16777216.0f},  // ties go to the even one
+      {"16777219", 16777220.0f},
+      {"16777217.00000000000000000000000000000000000001", 16777218.0f},
+      {"1e-45", std::numeric_limits<float>::denorm_min()},
+      {"1.1754942e-38", std::numeric_limits<float>::min() - 0x1p-149f},
+      {"-3.4028235677973365e38", -std::numeric_limits<float>::max()},
+      {"-98.99999618530273", -0x1.8bfffep+6f},
+      {"-0", -0.0f},
+  };
+  for (const Case& c : kCases) {
+    const CsvTable table = ReadCsv(std::string("a\n") + c.in + "\n", CsvRepairs(nullptr));
+    EXPECT_EQ(std::bit_cast<unsigned>(table.values->GetElement(1, 1)),
+              std::bit_cast<unsigned>(c.value))
+        << c.in;
+  }
+}
+
+TEST(CsvReader, HoldsTheLimitsOfADataSet) {
+  const std::string rows = "a\n" + Repeated("1\n", 32767);
+  std::string columns = "n1";
+  for (int j = 2; j <= 32767; ++j) columns += ",n" + std::to_string(j);
+  EXPECT_EQ(ReadCsv(rows, CsvRepairs(nullptr)).values->NRow(), 32767);
+  EXPECT_EQ(ReadCsv(columns, CsvRepairs(nullptr)).values->NCol(), 32767);
+  EXPECT_EQ(ReadAndPrint(rows + "1\n1\n"),
+            "line 32769, column 1: the table has more than 32767 rows");
+  EXPECT_EQ(ReadAndPrint(columns + ",x,y"),
+            "line 1, column 32768: the table has more than 32767 variables");
+
+  std::string told;
+  const CsvRepairs repairs([&](const std::string& line) { told = line; });
+  EXPECT_EQ(ReadCsv(rows + "1\n1\n", repairs).values->NRow(), 32767);
+  EXPECT_EQ(told, "line 32769, column 1: the table has more than 32767 rows: 2 left out");
+  EXPECT_EQ(ReadCsv(columns + ",x,y", repairs).values->NCol(), 32767);
+  EXPECT_EQ(told, "line 1, column 32768: the table has more than 32767 variables: 2 left out");
+
+  // Four gigabytes for a file of a few hundred thousand bytes.
+  const std::string promise = columns + "\n" + Repeated("1\n", 32767);
+  EXPECT_THROW(ReadCsv(promise, repairs), CsvError);
+}
+
+// Tables of all kinds of floats and names, in the form that they are to come back in.
+TEST(CsvReader, GivesCanonicalTablesBack) {
+  std::mt19937 random(1);
+  const auto below = [&](unsigned n) { return static_cast<unsigned>(random()) % n; };
+  const auto name = [&](std::string text, std::size_t longest) {
+    while (text.size() < longest && below(8) != 0) text += static_cast<char>(1 + below(255));
+    return Quoted(Utf8FromCodePage(text));
+  };
+  const auto value = [&] {
+    const auto any = std::bit_cast<float>(static_cast<unsigned>(random()));
+    return std::isfinite(any) && below(5) != 0 ? any : kMissing;
+  };
+  for (int round = 0; round < 300; ++round) {
+    const unsigned columns = 1 + below(6);
+    std::string text = ",";
+    for (unsigned j = 1; j <= columns; ++j) text += ',' + name(std::to_string(j), 24);
+    for (int number = -32768 + round; number <= 32767 && below(20) != 0; number += 600) {
+      text += '\n' + std::to_string(number) + ',' + name("", 24);
+      for (unsigned j = 1; j <= columns; ++j) text += ',' + Printed(value());
+    }
+    text += '\n';
+    ASSERT_EQ(ReadAndPrint(text), text);
+  }
+}
+
+}  // namespace
+}  // namespace zemva::tools
