@@ -19,11 +19,9 @@ class AlignedBuffer {
 
   T* Data() { return elements_.get(); }
   const T* Data() const { return elements_.get(); }
-  std::size_t Size() const { return size_; }
   T& operator[](std::size_t i) { return elements_.get()[i]; }
   const T& operator[](std::size_t i) const { return elements_.get()[i]; }
   std::span<T> Values() { return {Data(), size_}; }
-  std::span<const T> Values() const { return {Data(), size_}; }
 
  private:
   static constexpr std::align_val_t kAlignment{64};

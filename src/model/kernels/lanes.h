@@ -40,9 +40,10 @@ struct Lanes {
   // sums[r] = sum over j of rows[r][j] * weights[j].
   using Dot = void (*)(const float* const* rows, const double* weights, std::size_t length,
                        double* sums);
-  // sums[j] += rows[0][j] * scores[0] + ... + rows[n - 1][j] * scores[n - 1].
+  // sums[j] += rows[0][j] * scores[0] + ... + rows[n - 1][j] * scores[n - 1]. Meanwhile the rows
+  // that lie `ahead` floats further on are fetched from memory; none where it is 0.
   using Add = void (*)(const float* const* rows, const double* scores, std::size_t length,
-                       double* sums);
+                       double* sums, std::size_t ahead);
 
   std::array<Dot, kBlockRows> dot;
   std::array<Add, kBlockRows> add;

@@ -4,6 +4,7 @@ namespace zemva {
 
 LeftOut LeftOut::Elements(int group_count, std::span<const short> labels) {
   LeftOut left_out(group_count);
+  left_out.has_elements_ = true;
   for (std::size_t k = 0; k < labels.size(); ++k) {
     left_out.classes_[static_cast<std::size_t>(labels[k])].columns.push_back(static_cast<int>(k));
   }

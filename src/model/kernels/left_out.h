@@ -16,14 +16,17 @@ class LeftOut {
   // Nothing.
   LeftOut() : classes_(1) {}
 
-  // Element (i, k), both from 1, where i mod group_count equals labels[k - 1].
+  // Element (i, k), both from 1, where i mod group_count equals labels[k - 1]. There are two groups
+  // or more, here and below.
   static LeftOut Elements(int group_count, std::span<const short> labels);
 
   // Row i where i mod group_count equals group mod group_count, in Rows; the others, in OtherRows.
   static LeftOut Rows(int group_count, int group);
   static LeftOut OtherRows(int group_count, int group);
 
-  bool IsNothing() const { return ClassCount() == 1 && !IsWholeRow(0) && Columns(0).empty(); }
+  bool IsNothing() const { return classes_.size() == 1; }
+  // Whether single elements are left out, not rows.
+  bool HasElements() const { return has_elements_; }
 
   std::size_t ClassCount() const { return classes_.size(); }
   // The class of the row at `row`, counted from 0.
@@ -46,6 +49,7 @@ class LeftOut {
   explicit LeftOut(int group_count) : classes_(static_cast<std::size_t>(group_count)) {}
 
   std::vector<RowClass> classes_;
+  bool has_elements_ = false;
 };
 
 }  // namespace zemva

@@ -63,10 +63,10 @@ void AddPredictionErrors(const ResidualMatrix& residuals, const LeftOut& left_ou
     if (IsMissing(scores[i])) continue;
     const auto score = static_cast<double>(scores[i]);
     const std::span<const float> row = residuals.Row(i);
-    auto hole = residuals.Holes(i).begin();
+    std::span<const int> holes = residuals.Holes(i);
     for (const int column : left_out.Columns(left_out.ClassOf(i))) {
-      while (hole != residuals.Holes(i).end() && *hole < column) ++hole;
-      if (hole != residuals.Holes(i).end() && *hole == column) continue;
+      while (!holes.empty() && holes.front() < column) holes = holes.subspan(1);
+      if (!holes.empty() && holes.front() == column) continue;
       const auto k = static_cast<std::size_t>(column);
       const double error = static_cast<double>(row[k]) - score * static_cast<double>(loadings[k]);
       column_errors[k] += error * error;

@@ -33,11 +33,11 @@ struct ScoreSums {
 // weights) and onto its rows (scores). An element that is neither is usable. A score that equals
 // the missing value takes no part in any sum.
 //
-// A sum over usable elements is made up by a factor: the squares of all that E is multiplied by,
-// over the squares of what meets a usable element. It is least squares on what is usable (H. Wold,
-// Estimation of principal components and related models by iterative least squares, 1966; P. R. C.
-// Nelson, P. A. Taylor and J. F. MacGregor, Chemometrics and Intelligent Laboratory Systems 35
-// (1996) 45-65, single component projection).
+// A sum over usable elements is multiplied by a factor: the squares of all that E is multiplied by,
+// over the squares of what meets a usable element. That is least squares on what is usable (H.
+// Wold, Estimation of principal components and related models by iterative least squares, 1966; P.
+// R. C. Nelson, P. A. Taylor and J. F. MacGregor, Chemometrics and Intelligent Laboratory Systems
+// 35 (1996) 45-65, single component projection).
 class Projection {
  public:
   // Keeps references to the matrix and to what is left out. Throws std::bad_alloc.
@@ -48,8 +48,9 @@ class Projection {
   // factor = sum of scores[i]^2 over all rows / the same over the usable ones; 0 in columns that
   // take no part. `scores` has N values, `loadings` K.
   //
-  // Where that denominator is 0: 8042, or 8043 when anything is left out, and the loadings are
-  // undefined.
+  // Where that denominator is 0: 8042, or 8043 when anything is left out; the loadings are then
+  // undefined. Without gaps (elements missing or left out; rows left out whole are no gaps) there
+  // are no factors, and scores that are all 0 give loadings of 0.
   int OntoColumns(std::span<const float> scores, const Cap& cap, std::span<double> loadings);
 
   // scores[i] = factor * (sum of weights[k] * E[i][k] over the usable elements of row i) / squares,
@@ -57,7 +58,7 @@ class Projection {
   // of the squares of all weights: 1 for weights of unit length.
   //
   // A score is missing where nothing that has a weight is usable, and in rows that are left out
-  // whole. A score of 0 in a matrix with gaps counts in neither of the sums returned.
+  // whole. Where there are gaps, a score of 0 counts in neither of the sums returned.
   ScoreSums OntoRows(std::span<const float> weights, double squares, const Cap& cap,
                      std::span<float> scores);
 
@@ -92,6 +93,7 @@ class Projection {
   void ClearSums();
   void OpenClass(std::size_t row_class);
   void AddBlock(const Block& block, std::span<const float> scores);
+  std::size_t DistanceToNext(const Block& block) const;
   void CloseClass(std::size_t row_class);
   double UsableScoreSquares(std::size_t column, std::span<const float> scores) const;
 

@@ -134,14 +134,7 @@ void ResidualMatrix::CopyStart(std::size_t column, std::span<float> start) const
 void ResidualMatrix::CopyTo(XFMatrix& target) const {
   for (std::size_t i = 0; i < row_count_; ++i) {
     const std::span<float> row = target.Row(static_cast<int>(i) + 1);
-    auto hole = Holes(i).begin();
-    for (std::size_t k = 0; k < row.size(); ++k) {
-      if (hole != Holes(i).end() && *hole == static_cast<int>(k)) {
-        ++hole;
-      } else if (TakesPart(k)) {
-        row[k] = AsPresent(elements_[i * stride_ + k]);
-      }
-    }
+    ForEachPresent(i, [&](std::size_t k) { row[k] = AsPresent(elements_[i * stride_ + k]); });
   }
 }
 

@@ -43,6 +43,19 @@ class ResidualMatrix {
   }
   bool IsHole(std::size_t row, std::size_t column) const;
 
+  // Calls visit(column) for the present elements of a row, in order, in columns that take part.
+  template <typename Visit>
+  void ForEachPresent(std::size_t row, Visit visit) const {
+    std::span<const int> holes = Holes(row);
+    for (std::size_t k = 0; k < ColumnCount(); ++k) {
+      if (!holes.empty() && holes.front() == static_cast<int>(k)) {
+        holes = holes.subspan(1);
+      } else if (TakesPart(k)) {
+        visit(k);
+      }
+    }
+  }
+
   // Every row is followed by zeros up to this length, a multiple of kLaneCount.
   std::size_t PaddedLength() const { return stride_; }
 
