@@ -24,6 +24,8 @@
 #include "model/preprocess/lag_info.h"
 #include "model/preprocess/sca_info.h"
 #include "model/preprocess/tra_info.h"
+#include "model/workset/model_type.h"
+#include "model/workset/workset.h"
 #include "numeric/d_matrix.h"
 #include "numeric/distributions.h"
 #include "numeric/moments.h"

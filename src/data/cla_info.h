@@ -11,6 +11,8 @@
 
 namespace zemva {
 
+class Workset;
+
 // The item's number is that of the class, 1..99; NObs counts the observations in it.
 class ZEMVA_API ClaData : public ItmData {
  public:
@@ -33,6 +35,9 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // Without any class. Status 8002 when memory runs out.
   ClaInfo(const char* name, short nobs);
 
+  // Takes over the classes of a work set, observation by observation. 8022 for null, 8002 when
+  // memory runs out. Its body is in model/workset/.
+  int SetClaInfo(const Workset* workset);
   // 8021 for a position outside 1..nobs or a class outside 0..99.
   int SetOClass(short i, char c);
   // 0 for a bad position.

@@ -1,0 +1,53 @@
+// What work sets and prediction sets share: how the matrix of a model is read from a data set.
+#ifndef ZEMVA_MODEL_WORKSET_EXTRACTION_H
+#define ZEMVA_MODEL_WORKSET_EXTRACTION_H
+
+#include <memory>
+#include <vector>
+
+#include "data/dataset.h"
+#include "data/memory_guard.h"
+#include "data/obs_info.h"
+#include "errors/stream_window.h"
+#include "model/workset/column_plan.h"
+#include "numeric/x_matrix.h"
+
+namespace zemva {
+
+// A data set as a model sees it.
+struct DataSource {
+  Dataset& dataset;
+  // Its size when it was described.
+  short observation_count;
+  short variable_count;
+  // A row for each of its observations.
+  const ObsInfo& observations;
+  // The observations that are taken.
+  std::vector<short> rows;
+  // For each variable of the work set its column, 0 where the data set has none.
+  std::vector<short> columns;
+};
+
+// Makes the columns of the plan. Tells in the window of values that are not finite numbers and of
+// those that have no transform, which are missing. 8046 when the data set has another size; the
+// codes of Load, and of the plan. Throws std::bad_alloc.
+int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindow& window,
+                   std::unique_ptr<XFMatrix>& matrix);
+
+// A table that describes every row or column: a copy of `table`, where there is one, with what is
+// missing numbered by position and without a name. They throw std::bad_alloc.
+ObsInfo CompleteObsInfo(const ObsInfo* table, short count);
+VarInfo CompleteVarInfo(const VarInfo* table, short count);
+
+// Hands over what `extract`, given an empty std::unique_ptr<Result>, put into it; null when that
+// returns a status other than 0, which is kept in `status`.
+template <typename Result, typename Extract>
+Result* HandOver(int& status, Extract extract) {
+  std::unique_ptr<Result> result;
+  status = MemoryGuarded([&] { return extract(result); });
+  return status == status::kOk ? result.release() : nullptr;  // the caller's
+}
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_WORKSET_EXTRACTION_H
