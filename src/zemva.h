@@ -25,6 +25,7 @@
 #include "model/preprocess/sca_info.h"
 #include "model/preprocess/tra_info.h"
 #include "model/workset/model_type.h"
+#include "model/workset/predset.h"
 #include "model/workset/workset.h"
 #include "numeric/d_matrix.h"
 #include "numeric/distributions.h"

@@ -135,6 +135,39 @@ int BlkInfo::DelVar(short v) {
   return Changed(status::kOk);
 }
 
+int BlkInfo::FixAddedVars(short v, short source) {
+  if (v < 1 || v > GetNVar() || source < 1 || source > GetNVar()) {
+    return SetStatus(status::mva::kIndexOutOfRange);
+  }
+  const char from = GetBStat(v);
+  const char to = GetBStat(source);
+  b_stat_[v] = to;
+  for (const char b : {from, to}) {
+    BlkData* row = b == kNoBlock ? nullptr : GetRow(GetIx(short{b}));
+    if (row != nullptr) {
+      row->SetNVar(static_cast<short>(std::ranges::count(b_stat_.Values(), b)));
+    }
+  }
+  return Changed(status::kOk);
+}
+
+int BlkInfo::Transfer(XFVector* weights) {
+  if (weights == nullptr) return SetStatus(status::mva::kNullPointer);
+  if (weights->NVal() != GetNVar()) return SetStatus(status::mva::kIndexOutOfRange);
+  for (short i = 1; GetRow(i) != nullptr; ++i) {
+    BlkData& row = *GetRow(i);
+    const float scale = Scale(row.GetBType(), row.GetNVar());
+    row.SetBWeig(scale);
+    if (IsMissing(scale)) continue;
+    for (int v = 1; v <= weights->NVal(); ++v) {
+      float& weight = (*weights)[v];
+      if (b_stat_[v] == GetBNum(i) && !IsMissing(weight)) weight *= scale;
+    }
+  }
+  weights->SetActValInfo();
+  return Changed(status::kOk);
+}
+
 BlkInfo* BlkInfo::ExtBlkInfo(const XI1Vector* sel, char wanted) {
   if (sel == nullptr) return nullptr;
   const int length = std::min<int>(sel->NVal(), GetNVar());

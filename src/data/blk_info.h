@@ -13,6 +13,9 @@
 namespace zemva {
 
 class BlkData;
+class ExpInfo;
+class LagInfo;
+class Workset;
 
 // The block of each variable, 0 for none, and a row for each block. Block numbers are 1..99.
 class ZEMVA_API BlkInfo : public ItmInfo {
@@ -70,6 +73,28 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // nothing changed, for a bad position or a variable in no block; 8002 when memory runs out.
   int DelVar(short v);
 
+  // Variable v, which AddVar has inserted, is made of variable `source`: it joins the block of
+  // that, if it has one. 8021 for a bad position.
+  int FixAddedVars(short v, short source);
+
+  // Describes variables of a work set anew: those of its data set whose byte in `sel`, which has
+  // one for each, is `wanted`, then the lagged ones, then the terms. Each is in the block that the
+  // work set puts it in, which for a lagged variable or a term is that of its first source unless
+  // it was given another; a block is named "Block" and its number, has the type that the work set
+  // gives it, and no weight as yet. Blocks that have fewer than two of the variables are left out.
+  // 8015 for a lagged variable or a term that the work set has not, 8021 where `sel` has another
+  // length or there would be more than 32,767 variables, 8022 for a null argument, 8002 when memory
+  // runs out; the table is then unchanged. Its body is in model/workset/.
+  int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
+                 const Workset* workset);
+
+  // Gives each block the weight that its type makes of the number of its variables, missing where
+  // the type is undefined, and multiplies the scaling weights of its variables with it. Element v
+  // of `weights` belongs to variable v; a missing one stays missing, and none changes in a block
+  // without weight. 8021 where the vector has another length, 8022 for null; nothing is changed
+  // then.
+  int Transfer(XFVector* weights);
+
   // A new table "BlkInfoX", the caller's, for the variables whose byte in `sel` is `wanted`: their
   // blocks, with the number of such variables, but for those that keep fewer than two. Null when
   // `sel` is null, and with status 8002 when memory runs out.
@@ -100,6 +125,7 @@ class ZEMVA_API BlkData : public ItmData {
   short GetNVar() const { return nvar_; }
   void SetNVar(short nvar) { nvar_ = nvar; }
   float GetBWeig() const { return weight_; }
+  void SetBWeig(float weight) { weight_ = weight; }
 
  private:
   BlkInfo::EBlkType type_;

@@ -2,9 +2,14 @@
 
 #include <cmath>
 #include <cstring>
+#include <initializer_list>
 
+#include "data/memory_guard.h"
 #include "data/var_info.h"
 #include "model/preprocess/element.h"
+#include "model/preprocess/exp_info.h"
+#include "model/preprocess/lag_info.h"
+#include "model/preprocess/number_set.h"
 #include "numeric/x_matrix.h"
 
 namespace zemva {
@@ -151,6 +156,51 @@ int ScaInfo::Update(short var, const VarInfo* variables, const XFMatrix* matrix,
   return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
                         ToElement(column.InverseDeviation()), present.GetScaC1(),
                         present.GetScaC2()));
+}
+
+int ScaInfo::UpdateAll(const VarInfo* variables, const XFMatrix* matrix) {
+  if (variables == nullptr || matrix == nullptr) return SetStatus(status::mva::kNullPointer);
+  return SetStatus(MemoryGuarded([&] {
+    const XI1Vector all = SelectIf(matrix->NRow(), [](short) { return true; });
+    for (short i = 1; GetItm(i) != nullptr; ++i) {
+      const int status = Update(GetINum(i), variables, matrix, &all, GetItm(i)->GetScaType());
+      if (status != status::kOk) return status;
+    }
+    return status::kOk;
+  }));
+}
+
+int ScaInfo::AddVars(const ItmInfo& variables) {
+  const NumberSet present(*this);
+  const short count = GetNItm();
+  for (int j = 1; j <= variables.GetNItm(); ++j) {
+    const auto position = static_cast<short>(j);
+    const short vnum = variables.GetINum(position);
+    if (present.Has(vnum)) continue;
+    const int status = AddItm(ScaData(vnum, variables.GetINam(position), EScaType::kUV));
+    if (status == status::kOk) continue;
+    KeepFirst(count);
+    return SetStatus(status);
+  }
+  return SetStatus(status::kOk);
+}
+
+int ScaInfo::FixAddedVars(short nvar, const LagInfo* lags, const ExpInfo* terms) {
+  if (lags == nullptr || terms == nullptr) return SetStatus(status::mva::kNullPointer);
+  const short count = GetNItm();
+  NumberSet added;
+  for (const ItmInfo* table : std::initializer_list<const ItmInfo*>{lags, terms}) {
+    const int status = AddVars(*table);
+    if (status != status::kOk) {
+      KeepFirst(count);
+      return SetStatus(status);
+    }
+    added.Add(*table);
+  }
+  for (short i = GetNItm(); i > nvar; --i) {
+    if (!added.Has(GetINum(i))) DelItm(i);
+  }
+  return SetStatus(status::kOk);
 }
 
 short ScaInfo::GetNMisWeig() const {

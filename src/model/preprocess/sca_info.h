@@ -13,7 +13,10 @@
 
 namespace zemva {
 
+class ExpInfo;
+class LagInfo;
 class VarInfo;
+class Workset;
 class XFMatrix;
 class XFVector;
 
@@ -99,6 +102,24 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // 8015 for a variable without row or column, 8021 for kOrt and kRng, 8022 for a null argument.
   int Update(short var, const VarInfo* variables, const XFMatrix* matrix, const XI1Vector* mask,
              EScaType type);
+
+  // The same for all variables of the table and all rows of the matrix, each with the type that it
+  // has.
+  int UpdateAll(const VarInfo* variables, const XFMatrix* matrix);
+
+  // Appends a row, scaled to unit variance, for each item whose number has none. 8002 when memory
+  // runs out, 7002 when the table is full; the table is then unchanged.
+  int AddVars(const ItmInfo& variables);
+  // Makes the rows behind the first `nvar`, which are those of a data set, the rows of the lagged
+  // variables and terms: what is new is appended as by AddVars, with its codes, and what is no
+  // longer there is deleted. 8022 for a null argument.
+  int FixAddedVars(short nvar, const LagInfo* lags, const ExpInfo* terms);
+  // Fills the table anew: a row for each of the variables as the work set scales them, with the
+  // weights that `matrix` gives, if `is_from_data`, or those that the work set has; the matrix may
+  // then be null. 8015 for a number that the work set has not, 8022 for a null argument, and the
+  // codes of UpdateAll; the table is then unchanged. Its body is in model/workset/.
+  int SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
+                 bool is_from_data);
 
   // How many weights are missing.
   short GetNMisWeig() const;

@@ -6,37 +6,13 @@
 #include "data/selection.h"
 #include "errors/status.h"
 #include "model/preprocess/columns.h"
+#include "model/preprocess/number_set.h"
 
 namespace zemva {
-namespace {
-
-// Some of the variables, by number.
-class NumberSet {
- public:
-  void Add(short vnum) { is_in_[static_cast<std::size_t>(vnum)] = true; }
-  bool Has(short vnum) const { return is_in_[static_cast<std::size_t>(vnum)]; }
-  XI1Vector Select(const ItmInfo& table) const {
-    return SelectIf(table.GetNItm(), [&](short i) { return Has(table.GetINum(i)); });
-  }
-
- private:
-  std::vector<bool> is_in_ = std::vector<bool>(kMaxItems + 1);
-};
-
-// What an extraction returned, which is null when memory ran out.
-template <typename Table>
-std::unique_ptr<Table> Owned(Table* table) {
-  if (table == nullptr) throw std::bad_alloc();
-  return std::unique_ptr<Table>(table);
-}
-
-}  // namespace
-
 ColumnPlan::ColumnPlan(const VarInfo& variables, const LagInfo& lags,
                        const TraInfo& transformations, const ExpInfo& terms,
                        const VarInfo& wanted) {
-  NumberSet needed;
-  for (int j = 1; j <= wanted.GetNVar(); ++j) needed.Add(wanted.GetVNum(static_cast<short>(j)));
+  NumberSet needed(wanted);
   const NumberSet is_wanted = needed;
   const auto keep_flags = [&](const ItmInfo& table) {
     for (int i = 1; i <= table.GetNItm(); ++i) {

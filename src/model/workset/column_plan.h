@@ -3,6 +3,7 @@
 #define ZEMVA_MODEL_WORKSET_COLUMN_PLAN_H
 
 #include <memory>
+#include <new>
 #include <vector>
 
 #include "data/var_info.h"
@@ -13,6 +14,13 @@
 #include "numeric/x_vector.h"
 
 namespace zemva {
+
+// What an extraction returned, which is null when memory ran out: throws std::bad_alloc.
+template <typename Table>
+std::unique_ptr<Table> Owned(Table* table) {
+  if (table == nullptr) throw std::bad_alloc();
+  return std::unique_ptr<Table>(table);
+}
 
 // Takes the variables that are wanted and those that the wanted ones are made of, lags, transforms
 // and expands them, and drops what is not wanted.

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <new>
+#include <numeric>
 
 #include "data/selection.h"
 #include "errors/listing.h"
@@ -10,10 +11,6 @@
 
 namespace zemva {
 namespace {
-
-std::size_t Slot(int position) {
-  return static_cast<std::size_t>(position - 1);
-}
 
 // Copies the elements, and returns how many of them are not finite and now missing.
 int Gather(const DataSource& source, const std::vector<short>& variables, XFMatrix& matrix) {
@@ -85,6 +82,20 @@ int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindo
   const int status = plan.Apply(*matrix, excluded);
   if (status == status::kOk) Report(source, refused_count, excluded, window);
   return status;
+}
+
+std::vector<short> Positions(const XI1Vector& selection) {
+  std::vector<short> positions;
+  for (int i = 1; i <= selection.NVal(); ++i) {
+    if (selection[i] == kSelected) positions.push_back(static_cast<short>(i));
+  }
+  return positions;
+}
+
+std::vector<short> Identity(int count) {
+  std::vector<short> positions(static_cast<std::size_t>(count));
+  std::iota(positions.begin(), positions.end(), short{1});
+  return positions;
 }
 
 ObsInfo CompleteObsInfo(const ObsInfo* table, short count) {

@@ -2,6 +2,7 @@
 #ifndef ZEMVA_MODEL_WORKSET_EXTRACTION_H
 #define ZEMVA_MODEL_WORKSET_EXTRACTION_H
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,11 @@
 #include "numeric/x_matrix.h"
 
 namespace zemva {
+
+// Where a vector keeps what belongs to a position, which counts from 1.
+inline std::size_t Slot(int position) {
+  return static_cast<std::size_t>(position - 1);
+}
 
 // A data set as a model sees it.
 struct DataSource {
@@ -33,6 +39,12 @@ struct DataSource {
 // codes of Load, and of the plan. Throws std::bad_alloc.
 int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindow& window,
                    std::unique_ptr<XFMatrix>& matrix);
+
+// The positions that are selected, ascending. Throws std::bad_alloc.
+std::vector<short> Positions(const XI1Vector& selection);
+
+// The positions 1..count.
+std::vector<short> Identity(int count);
 
 // A table that describes every row or column: a copy of `table`, where there is one, with what is
 // missing numbered by position and without a name. They throw std::bad_alloc.

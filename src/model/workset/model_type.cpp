@@ -9,7 +9,15 @@ bool IsPCFamily(EModType type) {
 }
 
 bool IsPLSFamily(EModType type) {
-  return type == kPLS12 || type == kPLS21 || type == kPLS1DA || type == kPLS1DAOld;
+  return type == kPLS12 || type == kPLS21 || IsDiscriminant(type);
+}
+
+bool IsDiscriminant(EModType type) {
+  return type == kPLS1DA || type == kPLS1DAOld;
+}
+
+bool IsClassBlock(EModType type, EBlock block) {
+  return IsDiscriminant(type) && block == EBlock::kY;
 }
 
 const char* GetModTypeTag(EModType type) {

@@ -28,6 +28,11 @@ enum class EBlock { kX, kY };
 ZEMVA_API bool IsPCFamily(EModType type);
 ZEMVA_API bool IsPLSFamily(EModType type);
 
+// Whether the type is one of classes by partial least squares, whose Y stands for the classes
+// and not for variables; and whether the block is that Y.
+ZEMVA_API bool IsDiscriminant(EModType type);
+ZEMVA_API bool IsClassBlock(EModType type, EBlock block);
+
 // The name of a type in listings, with the blanks that follow it: "PC-1  ".
 ZEMVA_API const char* GetModTypeTag(EModType type);
 

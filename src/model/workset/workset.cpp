@@ -2,19 +2,16 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <new>
 #include <utility>
 
 #include "data/memory_guard.h"
 #include "errors/status.h"
+#include "model/preprocess/number_set.h"
 #include "model/workset/extraction.h"
+#include "model/workset/workset_edit.h"
 
 namespace zemva {
 namespace {
-
-std::size_t Slot(int position) {
-  return static_cast<std::size_t>(position - 1);
-}
 
 bool IsRole(EVarRole role) {
   return role >= EVarRole::kExcluded && role <= EVarRole::kY;
@@ -22,11 +19,11 @@ bool IsRole(EVarRole role) {
 
 // Whether every variable has a number of its own above 0.
 bool HasOwnNumbers(const VarInfo& variables) {
-  std::vector<bool> is_used(kMaxItems + 1);
+  NumberSet used;
   for (int j = 1; j <= variables.GetNVar(); ++j) {
     const short vnum = variables.GetVNum(static_cast<short>(j));
-    if (vnum < 1 || is_used[static_cast<std::size_t>(vnum)]) return false;
-    is_used[static_cast<std::size_t>(vnum)] = true;
+    if (vnum < 1 || used.Has(vnum)) return false;
+    used.Add(vnum);
   }
   return true;
 }
@@ -35,16 +32,6 @@ void NumberByPosition(VarInfo& variables) {
   for (int j = 1; j <= variables.GetNVar(); ++j) {
     variables.SetVNum(static_cast<short>(j), static_cast<short>(j));
   }
-}
-
-ScaInfo ScaledToUnitVariance(const VarInfo& variables) {
-  ScaInfo scalings("ScaInfo");
-  for (int j = 1; j <= variables.GetNVar(); ++j) {
-    const auto position = static_cast<short>(j);
-    const ScaData row(variables.GetVNum(position), variables.GetVNam(position), EScaType::kUV);
-    if (scalings.AddItm(row) != status::kOk) throw std::bad_alloc();
-  }
-  return scalings;
 }
 
 }  // namespace
@@ -65,21 +52,17 @@ int Workset::Init() {
     NumberByPosition(variables);
     window_ << "Variables have been renumbered starting with 1.\n";
   }
-  ScaInfo scalings = ScaledToUnitVariance(variables);
+  ScaInfo scalings("ScaInfo");
+  if (scalings.AddVars(variables) != status::kOk) return status::mva::kMemory;
   std::vector<Membership> memberships(static_cast<std::size_t>(observations.GetNItm()));
-  std::vector<EVarRole> roles(static_cast<std::size_t>(variables.GetNVar()), EVarRole::kX);
+  std::vector<Usage> usages(static_cast<std::size_t>(variables.GetNVar()));
 
   observations_ = std::move(observations);
   memberships_ = std::move(memberships);
   variables_ = std::move(variables);
-  roles_ = std::move(roles);
+  usages_ = std::move(usages);
   scalings_ = std::move(scalings);
   return status::kOk;
-}
-
-template <typename Change>
-int Workset::Edit(Change change) {
-  return status_ = is_frozen_ ? status::mva::kDeleteModelsFirst : MemoryGuarded(change);
 }
 
 short Workset::GetNObs() const {
@@ -113,7 +96,7 @@ int Workset::SetOClass(short i, char c) {
 
 short Workset::GetNVar(EBlock block) const {
   const EVarRole role = block == EBlock::kX ? EVarRole::kX : EVarRole::kY;
-  return static_cast<short>(std::ranges::count(roles_, role));
+  return static_cast<short>(std::ranges::count(usages_, role, &Usage::role));
 }
 
 Workset::Place Workset::Locate(int j) const {
@@ -154,14 +137,14 @@ const char* Workset::GetVNam(short j) const {
 }
 
 EVarRole Workset::GetRole(short j) const {
-  return IsVar(j) ? roles_[Slot(j)] : EVarRole::kExcluded;
+  return IsVar(j) ? usages_[Slot(j)].role : EVarRole::kExcluded;
 }
 
 int Workset::SetRole(short j, EVarRole role) {
   return Edit([&] {
     if (!IsVar(j)) return status::mva::kVariableNotAvailable;
     if (!IsRole(role)) return status::mva::kIndexOutOfRange;
-    roles_[Slot(j)] = role;
+    usages_[Slot(j)].role = role;
     return status::kOk;
   });
 }

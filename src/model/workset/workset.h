@@ -2,11 +2,13 @@
 #ifndef ZEMVA_MODEL_WORKSET_WORKSET_H
 #define ZEMVA_MODEL_WORKSET_WORKSET_H
 
+#include <array>
 #include <memory>
 #include <vector>
 
 #include "base/export.h"
 #include "base/fixed_text.h"
+#include "data/blk_info.h"
 #include "data/cla_info.h"
 #include "data/dataset.h"
 #include "data/obs_info.h"
@@ -17,13 +19,22 @@
 #include "model/preprocess/sca_info.h"
 #include "model/preprocess/tra_info.h"
 #include "model/workset/model_type.h"
+#include "numeric/missing.h"
 #include "numeric/x_matrix.h"
 #include "numeric/x_vector.h"
 
 namespace zemva {
 
+class ColumnPlan;
+
 // Which block a variable belongs to.
 enum class EVarRole : char { kExcluded = 0, kX = 1, kY = 2 };
+
+// The largest share of missing values, in per cent, that a variable and an observation may have.
+struct MissingLimits {
+  float variable_percent;
+  float observation_percent;
+};
 
 // Which observations of a data set are in, and in which class; which variables are X or Y, and what
 // is done to them. The data set keeps the values: the work set reads them each time that a model
@@ -83,7 +94,7 @@ class ZEMVA_API Workset {
   // --- Variables ---
 
   // How many there are, in all and in a block.
-  short GetNVar() const { return static_cast<short>(roles_.size()); }
+  short GetNVar() const { return static_cast<short>(usages_.size()); }
   short GetNVar(EBlock block) const;
   // How many of them the data set has.
   short GetNVarDS() const { return variables_.GetNVar(); }
@@ -98,6 +109,68 @@ class ZEMVA_API Workset {
   // are made of are excluded. Setting: 8021 for what is no role.
   EVarRole GetRole(short j) const;
   int SetRole(short j, EVarRole role);
+
+  // --- Lagged variables and terms (workset_added.cpp) ---
+  //
+  // Their rows, in the order in which they were added. What is added is X, scaled to unit variance,
+  // and belongs to the block of variable j. Its number is one more than the largest in use, or,
+  // where that is 32,767, the smallest that is free. A name of more than 25 characters is cut; a
+  // null or empty one stands for the default name of the row. Adding: 8055 when a variable has the
+  // name, 8021 when there would be more than 32,767 variables.
+  const LagInfo& GetLags() const { return lags_; }
+  const ExpInfo& GetTerms() const { return terms_; }
+
+  // Adds what variable j of the data set was `lag` observations earlier. 8032 where the data set
+  // has no variable j, 8021 for a lag below 1.
+  int AddLagged(short j, short lag, const char* name = nullptr);
+  // Adds the product of variables j, j2 and j3, which may be the same and may be lagged; 0 stands
+  // for no factor. The default name has the letter 'X' before each number. 8032 where there is no
+  // such variable or it is a term itself.
+  int AddTerm(short j, short j2, short j3 = 0, const char* name = nullptr);
+  // Deletes a lagged variable or a term, with all that was set for it. A block that would keep a
+  // single variable is dissolved. 8015 for a variable of the data set, which can but be excluded;
+  // 8035 when a term is made of it.
+  int DelAdded(short j);
+
+  // --- Scaling, transformation, blocks (workset_preprocess.cpp) ---
+
+  // A row for each variable. The weights in it are those that are fixed; the others are made of the
+  // observations that a model takes.
+  const ScaInfo& GetScalings() const { return scalings_; }
+  // A type kUV to kNone, with a positive modifier of the weight, missing for none. kFreeze fixes
+  // the weight that all observations that are in give now, whatever their class, by the type and
+  // modifier that the variable has: 8020 when none is in, 8038 when they give no weight, and the
+  // codes of ExtMatrix. 8021 for any other type, 8013 for a bad modifier.
+  int SetScaling(short j, EScaType type, float modifier = kMissing);
+  // A type kFW or kFWN, 8021 for any other; the weight is 0 or positive, 8013 for any other.
+  int SetFixedWeight(short j, EScaType type, float weight);
+
+  // A row for each variable that is transformed, in the order in which they were set.
+  const TraInfo& GetTransformations() const { return transformations_; }
+  // kNone removes the transformation. A lagged variable is made of its source as it is before it is
+  // transformed. 8021 for what is no type, 8013 for a constant that is missing or not finite, 8045
+  // for a term, whose factors are transformed before they are multiplied.
+  int SetTransformation(short j, ETraType type, float c1, float c2, float c3);
+
+  // The block of a variable, 1..99, or 0 for none and for a bad position; the type of a block,
+  // kUndefined for one that was not used.
+  char GetBlock(short j) const;
+  BlkInfo::EBlkType GetBlockType(char b) const;
+  // Puts a variable into a block and gives the type to the whole block; block 0 is none and its
+  // type has no meaning. Only blocks that have two variables or more in a model's X, or its Y, are
+  // scaled there. 8021 for a block outside 0..99, 8050 for a type that is none.
+  int SetBlock(short j, char b, BlkInfo::EBlkType type);
+
+  // --- Missing values (workset_screening.cpp) ---
+  //
+  // Variables come first: the share of the observations that are in that it has no value for, after
+  // lags, transformations and expansion. Observations come second: the share of the X variables,
+  // and that of the Y variables, that stay. ShowMissing lists what exceeds the limits, as if the
+  // variables listed were excluded; ExcludeMissing lists and excludes it, or, when it fails,
+  // neither. 8013 for a limit that is no number, 8020 where no observation is in, 8017 where there
+  // is neither X nor Y, and the codes of ExtMatrix.
+  int ShowMissing(const MissingLimits& limits);
+  int ExcludeMissing(const MissingLimits& limits);
 
   // --- Extraction (workset_extract.cpp) ---
   //
@@ -121,6 +194,13 @@ class ZEMVA_API Workset {
   VarInfo* ExtVarInfo(EModType type, EBlock block, char selector);
   // The scaling of each variable, with the weights that it makes of the matrix.
   ScaInfo* ExtScaInfo(EModType type, EBlock block, char selector);
+  // The rows of the variables that are transformed, terms, lagged; null with status 0 where none
+  // is. What a term or a lagged variable is made of need not be among the variables.
+  TraInfo* ExtTraInfo(EModType type, EBlock block, char selector);
+  ExpInfo* ExtExpInfo(EModType type, EBlock block, char selector);
+  LagInfo* ExtLagInfo(EModType type, EBlock block, char selector);
+  // The blocks, without weights; null with status 0 where none has two of the variables.
+  BlkInfo* ExtBlkInfo(EModType type, EBlock block, char selector);
   // Null with status 0 when no observation selected has a class.
   ClaInfo* ExtClaInfo(EModType type, char selector);
 
@@ -128,10 +208,15 @@ class ZEMVA_API Workset {
   friend class Predset;
 
   static constexpr char kNoClass = 0;
+  static constexpr char kNoBlock = 0;
 
   struct Membership {
     bool is_in = true;
-    char o_class = 0;
+    char o_class = kNoClass;
+  };
+  struct Usage {
+    EVarRole role = EVarRole::kX;
+    char block = kNoBlock;
   };
   // Where a variable is described.
   struct Place {
@@ -149,6 +234,22 @@ class ZEMVA_API Workset {
   template <typename Change>
   int Edit(Change change);
 
+  // workset_added.cpp
+  short GetFreeVNum() const;
+  bool IsFactor(int j) const { return j >= 1 && j <= variables_.GetNVar() + lags_.GetNItm(); }
+  template <typename Row>
+  int Append(VariableTable<Row>& table, const Row& row, short source);
+
+  // workset_preprocess.cpp
+  int Freeze(short j);
+
+  // workset_screening.cpp
+  struct Excess;
+  struct ScreenedBlock;
+  int MakeScreenedBlocks(const XI1Vector& observations, std::vector<ScreenedBlock>& blocks) const;
+  void ScreenVars(float limit, ScreenedBlock& block, Excess& excess) const;
+  int FindExcess(const MissingLimits& limits, Excess& excess) const;
+
   // workset_extract.cpp
   struct Selection {
     XI1Vector observations;
@@ -158,14 +259,18 @@ class ZEMVA_API Workset {
   VarInfo SelectVars(EModType type, EBlock block) const;
   VarInfo MakeClassVars(const XI1Vector& observations) const;
   static int Check(EModType type, EBlock block, char selector, const Selection& selection);
+  ColumnPlan MakePlan(const VarInfo& wanted) const;
   // Hands over what `make`, given the selection, makes.
   template <typename Result, typename Make>
   Result* Ext(EModType type, EBlock block, char selector, Make make);
+  template <typename Table>
+  Table* ExtRows(EModType type, EBlock block, char selector, const Table& rows,
+                 Table* (Table::*extract)(const XI1Vector*) const);
   int MakeMatrix(EModType type, EBlock block, const Selection& selection, StreamWindow& window,
                  std::unique_ptr<XFMatrix>& matrix) const;
-  int MakeClassMatrix(const Selection& selection, std::unique_ptr<XFMatrix>& matrix) const;
-  int AddScalings(bool is_class_block, const VarInfo& variables, const XFMatrix& matrix,
-                  ScaInfo& table) const;
+  // A row for each element of `row_classes`.
+  static int MakeClassMatrix(const std::vector<char>& row_classes, const VarInfo& classes,
+                             std::unique_ptr<XFMatrix>& matrix);
 
   FixedText<24> name_;
   Dataset& dataset_;
@@ -173,7 +278,8 @@ class ZEMVA_API Workset {
   ObsInfo observations_{"ObsInfo"};
   std::vector<Membership> memberships_;
   VarInfo variables_{"VarInfo"};
-  std::vector<EVarRole> roles_;
+  std::vector<Usage> usages_;
+  std::array<BlkInfo::EBlkType, BlkInfo::kMaxBlock + 1> block_types_ = {};
   ScaInfo scalings_{"ScaInfo"};
   TraInfo transformations_{"TraInfo"};
   LagInfo lags_{"LagInfo"};

@@ -1,11 +1,11 @@
 #include <array>
 #include <new>
-#include <numeric>
 #include <utility>
 
 #include "data/names.h"
 #include "data/selection.h"
 #include "errors/status.h"
+#include "model/preprocess/number_set.h"
 #include "model/workset/extraction.h"
 #include "model/workset/workset.h"
 
@@ -45,33 +45,8 @@ Roles RolesOf(EModType type, EBlock block) {
   return {false, false};
 }
 
-bool IsOfClasses(EModType type) {
-  return type == kPLS1DA || type == kPLS1DAOld;
-}
-
-// Whether the block stands for the classes and not for variables.
-bool IsClassBlock(EModType type, EBlock block) {
-  return IsOfClasses(type) && block == EBlock::kY;
-}
-
 void Add(VarInfo& variables, short vnum, const char* name) {
   if (variables.AddVar(vnum, name) != status::kOk) throw std::bad_alloc();
-}
-
-// The positions that are selected.
-std::vector<short> Positions(const XI1Vector& selection) {
-  std::vector<short> positions;
-  for (int i = 1; i <= selection.NVal(); ++i) {
-    if (selection[i] == kSelected) positions.push_back(static_cast<short>(i));
-  }
-  return positions;
-}
-
-// Each element is its own position.
-std::vector<short> Identity(int count) {
-  std::vector<short> positions(static_cast<std::size_t>(count));
-  std::iota(positions.begin(), positions.end(), short{1});
-  return positions;
 }
 
 }  // namespace
@@ -79,7 +54,8 @@ std::vector<short> Identity(int count) {
 XI1Vector Workset::SelectObs(EModType type, char selector) const {
   return SelectIf(GetNObsDS(), [&](short i) {
     const char c = GetOClass(i);
-    const bool is_of_model = type == kPC1Cl ? c == selector : !IsOfClasses(type) || c != kNoClass;
+    const bool is_of_model =
+        type == kPC1Cl ? c == selector : !IsDiscriminant(type) || c != kNoClass;
     return is_of_model && IsObsIn(i);
   });
 }
@@ -117,7 +93,7 @@ int Workset::Check(EModType type, EBlock block, char selector, const Selection& 
   if (Positions(selection.observations).empty()) return status::mva::kTooFewObservations;
   const short count = selection.variables.GetNVar();
   if (block == EBlock::kX) return count < 1 ? status::mva::kTooFewXVariables : status::kOk;
-  return count < (IsOfClasses(type) ? 2 : 1) ? status::mva::kTooFewYVariables : status::kOk;
+  return count < (IsDiscriminant(type) ? 2 : 1) ? status::mva::kTooFewYVariables : status::kOk;
 }
 
 template <typename Result, typename Make>
@@ -129,28 +105,36 @@ Result* Workset::Ext(EModType type, EBlock block, char selector, Make make) {
   });
 }
 
-int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
-                        StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const {
-  if (IsClassBlock(type, block)) return MakeClassMatrix(selection, matrix);
-  const ColumnPlan plan(variables_, lags_, transformations_, terms_, selection.variables);
-  const DataSource source = {dataset_,
-                             GetNObsDS(),
-                             GetNVarDS(),
-                             observations_,
-                             Positions(selection.observations),
-                             Identity(GetNVarDS())};
-  return ExtractColumns(plan, source, window, matrix);
+ColumnPlan Workset::MakePlan(const VarInfo& wanted) const {
+  return ColumnPlan(variables_, lags_, transformations_, terms_, wanted);
 }
 
-// A column for each class, which is the number of a variable: 1 where the observation is in it.
-int Workset::MakeClassMatrix(const Selection& selection, std::unique_ptr<XFMatrix>& matrix) const {
+int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
+                        StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const {
   const std::vector<short> rows = Positions(selection.observations);
-  const VarInfo& classes = selection.variables;
-  matrix = std::make_unique<XFMatrix>("Y", static_cast<int>(rows.size()), classes.GetNVar(), 0.0f);
+  if (IsClassBlock(type, block)) {
+    std::vector<char> row_classes;
+    for (const short i : rows) row_classes.push_back(GetOClass(i));
+    return MakeClassMatrix(row_classes, selection.variables, matrix);
+  }
+  const DataSource source = {dataset_,      GetNObsDS(), GetNVarDS(),
+                             observations_, rows,        Identity(GetNVarDS())};
+  return ExtractColumns(MakePlan(selection.variables), source, window, matrix);
+}
+
+// A column for each class, which is the number of a variable: 1 where the observation is in it, 0
+// where it is in another one, missing where it is in none.
+int Workset::MakeClassMatrix(const std::vector<char>& row_classes, const VarInfo& classes,
+                             std::unique_ptr<XFMatrix>& matrix) {
+  matrix = std::make_unique<XFMatrix>("Y", static_cast<int>(row_classes.size()), classes.GetNVar(),
+                                      kMissing);
   if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
-  for (int i = 1; i <= matrix->NRow(); ++i) {
-    const short j = classes.GetVIx(short{GetOClass(rows[static_cast<std::size_t>(i - 1)])});
-    (*matrix)[i][j] = 1.0f;
+  int i = 0;
+  for (const char c : row_classes) {
+    ++i;
+    const short own = classes.GetVIx(short{c});
+    if (own == 0) continue;
+    for (int j = 1; j <= matrix->NCol(); ++j) (*matrix)[i][j] = j == own ? 1.0f : 0.0f;
   }
   matrix->SetActValInfo();
   return status::kOk;
@@ -183,25 +167,50 @@ ScaInfo* Workset::ExtScaInfo(EModType type, EBlock block, char selector) {
     const int status = MakeMatrix(type, block, selection, GlobalStreamWindow(), matrix);
     if (status != status::kOk) return status;
     table = std::make_unique<ScaInfo>("ScaInfoX");
-    return AddScalings(IsClassBlock(type, block), selection.variables, *matrix, *table);
+    const VarInfo& variables = selection.variables;
+    if (!IsClassBlock(type, block)) return table->SetScaInfo(&variables, matrix.get(), this, true);
+    const int added = table->AddVars(variables);
+    return added == status::kOk ? table->UpdateAll(&variables, matrix.get()) : added;
   });
 }
 
-int Workset::AddScalings(bool is_class_block, const VarInfo& variables, const XFMatrix& matrix,
-                         ScaInfo& table) const {
-  const XI1Vector all = SelectIf(matrix.NRow(), [](short) { return true; });
-  for (int j = 1; j <= variables.GetNVar(); ++j) {
-    const short vnum = variables.GetVNum(static_cast<short>(j));
-    const char* const name = variables.GetVNam(static_cast<short>(j));
-    const ScaData row = is_class_block ? ScaData(vnum, name, EScaType::kUV)
-                                       : *scalings_.GetItm(scalings_.FindVar(vnum));
-    int status = table.AddItm(row);
-    if (status == status::kOk) {
-      status = table.Update(vnum, &variables, &matrix, &all, row.GetScaType());
-    }
-    if (status != status::kOk) return status;
-  }
-  return status::kOk;
+template <typename Table>
+Table* Workset::ExtRows(EModType type, EBlock block, char selector, const Table& rows,
+                        Table* (Table::*extract)(const XI1Vector*) const) {
+  return Ext<Table>(type, block, selector, [&](const Selection& selection, auto& table) {
+    // The numbers of classes are not those of variables.
+    if (IsClassBlock(type, block)) return status::kOk;
+    const XI1Vector wanted = NumberSet(selection.variables).Select(rows);
+    if (wanted.GetNEqual(kSelected) == 0) return status::kOk;
+    table.reset((rows.*extract)(&wanted));
+    return table == nullptr ? status::mva::kMemory : status::kOk;
+  });
+}
+
+TraInfo* Workset::ExtTraInfo(EModType type, EBlock block, char selector) {
+  return ExtRows(type, block, selector, transformations_, &TraInfo::ExtTraInfo);
+}
+
+ExpInfo* Workset::ExtExpInfo(EModType type, EBlock block, char selector) {
+  return ExtRows(type, block, selector, terms_, &ExpInfo::ExtExpInfo);
+}
+
+LagInfo* Workset::ExtLagInfo(EModType type, EBlock block, char selector) {
+  return ExtRows(type, block, selector, lags_, &LagInfo::ExtLagInfo);
+}
+
+BlkInfo* Workset::ExtBlkInfo(EModType type, EBlock block, char selector) {
+  return Ext<BlkInfo>(type, block, selector, [&](const Selection& selection, auto& table) {
+    if (IsClassBlock(type, block)) return status::kOk;
+    const NumberSet taken(selection.variables);
+    const auto lags = Owned(lags_.ExtLagInfo(taken.Select(lags_).GetPtr()));
+    const auto terms = Owned(terms_.ExtExpInfo(taken.Select(terms_).GetPtr()));
+    const XI1Vector variables = taken.Select(variables_);
+    auto blocks = std::make_unique<BlkInfo>("BlkInfoX", short{0});
+    const int status = blocks->SetBlkInfo(&variables, kSelected, lags.get(), terms.get(), this);
+    if (status == status::kOk && blocks->GetNItm() > 0) table = std::move(blocks);
+    return status;
+  });
 }
 
 ClaInfo* Workset::ExtClaInfo(EModType type, char selector) {
