@@ -2,6 +2,7 @@
 #ifndef ZEMVA_MODEL_KERNELS_ALIGNED_BUFFER_H
 #define ZEMVA_MODEL_KERNELS_ALIGNED_BUFFER_H
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
@@ -16,6 +17,11 @@ class AlignedBuffer {
  public:
   // Throws std::bad_alloc when there is no memory, whatever the size.
   explicit AlignedBuffer(std::size_t size) : elements_(Allocate(size)), size_(size) {}
+  AlignedBuffer(const AlignedBuffer& other) : AlignedBuffer(other.size_) {
+    std::copy_n(other.Data(), size_, Data());
+  }
+  AlignedBuffer(AlignedBuffer&&) = default;
+  AlignedBuffer& operator=(AlignedBuffer&&) = default;
 
   T* Data() { return elements_.get(); }
   const T* Data() const { return elements_.get(); }

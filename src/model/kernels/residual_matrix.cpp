@@ -61,6 +61,20 @@ void ResidualMatrix::ClearUnusedColumns() {
   }
 }
 
+void ResidualMatrix::ClearHoles(std::size_t row) {
+  for (const int hole : Holes(row))
+    elements_[row * stride_ + static_cast<std::size_t>(hole)] = 0.0f;
+}
+
+void ResidualMatrix::CenterAndScale(std::span<const float> centre, std::span<const float> weights) {
+  for (std::size_t i = 0; i < row_count_; ++i) {
+    float* const row = elements_.Data() + i * stride_;
+    for (std::size_t k = 0; k < ColumnCount(); ++k) row[k] = (row[k] - centre[k]) * weights[k];
+    ClearHoles(i);
+  }
+  ClearUnusedColumns();
+}
+
 std::size_t ResidualMatrix::RowPresentCount(std::size_t row) const {
   return used_column_count_ - Holes(row).size();
 }
@@ -84,7 +98,7 @@ void ResidualMatrix::AddMultiple(float sign, std::span<const float> scores,
     const float score = sign * scores[i];
     float* const row = elements_.Data() + i * stride_;
     for (std::size_t k = 0; k < loadings.size(); ++k) row[k] += score * loadings[k];
-    for (const int hole : Holes(i)) row[hole] = 0.0f;
+    ClearHoles(i);
   }
   ClearUnusedColumns();
 }

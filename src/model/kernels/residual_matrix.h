@@ -20,12 +20,15 @@ namespace zemva {
 // 0, and 0 is what it gives to a score.
 class ResidualMatrix {
  public:
-  // The elements of `values`. Column k takes no part where takes_part[k] is 0; without flags all
-  // take part. Throws std::bad_alloc.
+  // The elements of `values` as they are. Column k takes no part where takes_part[k] is 0; without
+  // flags all take part. Throws std::bad_alloc.
   explicit ResidualMatrix(const XFMatrix& values, std::span<const char> takes_part = {});
 
   std::size_t RowCount() const { return row_count_; }
   std::size_t ColumnCount() const { return takes_part_.size(); }
+  // Every present element e of column k becomes (e - centre[k]) * weights[k], in float.
+  void CenterAndScale(std::span<const float> centre, std::span<const float> weights);
+
   // The columns that take part, and their present elements: in all, by row and by column.
   bool TakesPart(std::size_t column) const { return takes_part_[column] != 0; }
   std::size_t UsedColumnCount() const { return used_column_count_; }
@@ -79,6 +82,8 @@ class ResidualMatrix {
   // Zeros for the missing elements of the last row so far, which become holes.
   void MakeHoles(std::span<float> row);
   void ClearUnusedColumns();
+  // Puts back the zeros of the holes after a change of the row.
+  void ClearHoles(std::size_t row);
   void AddMultiple(float sign, std::span<const float> scores, std::span<const float> loadings);
 
   std::vector<char> takes_part_;
