@@ -1,0 +1,245 @@
+// The execution of PCModel on a prediction set.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/selection.h"
+#include "errors/status.h"
+#include "model/driver/data_block.h"
+#include "model/driver/distances.h"
+#include "model/pc/pc_model.h"
+#include "numeric/f_matrix.h"
+
+namespace zemva {
+namespace {
+
+// Whether an inverse of a matrix whose elements are at most 1 has digits that mean something.
+bool IsDetermined(const FMatrix& inverse) {
+  constexpr float kLargest = 1e6f;
+  for (int c = 1; c <= inverse.NRow(); ++c) {
+    for (const float element : inverse.Row(c)) {
+      if (!(std::fabs(element) < kLargest)) return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+int PCModel::AddPSResults() {
+  return Run([&] {
+    predictions_ = std::make_shared<PCPredictions>(GetUsed(GetOptions().GetAUsePS()), GetNVarX());
+    return status::kOk;
+  });
+}
+
+int PCModel::DeletePSResults() {
+  predictions_.reset();
+  return status::kOk;
+}
+
+int PCModel::ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) {
+  return Run([&] {
+    if (observations == nullptr || data == nullptr || selection == nullptr) {
+      return status::mva::kNullPointer;
+    }
+    if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
+    const bool fits = data->NCol() == GetNVarX() && data->NRow() == selection->NVal() &&
+                      data->NRow() == observations->GetNItm();
+    if (!fits) return status::mva::kIndexOutOfRange;
+    const int status = ExecuteRows(*observations, *data, *selection);
+    if (status != status::kOk) DeletePSResults();
+    return status;
+  });
+}
+
+int PCModel::ExecuteRows(const ObsInfo& observations, const XFMatrix& data,
+                         const I1Vector& selection) {
+  GetLog().Write(std::string("Executing PS: Model ") + GetModNam() + "\n");
+  int status = AddPSResults();
+  if (status != status::kOk) return status;
+  XI1Vector kept("Selection", data.NRow(), kNotSelected);
+  std::vector<short> positions;
+  std::vector<char> is_member;
+  for (short i = 1; i <= kept.NVal(); ++i) {
+    if (selection[i] == 0 || IsExcluded(observations, data, i)) continue;
+    kept[i] = kSelected;
+    positions.push_back(i);
+    is_member.push_back(selection[i] == kMemberRow);
+  }
+  std::unique_ptr<ObsInfo> rows(observations.ExtObsInfo(&kept));
+  if (rows == nullptr) return status::mva::kMemory;
+  predictions_->SetRows(std::move(rows), std::move(positions), std::move(is_member));
+  for (short to = 1; to <= GetNObsPS() && status == status::kOk; ++to) {
+    status = Predict(data.Row(GetObsIxPS(to)), to);
+  }
+  if (status != status::kOk) return status;
+  DistanceResults& distance = predictions_->distance;
+  predictions_->residuals.SetActValInfo();
+  distance.distances.SetActValInfo();
+  distance.probabilities.SetActValInfo();
+  return SetLimits(GetGaugePS(distance.component_count), GetOptions().GetSignLevPS(),
+                   distance.limits);
+}
+
+bool PCModel::IsExcluded(const ObsInfo& observations, const XFMatrix& data, short i) {
+  const double percent = 100.0 - static_cast<double>(data.NValARow(i)) / data.NCol() * 100.0;
+  if (percent <= static_cast<double>(GetOptions().GetMaxMisValObsPS())) return false;
+  char message[100];
+  std::snprintf(message, sizeof message, "Observation %d %s has %6.2f%% missing values.\n",
+                observations.GetONum(i), observations.GetONam(i), percent);
+  GetLog().Write(message);
+  const char reply = GetOwner().Ask((std::string(message) + "Exclude this observation?").c_str());
+  const bool is_excluded = reply == 'y' || reply == 'Y';
+  if (is_excluded) GetLog().Write("Observation excluded.\n");
+  return is_excluded;
+}
+
+float PCModel::CenterAndScale(float value, short k) const {
+  if (IsMissing(value)) return value;
+  const CentInfo& info = *GetX().GetInfo();
+  return AsPresent((value - info.reference[k]) * info.weights[k]);
+}
+
+int PCModel::Predict(std::span<const float> row, short to) {
+  DistanceResults& distance = predictions_->distance;
+  const int a = distance.component_count;
+  XFVector residuals("x", GetNVarX(), kMissing);
+  FVector scores(a, kMissing);
+  if (residuals.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
+  for (short k = 1; k <= GetNVarX(); ++k) {
+    residuals[k] = CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
+    if (!std::isfinite(residuals[k])) return status::mva::kDomain;
+  }
+  const int status = CalcTPred(residuals, scores);
+  if (status != status::kOk) return status;
+  if (IsMissing(scores.GetElement(1))) return status::kOk;
+
+  double squares = 0.0;
+  for (short k = 1; k <= GetNVarX(); ++k) {
+    if (IsMissing(residuals[k])) continue;
+    double residual = static_cast<double>(residuals[k]);
+    for (int c = 1; c <= a; ++c) {
+      residual -= static_cast<double>(scores[c]) * static_cast<double>(GetComponent(c)->p[k]);
+    }
+    residuals[k] = AsPresent(static_cast<float>(residual));
+    squares += residual * residual;
+  }
+  for (int c = 1; c <= a; ++c)
+    predictions_->scores[static_cast<std::size_t>(c - 1)][to] = scores[c];
+  std::ranges::copy(residuals.Values(), predictions_->residuals.Row(to).begin());
+
+  const Gauge gauge = GetGaugePS(a);
+  const WeightedSums sums =
+      WeightedSumsOf(residuals.Values(), row, ResidualWeights(GetComponent(a)->x.mpow));
+  double variance = gauge.is_weighted ? WeightedVariance(sums, a)
+                                      : ObservationVariance(squares, sums.present_count, a);
+  const bool is_member = IsMembPS(to);
+  if (is_member && !IsMissing(variance)) variance *= GetSize(a).MembershipCorrection();
+  distance.distances[to] = GetDistance(gauge, variance);
+  distance.probabilities[to] = GetProbability(gauge, variance, is_member);
+  return status::kOk;
+}
+
+int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
+  const int a = scores.NVal();
+  FMatrix cross_products(a, a, 0.0f);
+  FVector projections(a, 0.0f);
+  if (cross_products.NRow() != a || projections.NVal() != a) return status::mva::kMemory;
+  const auto sum_present = [&](auto term) {
+    double sum = 0.0;
+    for (int k = 1; k <= values.NVal(); ++k) {
+      if (!IsMissing(values[k])) sum += term(k);
+    }
+    return static_cast<float>(sum);
+  };
+  const auto loading = [&](int c, int k) { return static_cast<double>(GetComponent(c)->p[k]); };
+  for (int c = 1; c <= a; ++c) {
+    projections[c] =
+        sum_present([&](int k) { return loading(c, k) * static_cast<double>(values[k]); });
+    for (int d = 1; d <= a; ++d) {
+      cross_products[c][d] = sum_present([&](int k) { return loading(c, k) * loading(d, k); });
+    }
+  }
+  const int status = cross_products.MInv();
+  if (status == status::mat::kMemory) return status::mva::kMemory;
+  if (status != status::kOk || !IsDetermined(cross_products)) {
+    GetLog().Write("Matrix singular!\n");
+    SetIsOverrun();
+    return status::kOk;
+  }
+  for (int c = 1; c <= a; ++c) {
+    double score = 0.0;
+    for (int d = 1; d <= a; ++d) {
+      score += static_cast<double>(cross_products[c][d]) * static_cast<double>(projections[d]);
+    }
+    scores[c] = AsPresent(static_cast<float>(score));
+  }
+  return status::kOk;
+}
+
+// Null for another number of components than was executed.
+const PCPredictions* PCModel::GetPredictions(char a) const {
+  return predictions_ != nullptr && predictions_->distance.component_count == a ? predictions_.get()
+                                                                                : nullptr;
+}
+
+const DistanceResults* PCModel::GetPSResults() const {
+  return predictions_ == nullptr ? nullptr : &predictions_->distance;
+}
+
+char PCModel::GetASelPS() const {
+  return predictions_ == nullptr ? char{0}
+                                 : static_cast<char>(predictions_->distance.component_count);
+}
+
+short PCModel::GetNObsPS() const {
+  return predictions_ == nullptr ? short{0} : static_cast<short>(predictions_->positions.size());
+}
+
+ObsInfo* PCModel::GetObsInfoPS() const {
+  return predictions_ == nullptr ? nullptr : predictions_->observations.get();
+}
+
+short PCModel::GetObsIxPS(short i) const {
+  const bool is_row = i >= 1 && i <= GetNObsPS();
+  return is_row ? predictions_->positions[static_cast<std::size_t>(i - 1)] : short{0};
+}
+
+bool PCModel::IsMembPS(short i) const {
+  const bool is_row = i >= 1 && i <= GetNObsPS();
+  return is_row && predictions_->is_member[static_cast<std::size_t>(i - 1)] != 0;
+}
+
+float PCModel::GetTPredPS(char a, short i) const {
+  if (a < 1 || a > GetASelPS()) return kMissing;
+  return predictions_->scores[static_cast<std::size_t>(a - 1)].GetElement(i);
+}
+
+float PCModel::GetDModXPS(char a, short i) const {
+  const PCPredictions* const predictions = GetPredictions(a);
+  return predictions == nullptr ? kMissing : predictions->distance.distances.GetElement(i);
+}
+
+float PCModel::GetPModXPS(char a, short i) const {
+  const PCPredictions* const predictions = GetPredictions(a);
+  return predictions == nullptr ? kMissing : predictions->distance.probabilities.GetElement(i);
+}
+
+float PCModel::GetDCritTrSPS() const {
+  return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_others;
+}
+
+float PCModel::GetDCritTeSPS() const {
+  return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_members;
+}
+
+float PCModel::GetXResPS(short i, short k) const {
+  return predictions_ == nullptr ? kMissing : predictions_->residuals.GetElement(i, k);
+}
+
+}  // namespace zemva

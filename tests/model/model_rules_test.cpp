@@ -1,0 +1,392 @@
+// What models refuse, and what they say.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "model/model_fixture.h"
+#include "support/temp_folder.h"
+
+namespace zemva {
+namespace {
+
+using test::Bench;
+using test::Noise;
+using test::Rows;
+
+constexpr float kM = kMissing;
+
+// The Q2 values here and below are those of a separate program in double precision that follows
+// the definition element by element.
+TEST(Model, TellsEachComponentAndItsVerdict) {
+  Bench bench(test::Sample("USArrests"));
+  bench.options.SetSeqValidate(EValidate::CV);
+  ASSERT_EQ(bench.Compute(3), 0);
+  EXPECT_EQ(bench.window.log,
+            "Q2[1]= 0.363 Q2Lim[1]= 0.216\n"
+            "Significant component (5%) acc. to rule 1.\n"
+            "Significant component (5%) acc. to rule 2.\n"
+            " R2X(cum)[1] = 0.620\n"
+            "Q2[2]= -0.003 Q2Lim[2]= 0.265\n"
+            " R2X(cum)[2] = 0.868\n"
+            "Component not significant acc. to current rules.\n"
+            "Not significant component acc. to rule 3.\n"
+            "Q2[3]= 0.465 Q2Lim[3]= 0.347\n"
+            "Significant component (5%) acc. to rule 1.\n"
+            " R2X(cum)[3] = 0.957\n");
+  EXPECT_TRUE(bench.model.IsLogWritten());
+  const PCModel& model = bench.model;
+  EXPECT_NEAR(static_cast<double>(model.GetQ2X(3)), 0.6593, 1e-4);
+  EXPECT_NEAR(static_cast<double>(model.GetQ2VAX(1, 2)), 0.620, 5e-4);
+  EXPECT_NEAR(static_cast<double>(model.GetQ2VAX(2, 4)), -0.124, 5e-4);
+  EXPECT_NEAR(static_cast<double>(model.GetQ2VX(2, 1)), 1 - (1 - 0.409) * (1 - 0.371), 1e-3);
+  EXPECT_STREQ(model.GetSignRule(1), "R1");
+  EXPECT_STREQ(model.GetSignRule(2), "N5");
+  EXPECT_STREQ(model.GetSignRule(3), "N3");
+}
+
+TEST(Model, WithTheRulesARefusedComponentIsNotKept) {
+  Bench bench(test::Sample("airquality"));  // with missing values
+  bench.options.SetIsRule(true);
+  EXPECT_EQ(bench.Compute(), 8029);
+  EXPECT_EQ(bench.window.log,
+            "Q2[1]= 0.149 Q2Lim[1]= 0.148\n"
+            "Significant component (5%) acc. to rule 1.\n"
+            " R2X(cum)[1] = 0.394\n"
+            "Q2[2]= -0.291 Q2Lim[2]= 0.172\n"
+            " R2X(cum)[2] = 0.595\n"
+            "Component not significant acc. to current rules.\n");
+  PCModel& model = bench.model;
+  EXPECT_EQ(model.GetA(), 1);
+  // The loop has ended, the model is there.
+  EXPECT_EQ(model.Compute(), 8029);
+  EXPECT_EQ(model.ExecLS(char{0}), 0);
+  // The residuals are those of one component again.
+  Bench one(test::Sample("airquality"));
+  ASSERT_EQ(one.Compute(1), 0);
+  for (short k = 1; k <= 6; ++k) {
+    EXPECT_NEAR(static_cast<double>(model.GetXResLS(1, 1, k)),
+                static_cast<double>(one.model.GetXResLS(1, 1, k)), 1e-5);
+  }
+}
+
+TEST(Model, JudgesByEigenvalueAndSize) {
+  Bench bench(test::Sample("iris"));  // eigenvalues 2.92 and 0.91
+  bench.options.SetIsRule(true);
+  bench.options.SetRuleValidate(EValidate::Eig);
+  EXPECT_EQ(bench.Compute(), 8029);
+  EXPECT_EQ(bench.model.GetA(), 1);
+  EXPECT_EQ(bench.window.log, " R2X(cum)[1] = 0.730\n R2X(cum)[2] = 0.958\n");
+
+  // 9 observations: a component beyond 9 / 3 + 1.
+  for (const bool is_rule : {false, true}) {
+    Bench wide(test::Letters(20), Noise().Table(9, 20));
+    wide.options.SetIsRule(is_rule);
+    wide.options.SetRuleValidate(EValidate::Eig);
+    EXPECT_EQ(wide.Compute(5), is_rule ? 8029 : 0);
+    if (is_rule) continue;
+    EXPECT_EQ(wide.model.GetVerdict(4), EVerdict::kNone);
+    EXPECT_EQ(wide.model.GetVerdict(5), EVerdict::kRule3);
+  }
+}
+
+TEST(Model, RefusesASmallComponentByRule4) {
+  // Nearly of rank one: what is left is about 1e-4 of all and of each variable.
+  Noise noise;
+  Rows rows = noise.Table(12, 6);
+  for (auto& row : rows) {
+    const float t = 10 * row[0];
+    for (float& x : row) x = t + 0.1f * x;
+  }
+  for (const bool is_rule : {false, true}) {
+    Bench bench(test::Letters(6), rows);
+    bench.options.SetIsRule(is_rule);
+    bench.options.SetNCV(5);
+    EXPECT_EQ(bench.Compute(2), is_rule ? 8029 : 0);
+    EXPECT_EQ(bench.model.GetA(), is_rule ? 1 : 2);
+    EXPECT_TRUE(bench.window.log.ends_with("Not significant component acc. to rule 4.\n"));
+    EXPECT_EQ(bench.model.GetVerdict(2), is_rule ? EVerdict::kNone : EVerdict::kRule4);
+  }
+}
+
+TEST(Model, RefusesSettingsThatThereAreNot) {
+  const struct {
+    bool is_rule, is_seq;
+    short asked;
+    EValidate rule, seq;
+    short groups;
+    int status;
+  } cases[] = {
+      {true, false, 0, EValidate::NoCV, EValidate::CV, 7, 8013},
+      {true, false, 0, EValidate::CV, EValidate::NoCV, 1, 8013},
+      {true, false, 0, EValidate::Auto, EValidate::NoCV, 0, 8013},
+      {true, false, 0, EValidate::Eig, EValidate::Auto, 0, 8012},
+      {false, true, 0, EValidate::CV, EValidate::Auto, 7, 8013},
+      {false, false, 1, EValidate::CV, EValidate::Eig, 7, 8013},
+      {false, false, 1, EValidate::CV, EValidate::CV, -3, 8013},
+      {false, false, 1, EValidate::CV, EValidate::NoCV, 0, 0},
+      {false, true, 2, EValidate::NoCV, EValidate::CV, 7, 8012},
+      {false, false, 0, EValidate::NoCV, EValidate::Eig, 0, 0},  // nothing is asked for
+  };
+  for (const auto& c : cases) {
+    Bench bench(test::Sample("iris"));
+    bench.options.SetIsRule(c.is_rule);
+    bench.options.SetIsSeq(c.is_seq);
+    bench.options.SetNComp(c.asked);
+    bench.options.SetRuleValidate(c.rule);
+    bench.options.SetSeqValidate(c.seq);
+    bench.options.SetNCV(c.groups);
+    EXPECT_EQ(bench.model.Compute(), c.status) << &c - cases;
+    EXPECT_EQ(bench.model.GetStatus(), c.status);
+    EXPECT_EQ(bench.model.GetA(), c.status == 8013 ? 0 : 1);
+  }
+}
+
+TEST(Model, EndsWhereNoFurtherComponentIsPossible) {
+  Bench bench("ab", Noise().Table(6, 2));
+  bench.options.SetNComp(5);
+  EXPECT_EQ(bench.model.Compute(), 8012);
+  EXPECT_EQ(bench.model.Compute(), 8012);
+  EXPECT_EQ(bench.model.Compute(), 0);
+  EXPECT_EQ(bench.model.GetA(), 2);
+}
+
+TEST(Model, AdjustsTheNumberOfGroups) {
+  Bench many("ab", Noise().Table(6, 2));
+  many.options.SetNCV(100);
+  many.options.SetSeqValidate(EValidate::CV);
+  EXPECT_EQ(many.Compute(), 0);
+  EXPECT_TRUE(many.window.log.starts_with(
+      "NCV is reduced to NObs*NVar: 12\n"
+      "NCV is incremented to 13 to make all var.s participate in each CV round.\n"
+      "Q2[1]= "))
+      << many.window.log;
+  EXPECT_EQ(many.options.GetNCV(), 13);
+}
+
+TEST(Model, RefusesWhatItCannotBeMadeOf) {
+  const Rows rows = Noise().Table(4, 2);
+  Rows missing = rows;
+  missing[2][1] = kM;
+  Rows constant = rows;
+  for (auto& row : constant) row[1] = 7;
+  Rows empty = rows;
+  for (auto& row : empty) row[0] = kM;
+  const struct {
+    Rows rows;
+    int status;
+    std::string log;
+  } cases[] = {
+      {Rows(rows.begin(), rows.begin() + 3), 8020, ""},
+      {rows, 0, " R2X(cum)[1] = "},
+      {missing, 8039,
+       "X variable 200, b has less than 4 non-missing values.\n"
+       "Can not compute model.\n"
+       "X matrix has missing value problem. Can not compute model.\n"
+       "See log for further information.\n"},
+      {empty, 8039,
+       "X variable 100, a has less than 4 non-missing values.\n"
+       "Can not compute model.\n"
+       "X variable 100, a has more than MaxMisVal% missing values (100.00%).\n"
+       "X matrix has missing value problem. Can not compute model.\n"
+       "See log for further information.\n"},
+      {constant, 8038,
+       "Variance for X-variable 200 b is (close to) zero.\n"
+       "Undefined scaling weight for X-variable 200 b\n"},
+  };
+  for (const auto& c : cases) {
+    Bench bench(test::Letters(2), c.rows);
+    EXPECT_EQ(bench.Compute(), c.status);
+    EXPECT_EQ(bench.window.log.substr(0, c.log.size()), c.log);
+    if (c.status == 0) continue;
+    EXPECT_EQ(bench.window.log, c.log);
+    // A failure stands.
+    EXPECT_EQ(bench.model.Compute(), c.status);
+    EXPECT_EQ(bench.model.ExecLS(char{0}), c.status);
+    EXPECT_EQ(bench.window.log, c.log);
+  }
+
+  Bench orphan(test::Letters(2), rows);
+  orphan.owner.workset = nullptr;
+  EXPECT_EQ(orphan.Compute(), 8011);
+  PCModel unowned(nullptr, EModType::kPC1, orphan.window, &orphan.options, 0);
+  EXPECT_EQ(unowned.Compute(), 8022);
+}
+
+TEST(Model, GoesOnOverTheLimitsUnlessToldNotTo) {
+  // 5 of 10 values of b are missing, and 2 of 3 of the first observation.
+  Rows rows = Noise().Table(10, 3);
+  for (std::size_t i = 0; i < 5; ++i) rows[2 * i][1] = kM;
+  rows[0][2] = kM;
+  const std::string log =
+      "X variable 200, b has more than MaxMisVal% missing values ( 50.00%).\n"
+      "Observation 10, o1 has more than MaxMisVal% missing X elements ( 66.67%).\n";
+  for (const char reply : {'y', 'Y', 'x', 'n', 'N'}) {
+    Bench bench("abc", rows);
+    bench.options.SetMaxMisValVarLS(49);
+    bench.options.SetMaxMisValObsLS(50);
+    bench.owner.reply = reply;
+    const bool is_refused = reply == 'n' || reply == 'N';
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(bench.Compute(), is_refused ? 8039 : 0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              is_refused ? "Model computation aborted.\nSee log for further information.\n" : "");
+    EXPECT_TRUE(bench.window.log.starts_with(log)) << bench.window.log;
+    const std::string first =
+        "X variable 200, b has more than MaxMisVal% missing values ( 50.00%).\n"
+        "Continue model computation?";
+    const std::string second =
+        "X observation 10, o1 has more than MaxMisVal% missing values ( 66.67%).\n"
+        "Continue model computation?";
+    EXPECT_EQ(bench.owner.questions, is_refused ? first : first + second);
+  }
+}
+
+TEST(Model, RefusesAVariableThatNoScoreReaches) {
+  // b is there only where a is at its average.
+  Rows rows = {{-1, kM}, {1, kM}, {-1, kM}, {1, kM}, {0, 1}, {0, 2}, {0, 3}, {0, 5}};
+  Bench bench("ab", rows);
+  EXPECT_EQ(bench.Compute(), 8042);
+  EXPECT_EQ(bench.model.GetA(), 0);
+
+  // c is there in every second observation, which one of two rounds leaves out.
+  Rows sparse = Noise().Table(8, 3);
+  for (std::size_t i = 1; i < 8; i += 2) sparse[i][2] = kM;
+  Bench validated("abc", sparse);
+  validated.options.SetNCV(2);
+  validated.options.SetSeqValidate(EValidate::CV);
+  EXPECT_EQ(validated.Compute(), 8043);
+  EXPECT_EQ(validated.model.GetA(), 0);
+  // Without the validation nothing stands against it.
+  EXPECT_EQ(validated.model.Reset(0), 0);
+  validated.options.SetSeqValidate(EValidate::NoCV);
+  EXPECT_EQ(validated.Compute(), 0);
+}
+
+TEST(Model, ReportsCorrectionsThatAreCut) {
+  Rows rows = Noise().Table(8, 4);
+  rows[2][1] = kM;
+  for (const bool is_reported : {false, true}) {
+    Bench bench("abcd", rows);
+    bench.options.SetCompLimLoa(1.0f);
+    bench.options.SetCompLimScr(1.0f);
+    bench.options.SetIsShoLoaLim(is_reported);
+    bench.options.SetIsShoScrLim(is_reported);
+    bench.options.SetMaxIter(0);
+    EXPECT_EQ(bench.Compute(), 0);
+    EXPECT_EQ(bench.model.GetNIter(1), 1);
+    EXPECT_TRUE(bench.model.IsOverrun());
+    const std::string& log = bench.window.log;
+    const auto p = log.find("CompLimLoa overrun for p, VarIx 2, was 1.");
+    const auto t = log.find("CompLimScr overrun for t, ObsIx 3, was 1.");
+    EXPECT_EQ(p == 0 && t != std::string::npos, is_reported) << log;
+  }
+}
+
+TEST(Model, RefusesALevelWithoutCriticalValue) {
+  Bench bench(test::Sample("iris"));
+  ASSERT_EQ(bench.Compute(), 0);
+  bench.options.SetSignLevLS(1.0f);
+  EXPECT_EQ(bench.model.ExecLS(char{0}), 8004);
+  EXPECT_EQ(bench.model.Reset(1), 0);
+  bench.options.SetSignLevLS(0.0f);
+  EXPECT_EQ(bench.model.ExecLS(char{1}), 0);
+  EXPECT_EQ(bench.model.GetDCritTrSLS(), kM);
+  EXPECT_EQ(bench.model.ExecLS(char{2}), 8003);
+}
+
+TEST(Model, HasTheQ2LimitOfItsKind) {
+  // (4 - 1)(50 - 1 - 1) / ((4 - 1 + 1)(50 - 1)) = 144 / 196.
+  Bench bench(test::Sample("USArrests"));
+  ASSERT_EQ(bench.Compute(), 0);
+  EXPECT_FLOAT_EQ(bench.model.GetQ2Limit(2), 1.0f - 144.0f / 196.0f);
+  EXPECT_EQ(bench.model.GetQ2Limit(5), 1.0f);
+  EXPECT_EQ(bench.model.GetQ2Limit(0), kM);
+  PCModel pls(&bench.owner, EModType::kPLS12, bench.window, &bench.options, 0);
+  bench.options.SetIsXDesigned(false);
+  EXPECT_EQ(pls.GetQ2Limit(1), 0.0975f);
+  bench.options.SetIsXDesigned(true);
+  EXPECT_EQ(pls.GetQ2Limit(1), -0.2f);
+}
+
+TEST(Model, ListsItself) {
+  Bench bench(test::Sample("iris"));
+  bench.owner.options.SetVariMode(EVariType::R2);
+  bench.options.SetSeqValidate(EValidate::CV);
+  ASSERT_EQ(bench.Compute(2), 0);
+  bench.model.SetModNam("M3");
+  bench.model.SetModNum(3);
+  test::RecordingWindow list;
+  bench.model.Show(list);
+  const std::string table = list.log.substr(list.log.find("  Components"));
+  EXPECT_EQ(table,
+            "  Components = 2\n"
+            "           R2X  R2X(c)   Eig   Q2  Q2(c) Iter  S\n"
+            "Center    0.000  0.000     -     -     -    -  -\n"
+            "Comp[1]   0.730  0.730  2.92  0.62  0.62   12 R1\n"
+            "Comp[2]   0.229  0.958  0.91  0.51  0.81    6 R1\n");
+  EXPECT_TRUE(
+      list.log.starts_with("PC-1   Model number: 3 name: M3\n"
+                           "Address: NoAddress Title: Untitled\n"
+                           " From data set: "));
+  // 1 - (1 - R2) 149 4 / (148 3) for a component, 1 - (1 - R2) 149 4 / (147 2) for both.
+  bench.owner.options.SetVariMode(EVariType::R2adj);
+  list.log.clear();
+  bench.model.Show(list);
+  EXPECT_NE(list.log.find("          R2Xa R2Xa(c)   Eig"), std::string::npos);
+  EXPECT_NE(list.log.find("Comp[1]   0.637  0.637"), std::string::npos) << list.log;
+  EXPECT_NE(list.log.find("Comp[2]   0.278  0.915"), std::string::npos) << list.log;
+}
+
+TEST(Model, ListsItsPartsAndKeepsThemInAFile) {
+  Bench bench(test::Sample("iris"));
+  bench.options.SetSeqValidate(EValidate::CV);
+  test::RecordingWindow list;
+  bench.model.ShowCent(list);
+  EXPECT_EQ(list.log, "Data not centered.\n");
+  ASSERT_EQ(bench.Compute(2), 0);
+  ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+  list.log.clear();
+  bench.model.ShowAll(list);
+  for (const char* const part : {
+           "PC-1   Model number: 0 name: UnNamed\n",
+           " NObs = 150, NVarX= 4\nS2X[-1]= 15.8988, DFX[-1]=  600\n",
+           "Data for centering.\n",
+           // The average, 1/s, N - 1 and 1.
+           "     1              Sepal.Length       5.84333       1.20763           149             "
+           "1",
+           "Component[1]\nSignificant comp. acc. to rule 1. Q2= 0.616, Q2(cum)= 0.616\n",
+           "Component[2]\nSignificant comp. acc. to rule 1. Q2= 0.513, Q2(cum)= 0.813\n",
+           "R2X(cum)= 0.958, Eig= 0.914, S2X= ",
+           ", DFX= 294, Iter= 6\n",
+           "tMin= ",
+           "Executing WS: Model UnNamed\n  ONum                      ONam      DModX[2]      "
+           "PModX[2]"
+           "       Tsquare\n",
+       }) {
+    EXPECT_NE(list.log.find(part), std::string::npos) << part << list.log.substr(0, 2000);
+  }
+
+  const test::TempFolder folder;
+  bench.model.SetModAddr(folder.File("model.txt").c_str());
+  EXPECT_EQ(bench.model.Save(7), 0);
+  list.log.clear();
+  bench.model.ShowAll(list);
+  EXPECT_EQ(test::ReadBytes(folder.File("model.txt")), list.log);
+  EXPECT_TRUE(list.log.starts_with("PC-1   Model number: 7 "));
+  EXPECT_EQ(bench.model.SaveRes(folder.File("results.txt").c_str()), 0);
+  EXPECT_TRUE(test::ReadBytes(folder.File("results.txt")).starts_with("Executing WS: Model"));
+  EXPECT_EQ(bench.model.DeleteFiles(), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder.File("model.txt")));
+  EXPECT_EQ(bench.model.DeleteFiles(), 0);
+
+  bench.window.log.clear();
+  bench.model.SetModAddr(folder.File("no/such/folder").c_str());
+  EXPECT_EQ(bench.model.Save(7), 1006);
+  EXPECT_EQ(bench.window.log, "Could not save model\n");
+  EXPECT_EQ(bench.model.SaveRes(nullptr), 8022);
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,303 @@
+#include "model/pc/pc_model.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <numeric>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "model/model_fixture.h"
+
+namespace zemva {
+namespace {
+
+using test::Bench;
+
+constexpr float kM = kMissing;
+
+double D(float value) {
+  return static_cast<double>(value);
+}
+
+template <typename Term>
+double Sum(int count, Term term) {
+  double sum = 0.0;
+  for (int i = 1; i <= count; ++i) sum += D(term(static_cast<short>(i)));
+  return sum;
+}
+
+// Component by component the share of the sum of squares and the loadings.
+std::vector<std::vector<double>> Reference(const std::string& name) {
+  std::ifstream file(ZEMVA_REFERENCES "/" + name + ".csv");
+  std::vector<std::vector<double>> components;
+  for (std::string line; std::getline(file, line);) {
+    std::istringstream cells(line);
+    components.emplace_back();
+    for (std::string cell; std::getline(cells, cell, ',');) {
+      components.back().push_back(std::stod(cell));
+    }
+  }
+  return components;
+}
+
+class PCModelOfSample : public testing::TestWithParam<const char*> {};
+
+TEST_P(PCModelOfSample, HasTheSingularVectors) {
+  Bench bench(test::Sample(GetParam()));
+  const auto reference = Reference(GetParam());
+  ASSERT_GE(reference.size(), 4u);
+  ASSERT_EQ(bench.Compute(static_cast<short>(reference.size())), 0);
+  const PCModel& model = bench.model;
+  const std::unique_ptr<XFMatrix> x(bench.model.MakeResid(0));
+  for (char a = 1; a <= model.GetA(); ++a) {
+    const std::vector<double>& expected = reference[static_cast<std::size_t>(a - 1)];
+    EXPECT_NEAR(D(model.GetR2AX(a)), expected[0], 1e-4 * expected[0]);
+    EXPECT_NEAR(D(model.GetEig(a)), expected[0] * std::min(model.GetNObs(), model.GetNVarX()),
+                1e-4 * D(model.GetEig(a)));
+    const double sign = Sum(model.GetNVarX(), [&](short k) {
+      return static_cast<float>(expected[static_cast<std::size_t>(k)]) * model.GetP(a, k);
+    });
+    const auto loading = [&](short k) {
+      return std::copysign(expected[static_cast<std::size_t>(k)],
+                           expected[static_cast<std::size_t>(k)] * sign);
+    };
+    const double largest = std::sqrt(expected[0] * x->NRow());
+    for (short k = 1; k <= model.GetNVarX(); ++k) {
+      ASSERT_NEAR(D(model.GetP(a, k)), loading(k), 1e-4) << int{a} << " " << k;
+    }
+    for (short i = 1; i <= model.GetNObs(); ++i) {
+      double score = 0.0;
+      for (short k = 1; k <= model.GetNVarX(); ++k) score += D((*x)[i][k]) * loading(k);
+      ASSERT_NEAR(D(model.GetT(a, i)), score, 1e-4 * largest * std::sqrt(x->NCol()))
+          << int{a} << " " << i;
+    }
+  }
+}
+
+TEST_P(PCModelOfSample, DividesTheDataIntoOrthogonalComponentsAndResiduals) {
+  Bench bench(test::Sample(GetParam()));
+  ASSERT_EQ(bench.Compute(3), 0);
+  PCModel& model = bench.model;
+  const short n = model.GetNObs();
+  const short k = model.GetNVarX();
+  for (char a = 1; a <= 3; ++a) {
+    for (char b = 1; b <= a; ++b) {
+      const double p = Sum(k, [&](short j) { return model.GetP(a, j) * model.GetP(b, j); });
+      const double t = Sum(n, [&](short i) { return model.GetT(a, i) * model.GetT(b, i); });
+      EXPECT_NEAR(p, a == b ? 1.0 : 0.0, 2e-5);
+      const double size = std::sqrt(D(model.GetS2T(a)) * D(model.GetS2T(b))) * n;
+      EXPECT_NEAR(t / size, a == b ? 1.0 : 0.0, 2e-4);
+    }
+  }
+  // T P' + E = (X - average) / s.
+  const XFMatrix& x = *model.GetXPtr();
+  for (short i = 1; i <= n; i = static_cast<short>(i + 7)) {
+    for (short j = 1; j <= k; ++j) {
+      double sum = D(model.GetXResLS(3, i, j));
+      for (char a = 1; a <= 3; ++a) sum += D(model.GetT(a, i)) * D(model.GetP(a, j));
+      const double value = (D(x[i][j]) - D(model.GetAvgX(-1, j))) * D(model.GetWeigX(j));
+      EXPECT_NEAR(sum, value, 1e-5 * (1 + std::abs(value)));
+    }
+  }
+}
+
+TEST_P(PCModelOfSample, HasDistancesThatAddUp) {
+  Bench bench(test::Sample(GetParam()));
+  ASSERT_EQ(bench.Compute(2), 0);
+  PCModel& model = bench.model;
+  bench.options.SetIsNormDistLS(true);
+  ASSERT_EQ(model.ExecLS(char{2}), 0);
+  const short n = model.GetNObs();
+  // The mean square of the normalised distances is 1, that of each score over its variance too, and
+  // the leverages add up to the rank of the hat matrix.
+  const auto mean = [&](auto term) { return Sum(n, term) / n; };
+  EXPECT_NEAR(mean([&](short i) { return model.GetDModXLS(2, i) * model.GetDModXLS(2, i); }), 1.0,
+              1e-4);
+  EXPECT_NEAR(mean([&](short i) { return model.GetT2LS(2, i); }), 2.0, 1e-4);
+  EXPECT_NEAR(mean([&](short i) { return model.GetT2RangeLS(2, 2, i); }), 1.0, 1e-4);
+  EXPECT_NEAR(Sum(n, [&](short i) { return model.GetOLevX(2, i); }), 3.0, 1e-4);
+  // The limit and the probability are two sides of one test.
+  for (short i = 1; i <= n; ++i) {
+    const bool is_far = model.GetDModXLS(2, i) > model.GetDCritTeSLS();
+    EXPECT_EQ(is_far, model.GetPModXLS(2, i) < 0.05f) << i;
+  }
+  // The weighted variances too are 1 in the mean.
+  bench.options.SetIsWResLS(true);
+  EXPECT_NEAR(mean([&](short i) { return model.GetDModXLS(2, i) * model.GetDModXLS(2, i); }), 1.0,
+              1e-4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, PCModelOfSample,
+                         testing::Values("USArrests", "iris", "mtcars", "spectra"),
+                         [](const auto& sample) { return std::string(sample.param); });
+
+TEST(PCModel, RecoversARankOneTableFromWhatIsLeft) {
+  // Row i is i times (1, 2, 3, 4, 5), with a hole in each of five rows.
+  test::Rows rows;
+  for (int i = -4; i <= 4; ++i) {
+    rows.emplace_back();
+    for (int k = 1; k <= 5; ++k) rows.back().push_back(static_cast<float>(i * k));
+  }
+  for (std::size_t k = 0; k < 5; ++k) rows[k + 2][k] = kM;
+  Bench bench("abcde", rows);
+  bench.options.SetIsCenter(false);
+  ASSERT_EQ(bench.Compute(), 0);
+  // Not centred, each column is scaled by its weight: the residuals vanish all the same.
+  EXPECT_NEAR(D(bench.model.GetR2X(1)), 1.0, 1e-6);
+  for (short i = 1; i <= 9; ++i) {
+    EXPECT_NEAR(D(bench.model.GetT(1, i)) / D(bench.model.GetT(1, 9)), (i - 5) / 4.0, 1e-5);
+  }
+  EXPECT_EQ(bench.model.GetXResLS(1, 3, 1), kM);
+  EXPECT_NEAR(D(bench.model.GetXResLS(1, 3, 2)), 0.0, 1e-5);
+}
+
+TEST(PCModel, CountsDegreesOfFreedomOfWhatIsPresent) {
+  // 5 by 4 with two holes: (5 - 1 - 1)(4 - 1) - 2 = 7 after a component, (5 - 1) 4 - 2 = 14 before.
+  test::Rows rows = test::Noise().Table(5, 4);
+  rows[1][2] = kM;
+  rows[4][0] = kM;
+  Bench bench("abcd", rows);
+  ASSERT_EQ(bench.Compute(), 0);
+  const PCModel& model = bench.model;
+  EXPECT_EQ(model.GetDFX(-1), 18.0f);
+  EXPECT_EQ(model.GetDFX(0), 14.0f);
+  EXPECT_EQ(model.GetDFX(1), 7.0f);
+  EXPECT_NEAR(D(model.GetSSX(0)), 4 + 3 + 3 + 4, 1e-5);  // n - 1 for each column of unit variance
+  EXPECT_FLOAT_EQ(model.GetS2X(1), model.GetSSX(1) / 7);
+  EXPECT_FLOAT_EQ(model.GetR2Xadj(1), 1 - model.GetS2X(1) / model.GetS2X(0));
+  EXPECT_FLOAT_EQ(model.GetR2VXadj(1, 1), 1 - model.GetS2VX(1, 1) / model.GetS2VX(0, 1));
+  EXPECT_FLOAT_EQ(model.GetS2VX(1, 2), model.GetSSVX(1, 2) / 3);  // 5 - 1 - 1
+  EXPECT_FLOAT_EQ(model.GetS2VX(1, 1), model.GetSSVX(1, 1) / 2);  // one value less
+  // (m - a)(N - A0 - a) / N: (4 - 1) 3 / 5 = 1.8 and (3 - 1) 3 / 5 = 1.2.
+  EXPECT_FLOAT_EQ(model.GetS2OX(1, 1), model.GetSSOX(1, 1) / 1.8f);
+  EXPECT_FLOAT_EQ(model.GetS2OX(1, 2), model.GetSSOX(1, 2) / 1.2f);
+  // Of an observation of the work set: sum / (m - a), times N / (N - A0 - a).
+  bench.options.SetIsNormDistLS(false);
+  EXPECT_FLOAT_EQ(model.GetDModXLS(1, 2), std::sqrt(model.GetSSOX(1, 2) / 2 * 5 / 3));
+  EXPECT_FLOAT_EQ(model.GetMPowX(1, 3),
+                  std::max(0.0f, 1 - std::sqrt(model.GetS2VX(1, 3) / model.GetS2VX(0, 3))));
+}
+
+TEST(PCModel, AnswersWithTheMissingValueForWhatIsNotThere) {
+  Bench bench("ab", test::Noise().Table(6, 2));
+  const PCModel& model = bench.model;
+  EXPECT_EQ(model.GetR2X(1), kM);
+  EXPECT_EQ(model.GetNObs(), 0);
+  EXPECT_EQ(model.GetQ2Limit(0), kM);
+  ASSERT_EQ(bench.Compute(), 0);
+  EXPECT_NE(model.GetT(1, 6), kM);
+  for (const float value : {model.GetT(2, 1),       model.GetT(1, 7),
+                            model.GetT(1, 0),       model.GetT(-1, 1),
+                            model.GetP(1, 3),       model.GetR2X(2),
+                            model.GetR2AX(0),       model.GetR2VX(1, 3),
+                            model.GetDModXLS(2, 1), model.GetDModXLS(1, 7),
+                            model.GetT2LS(0, 1),    model.GetT2LS(2, 1),
+                            model.GetAvgX(1, 1),    model.GetXResLS(1, 1, 3),
+                            model.GetSSX(-2),       model.GetTCritAxisLen(2, 0.05f),
+                            model.GetDCritTeSLS(),  model.GetTPredPS(1, 1),
+                            model.GetQ2X(1),        model.GetAvgY(0, 1)}) {
+    EXPECT_EQ(value, kM);
+  }
+  EXPECT_EQ(model.GetR2Y(1), 0.0f);
+  EXPECT_EQ(model.GetNVarY(), 0);
+  EXPECT_EQ(model.GetNIter(2), 0);
+  // Two components leave nothing of two variables, and no freedom for a distance.
+  ASSERT_EQ(bench.Compute(2), 0);
+  EXPECT_EQ(model.GetDModXLS(2, 1), kM);
+}
+
+TEST(PCModel, HasTheEllipseOfThePublishedTable) {
+  // F(2, 48) at 5 % is 3.1907: sqrt(S2t 2 3.1907 49/48).
+  Bench bench(test::Sample("USArrests"));
+  ASSERT_EQ(bench.Compute(), 0);
+  EXPECT_NEAR(D(bench.model.GetTCritAxisLen(1, 0.05f)),
+              std::sqrt(D(bench.model.GetS2T(1)) * 2 * 3.1907 * 49 / 48), 1e-3);
+}
+
+TEST(PCModel, ContributionsAddUpToTheGapBetweenScores) {
+  Bench bench(test::Sample("iris"));
+  ASSERT_EQ(bench.Compute(2), 0);
+  const PCModel& model = bench.model;
+  for (const short j : {short{0}, short{3}}) {
+    const double gap = Sum(4, [&](short k) { return model.GetGapCont(2, short{60}, j, k); });
+    EXPECT_NEAR(gap, D(model.GetT(2, 60)) - (j == 0 ? 0.0 : D(model.GetT(2, j))), 1e-4);
+  }
+}
+
+TEST(PCModel, GoesBackToFewerComponents) {
+  Bench bench(test::Sample("iris"));
+  ASSERT_EQ(bench.Compute(3), 0);
+  PCModel copy(bench.model);
+  PCModel& model = bench.model;
+  const float t = model.GetT(2, 5);
+  EXPECT_EQ(model.Reset(-1), 8021);
+  EXPECT_EQ(model.Reset(1), 0);
+  EXPECT_EQ(model.GetA(), 1);
+  EXPECT_EQ(bench.Compute(2), 0);
+  EXPECT_NEAR(D(model.GetT(2, 5)), D(t), 1e-5);
+
+  // The results stay when the data go, and come back for another component.
+  EXPECT_EQ(model.Unload(), 0);
+  EXPECT_NEAR(D(model.GetT(2, 5)), D(t), 1e-5);
+  EXPECT_NE(model.GetDModXLS(2, 1), kM);
+  EXPECT_EQ(model.GetXResLS(2, 1, 1), kM);
+  EXPECT_EQ(model.MakeResid(0), nullptr);
+  EXPECT_EQ(model.GetStatus(), 8009);
+  EXPECT_EQ(model.Reset(2), 0);
+  EXPECT_EQ(bench.Compute(3), 0);
+  EXPECT_NEAR(D(model.GetR2X(3)), D(copy.GetR2X(3)), 1e-5);
+
+  // The copy goes its own way.
+  EXPECT_EQ(copy.GetA(), 3);
+  EXPECT_NEAR(D(copy.GetXResLS(3, 1, 1)), D(model.GetXResLS(3, 1, 1)), 1e-5);
+}
+
+TEST(PCModel, EndsOnAnyTable) {
+  test::Noise noise;
+  const struct {
+    test::Rows rows;
+    short asked;
+    char got;
+    int status;
+  } cases[] = {
+      {noise.Table(5, 1), 3, 1, 0},
+      {noise.Table(5, 26), 6, 6, 0},  // the sixth fits what rounding left
+      {{{3e38f, 1}, {3e38f, 2}, {3e38f, 4}, {-3e38f, 3}}, 1, 0, 8005},
+      {{{1e-30f, 1}, {2e-30f, 2}, {3e-30f, 4}, {5e-30f, 3}}, 1, 0, 8038},
+      {{{kM, kM}, {1, 2}, {2, 4}, {3, 5}, {5, 5}}, 1, 1, 0},
+  };
+  for (const auto& c : cases) {
+    Bench bench(test::Letters(static_cast<int>(c.rows[0].size())), c.rows);
+    EXPECT_EQ(bench.Compute(c.asked), c.status);
+    EXPECT_EQ(bench.model.GetA(), c.got);
+    for (char a = 1; a <= bench.model.GetA(); ++a) {
+      EXPECT_TRUE(std::isfinite(bench.model.GetT(a, 2))) << int{a};
+    }
+  }
+}
+
+TEST(PCModel, AnObservationWithoutValuesHasNoScoreAndNoInfluence) {
+  const test::Rows rows = test::Noise().Table(8, 3);
+  test::Rows with_empty = rows;
+  with_empty.insert(with_empty.begin() + 4, {kM, kM, kM});
+  Bench bench("abc", rows);
+  Bench with("abc", with_empty);
+  ASSERT_EQ(bench.Compute(2), 0);
+  ASSERT_EQ(with.Compute(2), 0);
+  for (char a = 1; a <= 2; ++a) {
+    EXPECT_EQ(with.model.GetT(a, 5), kM);
+    EXPECT_FLOAT_EQ(with.model.GetT(a, 6), bench.model.GetT(a, 5));
+    EXPECT_FLOAT_EQ(with.model.GetP(a, 2), bench.model.GetP(a, 2));
+  }
+  EXPECT_EQ(with.model.GetDModXLS(2, 5), kM);
+  EXPECT_EQ(with.model.GetPModXLS(2, 5), kM);
+  EXPECT_EQ(with.model.GetT2LS(2, 5), kM);
+  EXPECT_EQ(with.model.GetOLevX(2, 5), kM);
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,166 @@
+// Models of principal components on observations that they were not fitted to.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/model_fixture.h"
+
+namespace zemva {
+namespace {
+
+using test::Bench;
+using test::Rows;
+
+constexpr float kM = kMissing;
+
+double D(float value) {
+  return static_cast<double>(value);
+}
+
+struct NewRows {
+  explicit NewRows(const Rows& rows, char kind = Model::kNewRow)
+      : dataset(test::SmallDataset(test::Letters(static_cast<int>(rows[0].size())), rows)),
+        selection(static_cast<int>(rows.size()), kind) {}
+
+  int Execute(Model& model) {
+    return model.ExecPS(dataset->GetOIPtr(), dataset->GetDMPtr(), &selection);
+  }
+
+  std::unique_ptr<Dataset> dataset;
+  I1Vector selection;
+};
+
+// Of rank two: row (u, v) is u (1, 2, 0, 1, 3) + v (1, -1, 2, 0, 1).
+std::vector<float> Plane(float u, float v) {
+  return {u + v, 2 * u - v, 2 * v, u, 3 * u + v};
+}
+
+Rows PlaneTable() {
+  Rows rows;
+  for (const float u : {-2.0f, -1.0f, 1.0f, 2.0f}) {
+    for (const float v : {-1.0f, 1.0f, 3.0f}) rows.push_back(Plane(u, v));
+  }
+  return rows;
+}
+
+TEST(PCPrediction, FindsThePlaneFromWhatIsPresent) {
+  Bench bench("abcde", PlaneTable());
+  ASSERT_EQ(bench.Compute(2), 0);
+  PCModel& model = bench.model;
+  const std::vector<float> whole = Plane(5, -4);
+  Rows rows(4, whole);
+  rows[1][0] = rows[1][3] = rows[1][4] = kM;
+  rows[2] = {kM, kM, kM, kM, whole[4]};  // one value does not determine two scores
+  rows[3][2] += 1;
+  NewRows news(rows);
+  bench.options.SetMaxMisValObsPS(90);
+  ASSERT_EQ(news.Execute(model), 0);
+  ASSERT_EQ(model.GetNObsPS(), 4);
+  for (char a = 1; a <= 2; ++a) {
+    EXPECT_NEAR(D(model.GetTPredPS(a, 2)), D(model.GetTPredPS(a, 1)), 1e-4);
+    EXPECT_EQ(model.GetTPredPS(a, 3), kM);
+  }
+  EXPECT_EQ(model.GetT2PS(2, 3), kM);
+  EXPECT_EQ(model.GetDModXPS(2, 3), kM);
+  EXPECT_NE(bench.window.log.find("Matrix singular!\n"), std::string::npos);
+  EXPECT_NEAR(D(model.GetXResPS(2, 2)), 0.0, 1e-4);
+  EXPECT_EQ(model.GetXResPS(2, 1), kM);
+  // The plane leaves no variance to compare with; in absolute terms the last one lies beside it.
+  bench.options.SetIsNormDistPS(false);
+  ASSERT_EQ(news.Execute(model), 0);
+  EXPECT_NEAR(D(model.GetDModXPS(2, 1)), 0.0, 1e-4);
+  double squares = 0.0;
+  for (short k = 1; k <= 5; ++k) squares += D(model.GetXResPS(4, k)) * D(model.GetXResPS(4, k));
+  EXPECT_NEAR(D(model.GetDModXPS(2, 4)), std::sqrt(squares / 3), 1e-5);
+  EXPECT_GT(squares, 0.01);
+  // T2 of what was predicted.
+  EXPECT_NEAR(D(model.GetT2RangePS(2, 2, 1)),
+              D(model.GetTPredPS(2, 1)) * D(model.GetTPredPS(2, 1)) / D(model.GetS2T(2)), 1e-3);
+}
+
+TEST(PCPrediction, MeasuresMembersAsTheWorkSetDoes) {
+  for (const bool is_weighted : {false, true}) {
+    Bench bench(test::Sample("iris"));
+    ASSERT_EQ(bench.Compute(2), 0);
+    PCModel& model = bench.model;
+    bench.options.SetIsNormDistLS(true);
+    bench.options.SetIsNormDistPS(true);
+    bench.options.SetIsWResLS(is_weighted);
+    bench.options.SetIsWResPS(is_weighted);
+    ASSERT_EQ(model.ExecLS(char{2}), 0);
+    for (const char kind : {Model::kMemberRow, Model::kNewRow}) {
+      I1Vector selection(model.GetNObs(), kind);
+      XFMatrix data(*model.GetXPtr());
+      ASSERT_EQ(model.ExecPS(model.GetObsInfo(), &data, &selection), 0);
+      // A member's residuals count N / (N - 1 - 2) times: 150 / 147.
+      const double correction = kind == Model::kMemberRow ? 1.0 : std::sqrt(150.0 / 147.0);
+      for (short i = 1; i <= model.GetNObs(); ++i) {
+        EXPECT_EQ(model.IsMembPS(i), kind == Model::kMemberRow);
+        EXPECT_NEAR(D(model.GetTPredPS(2, i)), D(model.GetT(2, i)), 1e-4);
+        EXPECT_NEAR(D(model.GetDModXPS(2, i)) * correction, D(model.GetDModXLS(2, i)), 1e-4);
+      }
+      EXPECT_EQ(model.GetDCritTrSPS(), model.GetDCritTrSLS());
+      EXPECT_LT(model.GetDCritTrSPS(), model.GetDCritTeSPS());
+    }
+  }
+}
+
+TEST(PCPrediction, ExcludesObservationsWithTooLittle) {
+  Rows rows = PlaneTable();
+  rows[1] = {kM, kM, kM, 1, 2};
+  for (const char reply : {'y', 'Y', 'n'}) {
+    Bench bench("abcde", PlaneTable());
+    ASSERT_EQ(bench.Compute(1), 0);
+    bench.window.log.clear();
+    bench.owner.reply = reply;
+    bench.options.SetSignLevPS(0);
+    NewRows news(rows);
+    news.selection[3] = 0;
+    ASSERT_EQ(news.Execute(bench.model), 0);
+    const bool is_excluded = reply != 'n';
+    const std::string message = "Observation 20 o2 has  60.00% missing values.\n";
+    EXPECT_EQ(bench.window.log, "Executing PS: Model UnNamed\n" + message +
+                                    (is_excluded ? "Observation excluded.\n" : ""));
+    EXPECT_EQ(bench.owner.questions, message + "Exclude this observation?");
+    EXPECT_EQ(bench.model.GetNObsPS(), is_excluded ? 10 : 11);
+    EXPECT_EQ(bench.model.GetObsIxPS(2), is_excluded ? 4 : 2);
+    EXPECT_STREQ(bench.model.GetObsInfoPS()->GetONam(2), is_excluded ? "o4" : "o2");
+    EXPECT_EQ(bench.model.GetASelPS(), 1);
+    EXPECT_EQ(bench.model.GetPModXPS(2, 1), kM);
+    EXPECT_EQ(bench.model.DeletePSResults(), 0);
+    EXPECT_EQ(bench.model.GetNObsPS(), 0);
+  }
+}
+
+TEST(PCPrediction, RefusesWhatDoesNotFit) {
+  Bench bench("abcde", PlaneTable());
+  NewRows news(PlaneTable());
+  EXPECT_EQ(news.Execute(bench.model), 8010);
+  bench.model.Reset(0);
+  ASSERT_EQ(bench.Compute(1), 0);
+  const auto refusal = [&](ObsInfo* observations, XFMatrix* data, I1Vector* selection) {
+    const int status = bench.model.ExecPS(observations, data, selection);
+    bench.model.Reset(1);
+    return status;
+  };
+  ObsInfo* const observations = news.dataset->GetOIPtr();
+  XFMatrix* const data = news.dataset->GetDMPtr();
+  XFMatrix narrow("X", 12, 4, 0.0f);
+  I1Vector short_selection(11, 1);
+  EXPECT_EQ(refusal(nullptr, data, &news.selection), 8022);
+  EXPECT_EQ(refusal(observations, nullptr, &news.selection), 8022);
+  EXPECT_EQ(refusal(observations, data, nullptr), 8022);
+  EXPECT_EQ(refusal(observations, &narrow, &news.selection), 8021);
+  EXPECT_EQ(refusal(observations, data, &short_selection), 8021);
+  EXPECT_EQ(bench.model.ExecPS(), 8030);
+  bench.model.Reset(1);
+  (*data)[1][1] = 3e38f;
+  (*data)[2][1] = kM;
+  EXPECT_EQ(news.Execute(bench.model), 0);
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,126 @@
+#include "model/driver/validation.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "model/pc/cross_validation.h"
+#include "support/recording_window.h"
+
+namespace zemva {
+namespace {
+
+constexpr float kM = kMissing;
+
+Stage StageOf(float ss, std::vector<float> ssv) {
+  Stage stage('X', 0, 1, static_cast<int>(ssv.size()));
+  stage.ss = ss;
+  std::ranges::copy(ssv, stage.ssv.Values().begin());
+  return stage;
+}
+
+TEST(SetQ2, FollowsBothDefinitions) {
+  const Stage initial = StageOf(20, {10, 10, 0});
+  const Stage before = StageOf(8, {8, 0, 0});
+  // Before: Q2(cum) 0.5, of the variables 0.25, 0.75 and none.
+  CompInfo first(1, 1, 3);
+  first.q2_cum = 0.5f;
+  first.q2v_cum[1] = 0.25f;
+  first.q2v_cum[2] = 0.75f;
+
+  // 1 - 2/8 = 0.75 in all, since only the first variable had anything left; 1 - 0.25 * 0.5 = 0.875
+  // and 1 - 0.25 * 0.75 = 0.8125 cumulated.
+  CompInfo second(2, 1, 3);
+  SetQ2(2, std::vector<double>{2, 0, 0}, before, initial, &first, false, second);
+  EXPECT_EQ(second.q2, 0.75f);
+  EXPECT_EQ(second.q2_cum, 0.875f);
+  EXPECT_EQ(second.q2v[1], 0.75f);
+  EXPECT_EQ(second.q2v_cum[1], 0.8125f);
+  EXPECT_EQ(second.q2v[2], kM);
+  EXPECT_EQ(second.q2v_cum[2], kM);
+
+  // (8 - 2) / 20 = 0.3, added to 0.5; of the first variable (8 - 2) / 10 = 0.6, added to 0.25.
+  SetQ2(2, std::vector<double>{2, 0, 0}, before, initial, &first, true, second);
+  EXPECT_FLOAT_EQ(second.q2, 0.3f);
+  EXPECT_FLOAT_EQ(second.q2_cum, 0.8f);
+  EXPECT_FLOAT_EQ(second.q2v_cum[1], 0.85f);
+
+  // A loss adds nothing: 1 - 10/8 = -0.25.
+  SetQ2(10, std::vector<double>{10, 0, 0}, before, initial, &first, false, second);
+  EXPECT_EQ(second.q2, -0.25f);
+  EXPECT_EQ(second.q2_cum, 0.5f);
+  SetQ2(10, std::vector<double>{10, 0, 0}, before, initial, nullptr, false, second);
+  EXPECT_EQ(second.q2_cum, 0.0f);
+
+  // All predicted is 1. What was not validated before cannot be cumulated.
+  first.q2_cum = kM;
+  SetQ2(0, std::vector<double>{0, 0, 0}, before, initial, &first, false, second);
+  EXPECT_EQ(second.q2, 1.0f);
+  EXPECT_EQ(second.q2_cum, kM);
+}
+
+TEST(GroupLabels, GoRoundThePassesAndRotate) {
+  // Five variables in three groups: passes mark 1 and 4, then 2 and 5, then 3.
+  const std::vector<char> all(5, 1);
+  GroupLabels labels(3, all);
+  const auto now = [&] { return std::vector<short>(labels.Get().begin(), labels.Get().end()); };
+  EXPECT_EQ(now(), (std::vector<short>{1, 2, 0, 1, 2}));
+  labels.Rotate();  // the last was 2: the first becomes (2 + 1) mod 3
+  EXPECT_EQ(now(), (std::vector<short>{0, 1, 2, 0, 1}));
+
+  // The same variables with one between them, and one before them, that take no part: the label of
+  // the very first is set, and the first that takes part keeps its own.
+  const std::vector<char> some = {0, 1, 1, 0, 1, 1, 1};
+  GroupLabels with_gaps(3, some);
+  EXPECT_EQ(with_gaps.Get()[1], 1);
+  EXPECT_EQ(with_gaps.Get()[4], 0);
+  with_gaps.Rotate();
+  EXPECT_EQ(std::vector<short>(with_gaps.Get().begin(), with_gaps.Get().end()),
+            (std::vector<short>{0, 1, 1, 0, 2, 0, 1}));
+}
+
+TEST(GroupLabels, AreMadeForACoprimeNumberOfGroups) {
+  test::RecordingWindow window;
+  ModelLog log(window);
+  EXPECT_EQ(GetGroupCount(7, 15, log), 7);
+  EXPECT_FALSE(log.IsWritten());
+  EXPECT_EQ(GetGroupCount(7, 14, log), 9);
+  EXPECT_EQ(window.log,
+            "NCV is incremented to 8 to make all var.s participate in each CV round.\n"
+            "NCV is incremented to 9 to make all var.s participate in each CV round.\n");
+  EXPECT_EQ(GetGroupCount(32767, 7, log), 0);
+}
+
+TEST(Rule2, NeedsMoreVariablesFromEachCubeOn) {
+  const struct {
+    int columns, required;
+  } cases[] = {{1, 3},   {26, 3},  {27, 4},  {63, 4},  {64, 5},  {124, 5},
+               {125, 6}, {215, 6}, {216, 7}, {342, 7}, {343, 8}, {32767, 8}};
+  for (const auto& c : cases) EXPECT_EQ(GetRequiredCount(c.columns), c.required) << c.columns;
+}
+
+TEST(Rules, KeepAVerdictThatStands) {
+  test::RecordingWindow window;
+  ModelLog log(window);
+  CompInfo component(1, 1, 3);
+  component.q2 = 0.2f;
+  component.q2_limit = 0.1f;
+  component.verdict = EVerdict::kRule3;
+  JudgeByQ2(1, component, log);
+  EXPECT_EQ(component.verdict, EVerdict::kRule3);
+  // No variable by rule 2: all are missing.
+  EXPECT_EQ(window.log, "Significant component (5%) acc. to rule 1.\n");
+
+  const Stage initial = StageOf(1000, {500, 500, 0});
+  const Stage after = StageOf(991, {489.9f, 500, 0});  // 0.9 % of all, 2.02 % of the first
+  EXPECT_FALSE(JudgeByR2(initial, after, initial, 0.02, component, log));
+  EXPECT_TRUE(JudgeByR2(initial, after, initial, 0.03, component, log));
+  EXPECT_EQ(component.verdict, EVerdict::kRule3);
+  component.verdict = EVerdict::kRule1;
+  EXPECT_TRUE(JudgeByR2(initial, after, initial, 0.03, component, log));
+  EXPECT_EQ(component.verdict, EVerdict::kRule4);
+  EXPECT_FALSE(JudgeByDefault(true, component, log));
+}
+
+}  // namespace
+}  // namespace zemva
