@@ -1,0 +1,196 @@
+#include "project/project.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "data/memory_guard.h"
+#include "data/names.h"
+#include "errors/status.h"
+
+namespace zemva {
+namespace {
+
+constexpr short kMostOfAKind = std::numeric_limits<short>::max();
+
+// What stands under a number, null where there is nothing.
+template <typename Map>
+auto* Find(Map& all, short number) {
+  const auto found = all.find(number);
+  return found == all.end() ? nullptr : &found->second;
+}
+
+}  // namespace
+
+Project::Project(const char* name, StreamWindow& window)
+    : name_(name), window_(window), options_(true) {}
+
+Project::~Project() = default;
+
+template <typename Owned, typename Make>
+short Project::Add(Numbered<Owned>& all, short most, Make make) {
+  short number = 0;
+  SetStatus(MemoryGuarded([&] {
+    const short last = all.empty() ? short{0} : all.rbegin()->first;
+    if (last >= most) return status::mva::kTooManyModels;
+    Owned owned{};
+    const int status = make(static_cast<short>(last + 1), owned);
+    if (status != status::kOk) return status;
+    number = static_cast<short>(last + 1);
+    all.emplace(number, std::move(owned));
+    return status::kOk;
+  }));
+  return status_ == status::kOk ? number : short{0};
+}
+
+short Project::AddDataset(Dataset* dataset) {
+  std::unique_ptr<Dataset> taken(dataset);
+  return Add(datasets_, kMostOfAKind, [&](short, std::unique_ptr<Dataset>& owned) {
+    if (taken == nullptr) return status::mva::kNullPointer;
+    owned = std::move(taken);
+    return status::kOk;
+  });
+}
+
+short Project::AddWorkset(short dataset, const char* name) {
+  return Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
+    Dataset* const source = GetDataset(dataset);
+    if (source == nullptr) return status::mva::kNoSuchNumber;
+    owned = std::make_unique<Workset>(name, *source, window_);
+    return owned->GetStatus();
+  });
+}
+
+short Project::AddPredset(short dataset, short workset, const char* name) {
+  return Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
+    Dataset* const source = GetDataset(dataset);
+    owned.workset = GetWorkset(workset);
+    if (source == nullptr || owned.workset == nullptr) return status::mva::kNoSuchNumber;
+    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset, window_);
+    return owned.predset->GetStatus();
+  });
+}
+
+short Project::AddModel(short workset, EModType type, char selector) {
+  return Add(models_, kMaxModels, [&](short number, std::unique_ptr<WorksetModel>& owned) {
+    Workset* const source = GetWorkset(workset);
+    if (source == nullptr) return status::mva::kNoSuchNumber;
+    owned = std::make_unique<WorksetModel>(*this, *source, type, selector, window_);
+    if (owned->GetStatus() != status::kOk) return owned->GetStatus();
+    Model& model = *owned->GetModel();
+    model.SetModNum(number);
+    model.SetModNam(NumberedName("M", number).c_str());
+    const int status = models_info_.AddWM(number, model.GetModNam(), owned.get());
+    if (status == status::kOk) source->SetIsFrozen(true);
+    return status;
+  });
+}
+
+Dataset* Project::GetDataset(short number) const {
+  const auto* const found = Find(datasets_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+Workset* Project::GetWorkset(short number) const {
+  const auto* const found = Find(worksets_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+Predset* Project::GetPredset(short number) const {
+  const auto* const found = Find(predsets_, number);
+  return found == nullptr ? nullptr : found->predset.get();
+}
+
+WorksetModel* Project::GetModel(short number) const {
+  const auto* const found = Find(models_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+int Project::Compute(short number) {
+  WorksetModel* const workset_model = GetModel(number);
+  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  current_workset_ = &workset_model->GetWorkset();
+  Model& model = *workset_model->GetModel();
+  int status = model.Compute();
+  while (status == status::mva::kNotCompleted) status = model.Compute();
+  if (status == status::mva::kComponentAborted) status = status::kOk;
+  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(char{0});
+  return SetStatus(status);
+}
+
+int Project::ExecPS(short number, short predset) {
+  WorksetModel* const workset_model = GetModel(number);
+  const PredsetOfWorkset* const executed = Find(predsets_, predset);
+  if (workset_model == nullptr || executed == nullptr) {
+    return SetStatus(status::mva::kNoSuchNumber);
+  }
+  if (executed->workset != &workset_model->GetWorkset()) {
+    return SetStatus(status::mva::kInconsistentWorksets);
+  }
+  current_workset_ = executed->workset;
+  current_predset_ = executed->predset.get();
+  const int status = workset_model->GetModel()->ExecPS();
+  workset_model->SetPredset(status == status::kOk ? current_predset_ : nullptr);
+  return SetStatus(status);
+}
+
+int Project::DelModel(short number) {
+  const WorksetModel* const deleted = GetModel(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  Workset& workset = deleted->GetWorkset();
+  models_info_.DelWM(models_info_.GetWMIx(number));
+  models_.erase(number);
+  const bool has_models = std::ranges::any_of(
+      models_, [&](const auto& model) { return &model.second->GetWorkset() == &workset; });
+  workset.SetIsFrozen(has_models);
+  return SetStatus(status::kOk);
+}
+
+int Project::DelPSResults(short number) {
+  WorksetModel* const workset_model = GetModel(number);
+  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  workset_model->SetPredset(nullptr);
+  return SetStatus(workset_model->GetModel()->DeletePSResults());
+}
+
+int Project::DelPredset(short number) {
+  const Predset* const deleted = GetPredset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  const bool has_results = std::ranges::any_of(
+      models_, [&](const auto& model) { return model.second->GetPredset() == deleted; });
+  if (has_results) return SetStatus(status::mva::kDeletePredsetFirst);
+  if (current_predset_ == deleted) current_predset_ = nullptr;
+  predsets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+int Project::DelWorkset(short number) {
+  const Workset* const deleted = GetWorkset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (deleted->IsFrozen()) return SetStatus(status::mva::kDeleteModelsFirst);
+  const bool has_predsets = std::ranges::any_of(
+      predsets_, [&](const auto& predset) { return predset.second.workset == deleted; });
+  if (has_predsets) return SetStatus(status::mva::kDeletePredsetFirst);
+  if (current_workset_ == deleted) current_workset_ = nullptr;
+  worksets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+bool Project::IsUsed(const Dataset& dataset) const {
+  return std::ranges::any_of(
+             worksets_,
+             [&](const auto& workset) { return &workset.second->GetDataset() == &dataset; }) ||
+         std::ranges::any_of(predsets_, [&](const auto& predset) {
+           return &predset.second.predset->GetDataset() == &dataset;
+         });
+}
+
+int Project::DelDataset(short number) {
+  const Dataset* const deleted = GetDataset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (IsUsed(*deleted)) return SetStatus(status::mva::kWorksetGenerated);
+  datasets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+}  // namespace zemva

@@ -1,0 +1,24 @@
+#include "project/wm_info.h"
+
+#include "data/itm_listing.h"
+#include "errors/listing.h"
+#include "errors/status.h"
+
+namespace zemva {
+
+int WMInfo::ShowAll(StreamWindow& window) {
+  ListTitle(window, GetNam(), GetNItm());
+  if (GetNItm() == 0) return status::kOk;
+  Listing list(window);
+  list.Text("  Item  MNum                      MNam    Type                  Workset  NComp");
+  list.EndLine();
+  for (short i = 1; i <= GetNItm(); ++i) {
+    const WorksetModel& model = *GetWM(i);
+    list.Right(6, i).Right(6, GetINum(i)).Right(26, GetINam(i));
+    list.Right(8, GetModTypeTag(model.GetModel()->GetModType()));
+    list.Right(25, model.GetWorkset().GetNam()).Right(7, int{model.GetModel()->GetA()}).EndLine();
+  }
+  return status::kOk;
+}
+
+}  // namespace zemva

@@ -1,0 +1,127 @@
+#include "project/project.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "model/model_fixture.h"
+#include "model/pc/pc_model.h"
+#include "model/small_dataset.h"
+#include "support/recording_window.h"
+
+namespace zemva {
+namespace {
+
+using test::Noise;
+using test::SmallDataset;
+
+class ProjectOfOneTable : public testing::Test {
+ protected:
+  // Hands the data set over.
+  static Dataset* Table(const std::string& names, int row_count) {
+    return SmallDataset(names, Noise().Table(row_count, static_cast<int>(names.size()))).release();
+  }
+
+  test::RecordingWindow window_;
+  Project project_{"P", window_};
+  short dataset_ = project_.AddDataset(Table("abcd", 12));
+  short workset_ = project_.AddWorkset(dataset_, "WS");
+};
+
+TEST_F(ProjectOfOneTable, ComputesAndExecutesAModel) {
+  const short number = project_.AddModel(workset_, EModType::kPC1, 0);
+  ASSERT_EQ(number, 1);
+  WorksetModel& workset_model = *project_.GetModel(number);
+  EXPECT_TRUE(workset_model.GetModOpt().GetIsCenter());
+  workset_model.GetModOpt().SetNComp(2);
+  EXPECT_EQ(project_.Compute(number), 0);
+  const auto& model = static_cast<const PCModel&>(*workset_model.GetModel());
+  EXPECT_EQ(model.GetA(), 2);
+  EXPECT_STREQ(model.GetModNam(), "M1");
+  EXPECT_NE(model.GetDCritTrSLS(), kMissing);
+
+  // New observations; the model's own are members of it.
+  const short other = project_.AddDataset(Table("dcbae", 5));
+  const short predset = project_.AddPredset(other, workset_, "PS");
+  ASSERT_NE(predset, 0) << project_.GetStatus();
+  EXPECT_EQ(project_.ExecPS(number, predset), 0);
+  EXPECT_EQ(model.GetNObsPS(), 5);
+  EXPECT_FALSE(model.IsMembPS(1));
+  const short same = project_.AddPredset(dataset_, workset_, "PS");
+  EXPECT_EQ(project_.ExecPS(number, same), 0);
+  EXPECT_EQ(model.GetNObsPS(), 12);
+  for (short i = 1; i <= 12; ++i) {
+    EXPECT_TRUE(model.IsMembPS(i));
+    EXPECT_NEAR(static_cast<double>(model.GetTPredPS(2, i)), static_cast<double>(model.GetT(2, i)),
+                1e-4);
+    EXPECT_NEAR(static_cast<double>(model.GetDModXPS(2, i)),
+                static_cast<double>(model.GetDModXLS(2, i)), 1e-4);
+  }
+}
+
+TEST_F(ProjectOfOneTable, DeletesInTheRightOrder) {
+  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+  project_.GetModel(model)->GetModOpt().SetNComp(1);
+  ASSERT_EQ(project_.Compute(model), 0);
+  const short predset = project_.AddPredset(dataset_, workset_, "PS");
+  ASSERT_EQ(project_.ExecPS(model, predset), 0);
+
+  EXPECT_EQ(project_.DelDataset(dataset_), 8054);
+  EXPECT_EQ(project_.DelWorkset(workset_), 8049);
+  EXPECT_EQ(project_.DelPredset(predset), 8041);
+  EXPECT_EQ(project_.GetWorkset(workset_)->SetIsObsIn(1, false), 8049);  // frozen
+  EXPECT_EQ(project_.DelPSResults(model), 0);
+  EXPECT_EQ(project_.DelPredset(predset), 0);
+  EXPECT_EQ(project_.ExecPS(model, predset), 8014);
+  EXPECT_EQ(project_.DelModel(model), 0);
+  EXPECT_EQ(project_.GetWMInfo().GetNItm(), 0);
+  EXPECT_EQ(project_.GetWorkset(workset_)->SetIsObsIn(1, false), 0);
+  const short another = project_.AddPredset(dataset_, workset_, "PS");
+  EXPECT_EQ(project_.DelWorkset(workset_), 8041);
+  EXPECT_EQ(project_.DelPredset(another), 0);
+  EXPECT_EQ(project_.DelWorkset(workset_), 0);
+  EXPECT_EQ(project_.DelDataset(dataset_), 0);
+  EXPECT_EQ(project_.GetDataset(dataset_), nullptr);
+  for (const int status :
+       {project_.DelModel(model), project_.DelPSResults(model), project_.DelPredset(predset),
+        project_.DelWorkset(workset_), project_.DelDataset(dataset_), project_.Compute(model)}) {
+    EXPECT_EQ(status, 8014);
+  }
+}
+
+TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
+  EXPECT_EQ(project_.AddDataset(nullptr), 0);
+  EXPECT_EQ(project_.GetStatus(), 8022);
+  EXPECT_EQ(project_.AddWorkset(7, "WS"), 0);
+  EXPECT_EQ(project_.GetStatus(), 8014);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
+  EXPECT_EQ(project_.GetStatus(), 8045);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC2, 0), 0);  // there is no Y
+  EXPECT_EQ(project_.GetStatus(), 8017);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1Cl, 3), 0);  // nor a class
+  EXPECT_EQ(project_.GetStatus(), 8020);
+  const short elsewhere = project_.AddWorkset(dataset_, "WS2");
+  const short predset = project_.AddPredset(dataset_, elsewhere, "PS");
+  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+  EXPECT_EQ(project_.ExecPS(model, predset), 8040);
+  for (int i = 2; i <= 99; ++i) EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1, 0), i);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1, 0), 0);
+  EXPECT_EQ(project_.GetStatus(), 8031);
+}
+
+TEST_F(ProjectOfOneTable, ListsItsModels) {
+  project_.GetModel(project_.AddModel(workset_, EModType::kPC1, 0))->GetModOpt().SetNComp(1);
+  project_.AddModel(workset_, EModType::kPCAll, 0);
+  ASSERT_EQ(project_.Compute(1), 0);
+  window_.log.clear();
+  project_.GetWMInfo().ShowAll(window_);
+  EXPECT_EQ(window_.log,
+            "WMInfo has 2 items:\n"
+            "  Item  MNum                      MNam    Type                  Workset  NComp\n"
+            "     1     1                        M1  PC-1                         WS      1\n"
+            "     2     2                        M2  PC-All                       WS      0\n");
+}
+
+}  // namespace
+}  // namespace zemva
