@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "data/itm_listing.h"
 #include "data/memory_guard.h"
+#include "data/names.h"
 #include "errors/status.h"
 #include "numeric/missing.h"
 
@@ -13,7 +15,6 @@ namespace zemva {
 namespace {
 
 constexpr short kSmallestBlock = 2;
-constexpr char kNoBlock = 0;
 
 float Scale(BlkInfo::EBlkType type, short nvar) {
   if (nvar < 1) return kMissing;
@@ -74,6 +75,11 @@ int BlkInfo::GetItm(short i, char& bnum, const char*& name, EBlkType& type, shor
   weight = row->GetBWeig();
   scale = Scale(type, nvar);
   return SetStatus(status::kOk);
+}
+
+BlkInfo::EBlkType BlkInfo::GetBType(short i) const {
+  const BlkData* const row = GetRow(i);
+  return row == nullptr ? kUndefined : row->GetBType();
 }
 
 short BlkInfo::GetNVar(short i) const {
@@ -198,6 +204,23 @@ int BlkInfo::TakeBlock(const BlkData& block) {
     return AddItm(b, block.GetINam(), block.GetBType(), nvar, block.GetBWeig());
   }
   std::ranges::replace(b_stat_.Values(), b, kNoBlock);
+  return status::kOk;
+}
+
+int BlkInfo::SetBlocks(const std::vector<char>& blocks, const BlockTypes& types) {
+  if (blocks.size() > kMaxItems) return status::mva::kIndexOutOfRange;
+  BlkInfo table(GetNam(), static_cast<short>(blocks.size()));
+  if (table.GetStatus() != status::kOk) return table.GetStatus();
+  std::ranges::copy(blocks, table.b_stat_.Values().begin());
+  for (char b = 1; b <= kMaxBlock; ++b) {
+    const BlkData block(b, NumberedName("Block", b).c_str(), types[static_cast<std::size_t>(b)], 0,
+                        kMissing);
+    const int status = table.TakeBlock(block);
+    if (status != status::kOk) return status;
+  }
+  b_stat_ = table.b_stat_;
+  if (b_stat_.NVal() != table.b_stat_.NVal()) return status::mva::kMemory;
+  ItmInfo::operator=(std::move(table));
   return status::kOk;
 }
 

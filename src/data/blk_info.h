@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "base/export.h"
 #include "data/itm_info.h"
@@ -15,6 +16,7 @@ namespace zemva {
 class BlkData;
 class ExpInfo;
 class LagInfo;
+class Model;
 class Workset;
 
 // The block of each variable, 0 for none, and a row for each block. Block numbers are 1..99.
@@ -50,6 +52,8 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // The number of the block in row i, and how many variables it has; 0 for a bad position.
   char GetBNum(short i) const { return static_cast<char>(GetINum(i)); }
   short GetNVar(short i) const;
+  // The type of the block in row i, kUndefined for a bad position.
+  EBlkType GetBType(short i) const;
 
   // The block of variable v, 0 for a bad position. Setting: 8021 for a bad position or a number
   // outside 0..99; the rows stay what they are.
@@ -87,6 +91,11 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // runs out; the table is then unchanged. Its body is in model/workset/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Workset* workset);
+  // The same of the X variables of a model, which `sel` has a byte for, and its blocks; without
+  // blocks in the model there are none. 8009 when the model has no data loaded. Its body is in
+  // model/driver/.
+  int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
+                 const Model* model);
 
   // Gives each block the weight that its type makes of the number of its variables, missing where
   // the type is undefined, and multiplies the scaling weights of its variables with it. Element v
@@ -105,7 +114,13 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   int ShowBStat(StreamWindow& window);
 
  private:
+  static constexpr char kNoBlock = 0;
+  using BlockTypes = std::array<EBlkType, kMaxBlock + 1>;
+
   char GetFirstFreeBNum() const;
+  // Describes as many variables as there are `blocks` anew, as SetBlkInfo says. Throws
+  // std::bad_alloc.
+  int SetBlocks(const std::vector<char>& blocks, const BlockTypes& types);
   int TakeBlock(const BlkData& block);
   const BlkData* GetRow(short i) const;
   BlkData* GetRow(short i);

@@ -11,6 +11,8 @@
 
 namespace zemva {
 
+class Model;
+class ObsInfo;
 class Workset;
 
 // The item's number is that of the class, 1..99; NObs counts the observations in it.
@@ -38,6 +40,11 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // Takes over the classes of a work set, observation by observation. 8022 for null, 8002 when
   // memory runs out. Its body is in model/workset/.
   int SetClaInfo(const Workset* workset);
+  // Takes over the classes of a model's observations, for the observations of a table by their
+  // numbers; one that the model has not is in none. 8022 for null and for a model without classes,
+  // 8021 when the table has not one row an observation, 8002 when memory runs out. Its body is in
+  // model/driver/.
+  int SetClaInfo(const ObsInfo* observations, const Model* model);
   // 8021 for a position outside 1..nobs or a class outside 0..99.
   int SetOClass(short i, char c);
   // 0 for a bad position.

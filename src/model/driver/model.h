@@ -26,6 +26,9 @@
 namespace zemva {
 
 class DataBlock;
+class ExpInfo;
+class ScaInfo;
+class TraInfo;
 class VarInfo;
 struct ModelSize;
 
@@ -253,6 +256,11 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   ObsInfo* GetObsInfo() const { return observations_.get(); }
   ClaInfo* GetClaInfo() const { return classes_.get(); }
   VarInfo* GetVarInfoX() const;
+  ScaInfo* GetScaInfoX() const;
+  // Null also where there is nothing of the kind.
+  TraInfo* GetTraInfoX() const;
+  ExpInfo* GetExpInfoX() const;
+  LagInfo* GetLagInfoX() const;
   BlkInfo* GetBIXPtr() const;
   const XFMatrix* GetXPtr() const;
   bool IsLoaded() const;

@@ -72,6 +72,22 @@ VarInfo* Model::GetVarInfoX() const {
   return x_->GetVarInfo();
 }
 
+ScaInfo* Model::GetScaInfoX() const {
+  return x_->GetScaInfo();
+}
+
+TraInfo* Model::GetTraInfoX() const {
+  return x_->GetTraInfo();
+}
+
+ExpInfo* Model::GetExpInfoX() const {
+  return x_->GetExpInfo();
+}
+
+LagInfo* Model::GetLagInfoX() const {
+  return x_->GetLagInfo();
+}
+
 BlkInfo* Model::GetBIXPtr() const {
   return x_->GetBlkInfo();
 }

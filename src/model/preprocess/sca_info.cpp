@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 #include <initializer_list>
+#include <utility>
 
 #include "data/memory_guard.h"
 #include "data/var_info.h"
@@ -156,6 +157,24 @@ int ScaInfo::Update(short var, const VarInfo* variables, const XFMatrix* matrix,
   return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
                         ToElement(column.InverseDeviation()), present.GetScaC1(),
                         present.GetScaC2()));
+}
+
+int ScaInfo::TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
+                      bool is_from_data) {
+  if (is_from_data && matrix == nullptr) return SetStatus(status::mva::kNullPointer);
+  return SetStatus(MemoryGuarded([&] {
+    ScaInfo table(GetNam());
+    for (int j = 1; j <= variables.GetNVar(); ++j) {
+      const ScaData* row =
+          scalings.GetItm(scalings.FindVar(variables.GetVNum(static_cast<short>(j))));
+      if (row == nullptr) return status::mva::kVariableNotAvailable;
+      const int status = table.AddItm(*row);
+      if (status != status::kOk) return status;
+    }
+    const int status = is_from_data ? table.UpdateAll(&variables, matrix) : status::kOk;
+    if (status == status::kOk) *this = std::move(table);
+    return status;
+  }));
 }
 
 int ScaInfo::UpdateAll(const VarInfo* variables, const XFMatrix* matrix) {

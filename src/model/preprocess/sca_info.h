@@ -15,6 +15,7 @@ namespace zemva {
 
 class ExpInfo;
 class LagInfo;
+class Model;
 class VarInfo;
 class Workset;
 class XFMatrix;
@@ -120,6 +121,10 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // codes of UpdateAll; the table is then unchanged. Its body is in model/workset/.
   int SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
                  bool is_from_data);
+  // The same as a model scales its X variables. 8009 where the model has no data loaded. Its body
+  // is in model/driver/.
+  int SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Model* model,
+                 bool is_from_data);
 
   // How many weights are missing.
   short GetNMisWeig() const;
@@ -147,6 +152,9 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   int ShowAll(StreamWindow& window) override;
 
  private:
+  // What SetScaInfo does with the rows of another table.
+  int TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
+               bool is_from_data);
   // In how many rows the weight is missing.
   short CountMissing(float (ScaData::*weight)() const) const;
   const char* Header() const override;

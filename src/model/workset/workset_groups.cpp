@@ -1,13 +1,10 @@
 // What the tables of classes, blocks and scalings take from a work set.
-#include <algorithm>
 #include <initializer_list>
-#include <utility>
 #include <vector>
 
 #include "data/blk_info.h"
 #include "data/cla_info.h"
 #include "data/memory_guard.h"
-#include "data/names.h"
 #include "errors/status.h"
 #include "model/preprocess/sca_info.h"
 #include "model/workset/workset.h"
@@ -40,42 +37,18 @@ int BlkInfo::SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags,
         blocks.push_back(workset->GetBlock(v));
       }
     }
-    if (blocks.size() > kMaxItems) return status::mva::kIndexOutOfRange;
-    BlkInfo table(GetNam(), static_cast<short>(blocks.size()));
-    if (table.GetStatus() != status::kOk) return table.GetStatus();
-    std::ranges::copy(blocks, table.b_stat_.Values().begin());
+    BlockTypes types = {};
     for (char b = 1; b <= kMaxBlock; ++b) {
-      const BlkData block(b, NumberedName("Block", b).c_str(), workset->GetBlockType(b), 0,
-                          kMissing);
-      const int status = table.TakeBlock(block);
-      if (status != status::kOk) return status;
+      types[static_cast<std::size_t>(b)] = workset->GetBlockType(b);
     }
-    b_stat_ = table.b_stat_;
-    if (b_stat_.NVal() != table.b_stat_.NVal()) return status::mva::kMemory;
-    ItmInfo::operator=(std::move(table));
-    return status::kOk;
+    return SetBlocks(blocks, types);
   }));
 }
 
 int ScaInfo::SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
                         bool is_from_data) {
-  if (variables == nullptr || workset == nullptr || (is_from_data && matrix == nullptr)) {
-    return SetStatus(status::mva::kNullPointer);
-  }
-  return SetStatus(MemoryGuarded([&] {
-    const ScaInfo& scalings = workset->GetScalings();
-    ScaInfo table(GetNam());
-    for (int j = 1; j <= variables->GetNVar(); ++j) {
-      const ScaData* row =
-          scalings.GetItm(scalings.FindVar(variables->GetVNum(static_cast<short>(j))));
-      if (row == nullptr) return status::mva::kVariableNotAvailable;
-      const int status = table.AddItm(*row);
-      if (status != status::kOk) return status;
-    }
-    const int status = is_from_data ? table.UpdateAll(variables, matrix) : status::kOk;
-    if (status == status::kOk) *this = std::move(table);
-    return status;
-  }));
+  if (variables == nullptr || workset == nullptr) return SetStatus(status::mva::kNullPointer);
+  return TakeRows(workset->GetScalings(), *variables, matrix, is_from_data);
 }
 
 }  // namespace zemva
