@@ -2,17 +2,15 @@
 #ifndef ZEMVA_BENCH_NIPALS_PROBLEM_H
 #define ZEMVA_BENCH_NIPALS_PROBLEM_H
 
-#include <algorithm>
-#include <numeric>
+#include <chrono>
 #include <random>
 #include <vector>
 
-#include "model/kernels/nipals.h"
-#include "numeric/missing.h"
+#include "zemva.h"
 
 namespace zemva {
 
-inline constexpr int kComponents = 5;
+inline constexpr char kComponents = 5;
 
 // Rank 8, with directions that fall off evenly, plus noise; a share of the cells is missing.
 inline XFMatrix NipalsTable(int rows, int columns, double missing_share) {
@@ -43,43 +41,56 @@ inline XFMatrix NipalsTable(int rows, int columns, double missing_share) {
 }
 
 struct FiveComponents {
+  double seconds = 0;
   int iterations = 0;
   double unexplained = 0;  // share of the sum of squares that is left
 };
 
-// Fits the components as a model does; with `groups` above 0 each is cross-validated.
-inline FiveComponents FitFiveComponents(const XFMatrix& table, int groups) {
-  const auto total = [](const std::vector<double>& squares) {
-    return std::accumulate(squares.begin(), squares.end(), 0.0);
-  };
-  ResidualMatrix residuals(table);
-  std::vector<float> t(residuals.RowCount()), round_t(residuals.RowCount());
-  std::vector<float> p(residuals.ColumnCount()), round_p(residuals.ColumnCount());
-  std::vector<double> errors(residuals.ColumnCount());
-  std::vector<double> squares = residuals.ColumnSquares();
-  const double all = total(squares);
-  FiveComponents result;
-  for (int a = 0; a < kComponents; ++a) {
-    const auto start = std::ranges::max_element(squares) - squares.begin();
-    residuals.CopyStart(static_cast<std::size_t>(start), t);
-    const NipalsSettings settings{10000, {3.0, {}}, {3.0, {}}};
-    result.iterations += Nipals(residuals, LeftOut(), settings, t, p).iterations;
-    for (int round = 0; round < groups; ++round) {
-      std::vector<short> labels(p.size());
-      for (std::size_t k = 0; k < labels.size(); ++k) {
-        labels[k] = static_cast<short>((static_cast<int>(k) + round) % groups);
-      }
-      const LeftOut left_out = LeftOut::Elements(groups, labels);
-      round_t = t;
-      result.iterations += Nipals(residuals, left_out, settings, round_t, round_p).iterations;
-      AddPredictionErrors(residuals, left_out, round_t, round_p, errors);
-    }
-    residuals.Subtract(t, p);
-    squares = residuals.ColumnSquares();
+// A model of a table as it is, neither centred nor scaled, that can be fitted over and over.
+class FiveComponentModel : private ModelOwner {
+ public:
+  // With `groups` above 0 each component is cross-validated.
+  FiveComponentModel(const XFMatrix& table, int groups) : dataset_(MakeDataset(table)) {
+    for (short k = 1; k <= workset_.GetNVar(); ++k) workset_.SetScaling(k, EScaType::kNone);
+    options_.SetIsRule(false);
+    options_.SetIsSeq(false);
+    options_.SetNComp(kComponents);
+    options_.SetMaxIter(10000);
+    options_.SetNCV(static_cast<short>(groups));
+    options_.SetSeqValidate(groups > 0 ? EValidate::CV : EValidate::NoCV);
   }
-  result.unexplained = total(squares) / all;
-  return result;
-}
+
+  // From loading the data to the statistics of the last component.
+  FiveComponents Fit() {
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    PCModel model(this, EModType::kPC1, GlobalStreamWindow(), &options_, 0);
+    while (model.Compute() == status::mva::kNotCompleted) continue;
+    const std::chrono::duration<double> elapsed = Clock::now() - start;
+    FiveComponents result{elapsed.count(), 0, 1.0 - static_cast<double>(model.GetR2X(kComponents))};
+    for (char a = 1; a <= kComponents; ++a) result.iterations += model.GetNIter(a);
+    return result;
+  }
+
+ private:
+  static Dataset MakeDataset(const XFMatrix& table) {
+    auto* const observations = new ObsInfo("ObsInfo");
+    auto* const variables = new VarInfo("VarInfo");
+    for (int i = 1; i <= table.NRow(); ++i) observations->AddObs(static_cast<short>(i), "");
+    for (int k = 1; k <= table.NCol(); ++k) variables->AddVar(static_cast<short>(k), "");
+    // The data set takes all three over.
+    return {"X", "none", GlobalStreamWindow(), new XFMatrix(table), observations, variables};
+  }
+
+  Workset* GetCurrentWorkset() override { return &workset_; }
+  Predset* GetCurrentPredset() override { return nullptr; }
+  const PrjOpt& GetOptions() const override { return project_options_; }
+
+  Dataset dataset_;
+  Workset workset_{"WS", dataset_, GlobalStreamWindow()};
+  PrjOpt project_options_{true};
+  ModOpt options_;
+};
 
 }  // namespace zemva
 

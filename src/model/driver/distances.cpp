@@ -55,26 +55,30 @@ double ObservationVariance(double squares, int present_count, int component_coun
   return df < 1 ? static_cast<double>(kMissing) : squares / df;
 }
 
-std::vector<double> ResidualWeights(const XFVector& modelling_power) {
-  std::vector<double> weights;
+ResidualWeights::ResidualWeights(const XFVector& modelling_power) {
   for (const float power : modelling_power.Values()) {
     const double square = static_cast<double>(power) * static_cast<double>(power);
-    weights.push_back(std::max(square, kLeastWeight));
+    weights_.push_back(std::max(square, kLeastWeight));
   }
-  return weights;
+  total_ = SumInLanes(weights_.size(), [&](std::size_t k) { return weights_[k]; });
 }
 
-WeightedSums WeightedSumsOf(std::span<const float> residuals, std::span<const float> values,
-                            std::span<const double> weights) {
-  WeightedSums sums;
-  const auto weight = [&](std::size_t k) { return IsMissing(values[k]) ? 0.0 : weights[k]; };
-  sums.present_count = CountPresent(values);
-  sums.weights = SumInLanes(values.size(), weight);
-  sums.squares = SumInLanes(values.size(), [&](std::size_t k) {
+WeightedSums ResidualWeights::Sum(std::span<const float> residuals,
+                                  std::span<const float> values) const {
+  const auto square = [&](std::size_t k) {
     const double residual = static_cast<double>(residuals[k]);
-    return weight(k) * residual * residual;
-  });
-  return sums;
+    return weights_[k] * residual * residual;
+  };
+  const int present_count = CountPresent(values);
+  if (present_count == static_cast<int>(values.size())) {
+    return {present_count, total_, SumInLanes(values.size(), square)};
+  }
+  const auto if_present = [&](std::size_t k, double term) {
+    return IsMissing(values[k]) ? 0.0 : term;
+  };
+  return {present_count,
+          SumInLanes(values.size(), [&](std::size_t k) { return if_present(k, weights_[k]); }),
+          SumInLanes(values.size(), [&](std::size_t k) { return if_present(k, square(k)); })};
 }
 
 double WeightedVariance(const WeightedSums& sums, int component_count) {

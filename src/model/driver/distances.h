@@ -34,10 +34,18 @@ struct WeightedSums {
 };
 
 // Weights for residuals, from the modelling powers of the columns: w = max(MPow^2, 0.01).
-std::vector<double> ResidualWeights(const XFVector& modelling_power);
-// A residual counts where its value is present.
-WeightedSums WeightedSumsOf(std::span<const float> residuals, std::span<const float> values,
-                            std::span<const double> weights);
+class ResidualWeights {
+ public:
+  explicit ResidualWeights(const XFVector& modelling_power);
+
+  // A residual counts where its value is present; else it is passed over.
+  WeightedSums Sum(std::span<const float> residuals, std::span<const float> values) const;
+
+ private:
+  std::vector<double> weights_;
+  double total_;
+};
+
 // (sum w e^2 / sum w) m / (m - a), the last factor where m - a > 1; 0 where sum w is no more than
 // 1e-30.
 double WeightedVariance(const WeightedSums& sums, int component_count);

@@ -171,11 +171,11 @@ void PCModel::Measure(PCCompInfo& component) {
 void PCModel::MeasureWeighted(PCCompInfo& component) {
   const int a = GetComponentCount();
   const XFMatrix& values = GetX().GetValues();
-  const std::vector<double> weights = ResidualWeights(component.x.mpow);
+  const ResidualWeights weights(component.x.mpow);
   double sum = 0.0;
   for (int i = 1; i <= values.NRow(); ++i) {
-    const WeightedSums sums = WeightedSumsOf(
-        GetX().GetResiduals().Row(static_cast<std::size_t>(i - 1)), values.Row(i), weights);
+    const WeightedSums sums =
+        weights.Sum(GetX().GetResiduals().Row(static_cast<std::size_t>(i - 1)), values.Row(i));
     const double variance = WeightedVariance(sums, a);
     component.weighted_s2o[i] = static_cast<float>(variance);
     sum += variance;

@@ -134,8 +134,7 @@ int PCModel::Predict(std::span<const float> row, short to) {
   std::ranges::copy(residuals.Values(), predictions_->residuals.Row(to).begin());
 
   const Gauge gauge = GetGaugePS(a);
-  const WeightedSums sums =
-      WeightedSumsOf(residuals.Values(), row, ResidualWeights(GetComponent(a)->x.mpow));
+  const WeightedSums sums = ResidualWeights(GetComponent(a)->x.mpow).Sum(residuals.Values(), row);
   double variance = gauge.is_weighted ? WeightedVariance(sums, a)
                                       : ObservationVariance(squares, sums.present_count, a);
   const bool is_member = IsMembPS(to);

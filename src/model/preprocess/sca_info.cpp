@@ -4,6 +4,7 @@
 #include <cstring>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "data/memory_guard.h"
 #include "data/var_info.h"
@@ -23,18 +24,24 @@ constexpr double kUndefined = kMissing;
 // The present values of a column in the rows of a mask.
 class MaskedColumn {
  public:
-  MaskedColumn(const XFMatrix& matrix, int column, const XI1Vector& mask)
-      : matrix_(matrix), column_(column), mask_(mask) {}
+  // Throws std::bad_alloc.
+  MaskedColumn(const XFMatrix& matrix, int column, const XI1Vector& mask) {
+    values_.reserve(static_cast<std::size_t>(matrix.NRow()));
+    for (int i = 1; i <= std::min(matrix.NRow(), mask.NVal()); ++i) {
+      const float value = matrix[i][column];
+      if (mask[i] != 0 && !IsMissing(value)) values_.push_back(static_cast<double>(value));
+    }
+  }
 
   // 1/s, and 1/rms; undefined where the values do not spread.
   double InverseDeviation() const {
-    const double n = Sum([](double) { return 1.0; });
+    const auto n = static_cast<double>(values_.size());
     if (n < 2.0) return kUndefined;
     const double mean = Sum([](double x) { return x; }) / n;
     return InverseRoot(Sum([&](double x) { return (x - mean) * (x - mean); }) / (n - 1.0));
   }
   double InverseRootMeanSquare() const {
-    const double n = Sum([](double) { return 1.0; });
+    const auto n = static_cast<double>(values_.size());
     return InverseRoot(Sum([](double x) { return x * x; }) / n);
   }
 
@@ -42,19 +49,14 @@ class MaskedColumn {
   template <typename Term>
   double Sum(Term term) const {
     double sum = 0.0;
-    for (int i = 1; i <= std::min(matrix_.NRow(), mask_.NVal()); ++i) {
-      const float value = matrix_[i][column_];
-      if (mask_[i] != 0 && !IsMissing(value)) sum += term(static_cast<double>(value));
-    }
+    for (const double value : values_) sum += term(value);
     return sum;
   }
   static double InverseRoot(double mean_square) {
     return mean_square > kNegligible ? 1.0 / std::sqrt(mean_square) : kUndefined;
   }
 
-  const XFMatrix& matrix_;
-  int column_;
-  const XI1Vector& mask_;
+  std::vector<double> values_;
 };
 
 // The root of a weight; undefined stays undefined.
@@ -152,11 +154,13 @@ int ScaInfo::Update(short var, const VarInfo* variables, const XFMatrix* matrix,
   if (resolved < EScaType::kUdef || resolved > EScaType::kFWN) {
     return SetStatus(status::mva::kIndexOutOfRange);
   }
-  const ScaData& present = *GetItm(i);
-  const MaskedColumn column(*matrix, j, *mask);
-  return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
-                        ToElement(column.InverseDeviation()), present.GetScaC1(),
-                        present.GetScaC2()));
+  return SetStatus(MemoryGuarded([&] {
+    const ScaData& present = *GetItm(i);
+    const MaskedColumn column(*matrix, j, *mask);
+    return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
+                          ToElement(column.InverseDeviation()), present.GetScaC1(),
+                          present.GetScaC2()));
+  }));
 }
 
 int ScaInfo::TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,

@@ -100,7 +100,8 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // 1e-30 and less there is no s, without any or with a mean square of 1e-30 and less no rms. The
   // modifiers stay, WeigM and the previous type are emptied.
   //
-  // 8015 for a variable without row or column, 8021 for kOrt and kRng, 8022 for a null argument.
+  // 8015 for a variable without row or column, 8021 for kOrt and kRng, 8022 for a null argument,
+  // 8002 when memory runs out.
   int Update(short var, const VarInfo* variables, const XFMatrix* matrix, const XI1Vector* mask,
              EScaType type);
 

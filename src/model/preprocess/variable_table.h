@@ -41,7 +41,7 @@ class VariableTable : public ItmInfo {
     const auto matches = [&](const ItmData& row) { return row.GetINum() == vnum; };
     short found = FindItm(cursor_, GetNItm(), matches);
     if (found == 0) found = FindItm(1, std::min<int>(cursor_ - 1, GetNItm()), matches);
-    if (found != 0) cursor_ = found + 1;
+    if (found != 0) cursor_ = found;
     return found;
   }
 
@@ -82,7 +82,7 @@ class VariableTable : public ItmInfo {
     if (GetItm(i) != nullptr) ShowRow(i, *GetItm(i), window);
   }
 
-  mutable int cursor_ = 1;  // where FindVar starts
+  mutable int cursor_ = 1;  // where FindVar found the last one, and starts
 };
 
 }  // namespace zemva
