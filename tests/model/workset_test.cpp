@@ -265,6 +265,30 @@ TEST(Workset, BlocksScaleTheVariablesOfAModel) {
   EXPECT_EQ(workset.GetBlock(2), 0);
 }
 
+TEST(Workset, TablesRefuseWhatIsNotInTheWorkset) {
+  const auto dataset = SmallDataset("ab", {{1, 2}, {2, 3}});
+  const Workset workset("WS", *dataset, GlobalStreamWindow());
+  const XI1Vector all("Selection", 2, 1);
+  const XI1Vector too_many("Selection", 3, 1);
+  LagInfo lags("LagInfo");
+  const ExpInfo none("ExpInfo");
+  BlkInfo blocks("BlkInfo", 1);
+  EXPECT_EQ(blocks.SetBlkInfo(nullptr, 1, &lags, &none, &workset), 8022);
+  EXPECT_EQ(blocks.SetBlkInfo(&all, 1, &lags, &none, nullptr), 8022);
+  EXPECT_EQ(blocks.SetBlkInfo(&too_many, 1, &lags, &none, &workset), 8021);
+  lags.AddItm(LagData(200, "b", 100, 1, kM, 0));
+  EXPECT_EQ(blocks.SetBlkInfo(&all, 1, &lags, &none, &workset), 8015);
+  EXPECT_EQ(blocks.GetNVar(), 1);
+  VarInfo variables("VarInfo");
+  variables.AddVar(300, "c");
+  ScaInfo scalings("ScaInfo");
+  EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &workset, true), 8022);
+  EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, nullptr, false), 8022);
+  EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &workset, false), 8015);
+  EXPECT_EQ(scalings.FixAddedVars(0, nullptr, &none), 8022);
+  EXPECT_EQ(scalings.GetNItm(), 0);
+}
+
 TEST(Workset, ScreeningTakesVariablesBeforeObservations) {
   test::RecordingWindow window;
   // Without variable b, which lacks three quarters, o1 has all and o2 lacks half of X.
