@@ -145,15 +145,11 @@ int BlkInfo::FixAddedVars(short v, short source) {
   if (v < 1 || v > GetNVar() || source < 1 || source > GetNVar()) {
     return SetStatus(status::mva::kIndexOutOfRange);
   }
-  const char from = GetBStat(v);
-  const char to = GetBStat(source);
-  b_stat_[v] = to;
-  for (const char b : {from, to}) {
-    BlkData* row = b == kNoBlock ? nullptr : GetRow(GetIx(short{b}));
-    if (row != nullptr) {
-      row->SetNVar(static_cast<short>(std::ranges::count(b_stat_.Values(), b)));
-    }
-  }
+  if (GetBStat(v) != kNoBlock) return SetStatus(status::mva::kAlreadyInserted);
+  const char b = GetBStat(source);
+  BlkData* row = b == kNoBlock ? nullptr : GetRow(GetIx(short{b}));
+  if (row != nullptr) row->SetNVar(static_cast<short>(row->GetNVar() + 1));
+  b_stat_[v] = b;
   return Changed(status::kOk);
 }
 

@@ -167,7 +167,7 @@ class ZEMVA_API Workset {
   // lags, transformations and expansion. Observations come second: the share of the X variables,
   // and that of the Y variables, that stay. ShowMissing lists what exceeds the limits, as if the
   // variables listed were excluded; ExcludeMissing lists and excludes it, or, when it fails,
-  // neither. 8013 for a limit that is no number, 8020 where no observation is in, 8017 where there
+  // neither. 8013 for a limit that is negative or no number, 8020 where no observation is in, 8017 where there
   // is neither X nor Y, and the codes of ExtMatrix.
   int ShowMissing(const MissingLimits& limits);
   int ExcludeMissing(const MissingLimits& limits);

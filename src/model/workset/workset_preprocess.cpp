@@ -32,10 +32,10 @@ int Workset::SetScaling(short j, EScaType type, float modifier) {
 }
 
 int Workset::Freeze(short j) {
-  VarInfo variables("VarInfo");
+  Selection selection = {SelectObs(EModType::kPC1, kNoClass), VarInfo("VarInfo")};
+  VarInfo& variables = selection.variables;
   int status = variables.AddVar(GetVNum(j), GetVNam(j));
   if (status != status::kOk) return status;
-  const Selection selection = {SelectObs(EModType::kPC1, kNoClass), variables};
   status = Check(EModType::kPC1, EBlock::kX, kNoClass, selection);
   if (status != status::kOk) return status;
   std::unique_ptr<XFMatrix> matrix;

@@ -1,0 +1,166 @@
+#include "model/workset/predset.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "model/small_dataset.h"
+#include "numeric/missing.h"
+#include "support/recording_window.h"
+
+namespace zemva {
+namespace {
+
+using test::RowsOf;
+using test::SmallDataset;
+using enum EModType;
+
+constexpr float kM = kMissing;
+
+template <typename T>
+std::unique_ptr<T> Own(T* object) {
+  return std::unique_ptr<T>(object);
+}
+
+// The elements of a vector of small numbers without gaps between them.
+template <typename Vector>
+std::string Digits(const std::unique_ptr<Vector>& vector) {
+  std::string digits;
+  for (const auto value : vector->Values()) digits += std::to_string(value);
+  return digits;
+}
+
+std::string Missing(const char* name) {
+  return std::string("Variable ") + name + " is not in the data set, its values are missing.\n";
+}
+
+TEST(Predset, VariablesAreMatchedByName) {
+  const struct {
+    const char *workset, *predset;
+    test::Rows rows;  // of 1, 2, 3 and so on
+    std::string log;
+  } cases[] = {
+      {"abc", "abc", {{1, 2, 3}}, ""},
+      {"abc", "cxba", {{4, 3, 1}}, ""},
+      {"abc", "c", {{kM, kM, 1}}, Missing("a") + Missing("b")},
+      {"aba", "baa", {{2, 1, 3}}, ""},
+      {"aab", "ba", {{2, kM, 1}}, Missing("a")},
+      {"a", "aaa", {{1}}, ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.workset) + " " + c.predset);
+    test::RecordingWindow window;
+    const std::string names = c.predset;
+    const auto training = SmallDataset(c.workset, {{9, 9, 9}});
+    const auto test = SmallDataset(names, {{1, 2, 3, 4}});
+    const Workset workset("WS", *training, GlobalStreamWindow());
+    Predset predset("PS", *test, workset, window);
+    for (int repetition = 1; repetition <= 2; ++repetition) {
+      const auto matrix = Own(predset.ExtMatrix(kPC1, EBlock::kX, 0));
+      ASSERT_NE(matrix, nullptr);
+      EXPECT_EQ(RowsOf(*matrix), c.rows);
+    }
+    EXPECT_EQ(window.log, c.log);
+  }
+}
+
+TEST(Predset, NamelessVariablesMatchInTheirOwnDataSetAlone) {
+  const auto training = SmallDataset("ab", {{1, 2}});
+  const auto test = SmallDataset("ab", {{3, 4}});
+  for (Dataset* dataset : {training.get(), test.get()}) {
+    for (short j = 1; j <= 2; ++j) dataset->SetVarName(j, "");
+  }
+  const Workset workset("WS", *training, GlobalStreamWindow());
+  Predset own("PS", *training, workset, GlobalStreamWindow());
+  EXPECT_EQ(RowsOf(*Own(own.ExtMatrix(kPC1, EBlock::kX, 0))), (test::Rows{{1, 2}}));
+  Predset other("PS", *test, workset, GlobalStreamWindow());
+  EXPECT_EQ(other.ExtMatrix(kPC1, EBlock::kX, 0), nullptr);
+  EXPECT_EQ(other.GetStatus(), 8033);
+}
+
+TEST(Predset, ValuesGoTheWayOfTheWorkset) {
+  test::RecordingWindow window;
+  const auto training = SmallDataset("ab", {{1, 1}, {2, 2}});
+  const auto test = SmallDataset("ba", {{2, 10}, {3, 100}, {4, 0}, {std::nanf(""), 1000}});
+  Workset workset("WS", *training, GlobalStreamWindow());
+  workset.SetTransformation(1, ETraType::kLog, 1, 0, 0);
+  workset.AddLagged(2, 1);
+  workset.AddTerm(1, 3);
+  workset.SetRole(2, EVarRole::kExcluded);
+  Predset predset("PS", *test, workset, window);
+  EXPECT_EQ(predset.SetIsObsIn(1, false), 0);
+  // a in logarithms, b one observation before, and their product.
+  EXPECT_EQ(RowsOf(*Own(predset.ExtMatrix(kPC1, EBlock::kX, 0))),
+            (test::Rows{{2, kM, kM}, {kM, 3, kM}, {3, 4, 12}}));
+  EXPECT_EQ(window.log,
+            "1 value(s) that are not finite numbers are taken as missing.\n"
+            "Observation 30 had value(s) excluded due to transformation domain error.\r\n");
+  EXPECT_EQ(predset.GetNObs(), 3);
+  EXPECT_STREQ(Own(predset.ExtObsInfo())->GetONam(1), "o2");
+  EXPECT_EQ(Digits(Own(predset.ExtObsIx())), "234");
+}
+
+TEST(Predset, MembersAndClassesAreThoseOfTheSameDataSet) {
+  const auto training = SmallDataset("a", {{1}, {2}, {3}, {4}, {5}});
+  const auto copy = std::make_unique<Dataset>(*training);
+  Workset workset("WS", *training, GlobalStreamWindow());
+  workset.SetOClass(1, 3);
+  workset.SetOClass(2, 8);
+  workset.SetOClass(4, 3);
+  workset.SetIsObsIn(4, false);
+  Predset own("PS", *training, workset, GlobalStreamWindow());
+  own.SetIsObsIn(2, false);
+  EXPECT_EQ(Digits(Own(own.ExtMembership(kPC1, 0))), "1101");
+  EXPECT_EQ(Digits(Own(own.ExtMembership(kPC1Cl, 3))), "1000");
+  EXPECT_EQ(Digits(Own(own.ExtMembership(kPLS1DA, 0))), "1000");
+  EXPECT_EQ(RowsOf(*Own(own.ExtMatrix(kPLS1DA, EBlock::kY, 0))),
+            (test::Rows{{1, 0}, {kM, kM}, {1, 0}, {kM, kM}}));
+  Predset other("PS", *copy, workset, GlobalStreamWindow());
+  EXPECT_EQ(Digits(Own(other.ExtMembership(kPC1, 0))), "00000");
+  EXPECT_EQ(Own(other.ExtMatrix(kPLS1DA, EBlock::kY, 0))->NValA(), 0);
+}
+
+TEST(Predset, WhatCannotBeMadeIsRefused) {
+  const auto training = SmallDataset("ab", {{1, 2}, {3, 4}});
+  const auto test = SmallDataset("a", {{5}});
+  Workset workset("WS", *training, GlobalStreamWindow());
+  Predset predset("PS", *test, workset, GlobalStreamWindow());
+  const auto status_of = [&](EModType type, EBlock block, char selector) {
+    const auto matrix = Own(predset.ExtMatrix(type, block, selector));
+    EXPECT_EQ(matrix == nullptr, predset.GetStatus() != 0);
+    return predset.GetStatus();
+  };
+  EXPECT_EQ(status_of(kPC1, EBlock::kY, 0), 8013);
+  EXPECT_EQ(status_of(kPC1Cl, EBlock::kX, 100), 8013);
+  EXPECT_EQ(status_of(kPLS12, EBlock::kY, 0), 8018);
+  EXPECT_EQ(status_of(kPLS1DA, EBlock::kY, 0), 8018);
+  workset.SetRole(2, EVarRole::kY);
+  EXPECT_EQ(status_of(kPLS12, EBlock::kX, 0), 0);
+  EXPECT_EQ(RowsOf(*Own(predset.ExtMatrix(kPLS12, EBlock::kY, 0))), (test::Rows{{kM}}));
+  EXPECT_EQ(status_of(kPLS21, EBlock::kX, 0), 8033);
+  EXPECT_EQ(predset.SetIsObsIn(0, true), 8037);
+  EXPECT_EQ(predset.SetIsObsIn(2, true), 8037);
+  predset.SetIsObsIn(1, false);
+  EXPECT_EQ(status_of(kPC1, EBlock::kX, 0), 8020);
+  EXPECT_EQ(Own(predset.ExtObsInfo())->GetNItm(), 0);
+  predset.SetIsObsIn(1, true);
+  test->AddObs(7, "new");
+  EXPECT_EQ(status_of(kPC1, EBlock::kX, 0), 8046);
+  // The file of the data set is not there.
+  test->Unload();
+  EXPECT_EQ(status_of(kPC1, EBlock::kX, 0), test->Load());
+  Predset unloaded("PS", *test, workset, GlobalStreamWindow());
+  EXPECT_EQ(unloaded.GetStatus(), test->Load());
+  EXPECT_EQ(unloaded.GetNObsDS(), 0);
+  EXPECT_EQ(unloaded.ExtMatrix(kPC1, EBlock::kX, 0), nullptr);
+
+  // Narrower than when the work set was made of it.
+  training->DelVar(100);
+  Predset shrunk("PS", *training, workset, GlobalStreamWindow());
+  EXPECT_EQ(RowsOf(*Own(shrunk.ExtMatrix(kPCAll, EBlock::kX, 0))), (test::Rows{{kM, 2}, {kM, 4}}));
+}
+
+}  // namespace
+}  // namespace zemva
