@@ -135,6 +135,36 @@ INSTANTIATE_TEST_SUITE_P(Samples, PCModelOfSample,
                          testing::Values("USArrests", "iris", "mtcars", "spectra"),
                          [](const auto& sample) { return std::string(sample.param); });
 
+TEST(PCModel, CentresAndScalesEachVariableAsTheWorkSetSays) {
+  Bench bench("abcd", {{1, 1, 5, 3}, {2, 3, 1, 9}, {3, 5, 2, 2}, {4, 7, 4, 4}, {5, 9, 3, 1}});
+  bench.workset.SetScaling(1, EScaType::kCtr);
+  bench.workset.SetScaling(2, EScaType::kNone);
+  bench.workset.SetFixedWeight(3, EScaType::kFW, 0.0f);
+  bench.workset.SetFixedWeight(4, EScaType::kFWN, 0.5f);
+  bench.options.SetSeqValidate(EValidate::CV);
+  ASSERT_EQ(bench.Compute(4), 0);
+  const PCModel& model = bench.model;
+  // Sums of squares: of 1..5 about 3; of 1, 3, 5, 7, 9; none; of 3, 9, 2, 4, 1 over 4.
+  const float expected[] = {10, 165, 0, 27.75f};
+  const float loaded[] = {55, 165, 55, 111};
+  for (short k = 1; k <= 4; ++k) {
+    EXPECT_FLOAT_EQ(model.GetSSVX(0, k), expected[k - 1]);
+    EXPECT_FLOAT_EQ(model.GetSSVX(-1, k), loaded[k - 1]);
+  }
+  EXPECT_EQ(model.GetAvgX(-1, 1), 3.0f);
+  EXPECT_EQ(model.GetAvgX(0, 1), 0.0f);
+  EXPECT_EQ(model.GetAvgX(0, 2), 5.0f);
+  // A variable of weight 0 takes no part: there are three components at most, in three variables.
+  EXPECT_EQ(model.GetNVarXUsed(), 3);
+  EXPECT_EQ(model.GetA(), 3);
+  EXPECT_EQ(model.GetP(1, 3), 0.0f);
+  EXPECT_EQ(model.GetXResLS(1, 1, 3), 0.0f);
+  EXPECT_EQ(model.GetQ2VAX(1, 3), kM);
+  EXPECT_FLOAT_EQ(model.GetQ2Limit(1), 1.0f - 3.0f * 4 / (4 * 5));
+  EXPECT_EQ(model.GetR2VX(1, 3), kM);
+  EXPECT_NEAR(D(model.GetR2X(3)), 1.0, 1e-5);
+}
+
 TEST(PCModel, RecoversARankOneTableFromWhatIsLeft) {
   // Row i is i times (1, 2, 3, 4, 5), with a hole in each of five rows.
   test::Rows rows;

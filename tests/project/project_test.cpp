@@ -60,6 +60,38 @@ TEST_F(ProjectOfOneTable, ComputesAndExecutesAModel) {
   }
 }
 
+TEST_F(ProjectOfOneTable, MakesModelsOfEveryBlockAndClass) {
+  Workset& workset = *project_.GetWorkset(workset_);
+  workset.SetRole(3, EVarRole::kY);
+  workset.SetRole(4, EVarRole::kY);
+  workset.SetScaling(3, EScaType::kNone);
+  workset.SetScaling(4, EScaType::kUVN);
+  for (const int i : {1, 3, 4, 7, 8}) workset.SetOClass(static_cast<short>(i), 2);
+  const struct {
+    EModType type;
+    char selector;
+    short observations, variables;
+    bool is_centred;
+  } cases[] = {
+      {EModType::kPC1, 0, 12, 2, true},
+      {EModType::kPC2, 0, 12, 2, false},
+      {EModType::kPCAll, 0, 12, 4, true},
+      {EModType::kPC1Cl, 2, 5, 2, true},
+      {EModType::kNoVarianceCheck, 0, 12, 2, true},
+  };
+  for (const auto& c : cases) {
+    const short number = project_.AddModel(workset_, c.type, c.selector);
+    ASSERT_NE(number, 0) << project_.GetStatus();
+    project_.GetModel(number)->GetModOpt().SetNComp(1);
+    EXPECT_EQ(project_.Compute(number), 0);
+    const Model& model = *project_.GetModel(number)->GetModel();
+    EXPECT_EQ(model.GetNObs(), c.observations);
+    EXPECT_EQ(model.GetNVarX(), c.variables);
+    EXPECT_EQ(model.GetA0(), c.is_centred ? 1 : 0);
+    EXPECT_EQ(model.GetA(), 1);
+  }
+}
+
 TEST_F(ProjectOfOneTable, DeletesInTheRightOrder) {
   const short model = project_.AddModel(workset_, EModType::kPC1, 0);
   project_.GetModel(model)->GetModOpt().SetNComp(1);

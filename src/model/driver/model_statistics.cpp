@@ -173,7 +173,7 @@ const char* Model::GetSignRule(char a) const {
 
 float Model::GetQ2Limit(char a) const {
   if (a < 1) return kMissing;
-  if (!IsPCFamily(type_)) return options_->GetIsXDesigned() ? kPLSLimitOfDesign : kPLSLimit;
+  if (IsPLSFamily(type_)) return options_->GetIsXDesigned() ? kPLSLimitOfDesign : kPLSLimit;
   const double columns = GetNVarXUsed() - (a - 1);
   const double rows = GetNObs() - (a - 1);
   const double free = columns * (rows - a0_);
