@@ -106,4 +106,9 @@ std::string CodePageFromUtf8(std::string_view text, std::size_t& lost) {
   return out;
 }
 
+std::string CodePageFromArgument(std::string_view text, std::size_t& lost) {
+  lost = 0;
+  return IsUtf8(text) ? CodePageFromUtf8(text, lost) : std::string(text);
+}
+
 }  // namespace zemva::tools

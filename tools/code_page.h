@@ -22,6 +22,9 @@ bool IsUtf8(std::string_view text);
 // not; `lost` is how many there are.
 std::string CodePageFromUtf8(std::string_view text, std::size_t& lost);
 
+// The same for a text of the command line: on a system that works in the code page it comes in it.
+std::string CodePageFromArgument(std::string_view text, std::size_t& lost);
+
 }  // namespace zemva::tools
 
 #endif  // ZEMVA_TOOLS_CODE_PAGE_H

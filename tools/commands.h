@@ -21,6 +21,7 @@ int ConvertCommand(Arguments arguments);
 int ImportCommand(Arguments arguments);
 int InfoCommand(Arguments arguments);
 int OptionsCommand(Arguments arguments);
+int PcCommand(Arguments arguments);
 int StatsCommand(Arguments arguments);
 
 // Says in one line on standard error what failed, and returns kFailed.

@@ -70,11 +70,10 @@ std::optional<std::string> ReadFile(const std::string& name) {
   return std::ferror(file.get()) != 0 ? std::nullopt : std::optional(std::move(bytes));
 }
 
-// A text of the command line in the code page, and whether that and the field have all of it. On a
-// system that works in the code page it comes in it.
+// A text of the command line in the code page, and whether that and the field have all of it.
 std::string FieldText(std::string_view text, std::size_t capacity, bool& fits) {
   std::size_t lost = 0;
-  const std::string bytes = IsUtf8(text) ? CodePageFromUtf8(text, lost) : std::string(text);
+  const std::string bytes = CodePageFromArgument(text, lost);
   fits = lost == 0 && bytes.size() <= capacity;
   return bytes.substr(0, capacity);
 }

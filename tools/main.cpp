@@ -28,6 +28,12 @@ constexpr std::array kCommands = {
     Command{"convert", ConvertCommand,
             "convert IN.csv OUT.vdo [--name NAME] [--title TITLE] [--repair]"},
     Command{"stats", StatsCommand, "stats FILE.vdo [--all]"},
+    Command{
+        "pc", PcCommand,
+        "pc FILE.vdo [--components N] [--ncv G]\n"
+        "                [--max-iter N] [--exclude NAME,...] [--class N=LIST]... [--only-class N]\n"
+        "                [--test FILE2.vdo] [--out DIR]\n"
+        "           without --components those that are significant; it fails when none is"},
     Command{"options", OptionsCommand, "options [set KEY VALUE] [--ini DIR]"},
 };
 

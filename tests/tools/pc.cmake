@@ -1,0 +1,120 @@
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+# fit(ARGUMENT...): runs the command with its files in WORK/out.
+macro(fit)
+  file(REMOVE_RECURSE ${WORK}/out)
+  run(0 pc ${ARGN} --out ${WORK}/out)
+endmacro()
+
+# expect_in(TABLE REGEX): what a file of the last fit must hold.
+function(expect_in table regex)
+  file(READ ${WORK}/out/${table}.csv text)
+  expect("${text}" "${regex}")
+endfunction()
+
+# The numbers are those of a singular value decomposition in double precision. Two components of
+# the irises are significant, which leaves the third to be refused.
+fit(${SAMPLES}/iris.vdo)
+expect("${out}" "^PC-1 .* From data set: iris\n.* NObs = 150, NVarX= 4\n.*\nComp\\[2\\] +0\\.229 +0\\.958 ")
+expect("${out}" " R1\n$")
+expect("${err}" "^Q2\\[1\\]= .*Not significant component acc\\. to rule 3\\.\r?\nExecuting WS: Model M1\r?\n")
+expect_in(components "^Comp,R2X,R2X\\(cum\\),Eig,Q2,Q2lim,Q2\\(cum\\),Iter,Status\n1,0\\.72962[0-9]*,0\\.72962[0-9]*,2\\.9184")
+expect_in(components "\n2,0\\.22850[0-9]*,0\\.95813[0-9]*,0\\.91403[0-9]*,0\\.[0-9]+,0\\.[0-9]+,0\\.[0-9]+,[0-9]+,1\n$")
+expect_in(observations "^ONum,ONam,t\\[1\\],t\\[2\\],DModX,PModX,Tsquare\n1,setosa_1,2\\.2571[0-9]*,0\\.4784[0-9]*,0\\.3176[0-9]*,0\\.[0-9]+,2\\.0094")
+expect_in(observations "\n150,virginica_150,[^\n]*\n$")
+expect_in(variables "^VNum,VNam,AvgX,Weig,p\\[1\\],p\\[2\\],R2VX\\(cum\\),Q2V\\(cum\\),MPowX\n1,Sepal.Length,5\\.84333[0-9]*,1\\.20763[0-9]*,-0\\.5210[0-9]*,0\\.3774[0-9]*,0\\.9225[0-9]*,[^,]*,0\\.7199")
+expect_in(variables "\n4,Petal.Width,[^\n]*\n$")
+
+# As many as are asked for, and no more than there can be; nothing is left of the last residuals.
+fit(${SAMPLES}/USArrests.vdo --components 2)
+expect_in(components "\n2,0\\.24744[0-9]*,0\\.86750[0-9]*,0\\.98976[0-9]*,-0\\.[0-9]*,0\\.26530[0-9]*,[^\n]*,5\n$")
+expect_in(observations "\n2,Alaska,1\\.9305[0-9]*,-1\\.0624")
+fit(${SAMPLES}/USArrests.vdo --components 127)
+expect("${err}" "USArrests.vdo: there can be no more than 4 components\r?\n$")
+expect_in(observations "\n1,Alabama(,-?[0-9.]+)(,-?[0-9.]+)(,-?[0-9.]+)(,-?[0-9.]+),,,2\\.38")
+fit(${SAMPLES}/airquality.vdo --components 3)
+expect_in(components "\n3,")
+
+fit(${SAMPLES}/iris.vdo --components 1 --exclude Sepal.Width)
+expect_in(components "\n1,0\\.92324")
+fit(${SAMPLES}/iris.vdo --components 1 --class 7=1-49,50 --class 2=51,60-70 --only-class 7)
+expect("${out}" "^PC-1Cl.* NObs = 50,")
+expect_in(components "\n1,0\\.5146")
+fit(${SAMPLES}/iris.vdo --components 1)
+file(RENAME ${WORK}/out/components.csv ${WORK}/default.csv)
+fit(${SAMPLES}/iris.vdo --components 1 --ncv 7 --max-iter 200)
+expect_same_files(${WORK}/default.csv ${WORK}/out/components.csv)
+fit(${SAMPLES}/iris.vdo --components 1 --ncv 3 --max-iter 2)
+expect_in(components ",3,[0-9]\n$")
+
+# Names in the code page, and in need of quotes.
+file(WRITE ${WORK}/names.csv
+  ",,Größe,b,c\n-2,\"x, y\",5,1,2\n1,é,2,3,7\n2,,0,4,1\n30,v,1,,9\n31,w,7,2,3\n")
+run(0 convert ${WORK}/names.csv ${WORK}/names.vdo)
+fit(${WORK}/names.vdo --components 1)
+expect_in(variables "\n1,Größe,3,")
+expect_in(observations "\n-2,\"x, y\",.*\n1,é,.*\n2,,")
+fit(${WORK}/names.vdo --components 1 --exclude b,Größe --class 1=-2--2,1-2,30,31 --only-class 1)
+
+# A component that cannot be fitted ends the search; the ones before it stand.
+file(WRITE ${WORK}/sparse.csv
+  ",,a,b\n1,,5,\n2,,2,1\n3,,0,\n4,,,0\n5,,,\n6,,-0.3,\n7,,2,\n8,,,4\n9,,,0\n10,,,\n")
+run(0 convert ${WORK}/sparse.csv ${WORK}/sparse.vdo)
+fit(${WORK}/sparse.vdo --components 2 --ncv 2)
+expect("${err}" "sparse.vdo: stopped after 1 component: MVA: Only missing [^\n]* \\(8043\\)")
+
+# What stands against a model: the file, its data, the significance of the first component.
+function(fails status arguments message)
+  run(${status} pc ${arguments})
+  expect("${err}" "${message}")
+  expect("${out}" "^$")
+endfunction()
+file(WRITE ${WORK}/text.vdo "no project file")
+fails(1 ${WORK}/none.vdo "^zemva: [^\n]*none.vdo: DIO: File open error. \\(2004\\)\r?\n$")
+fails(1 ${WORK}/text.vdo "^zemva: [^\n]*text.vdo: DIO: Read error. \\(2005\\)\r?\n$")
+file(WRITE ${WORK}/constant.csv ",,a,b,c\n1,,1,2,7\n2,,3,2,1\n3,,2,2,5\n4,,9,2,0\n5,,4,2,2\n")
+run(0 convert ${WORK}/constant.csv ${WORK}/constant.vdo)
+fails(1 ${WORK}/constant.vdo "X-variable 2 b\r?\n[^\n]*constant.vdo: [^\n]* \\(8038\\)\r?\n$")
+fails(1 "${WORK}/constant.vdo;--exclude;a,b,c" "constant.vdo: [^\n]* \\(8017\\)\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--class;1=1-3;--only-class;1" "iris.vdo: [^\n]* \\(8020\\)\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--class;1=1-50;--only-class;1;--out;${WORK}/refused"
+  "acc\\. to current rules\\.\r?\n[^\n]*iris.vdo: no component is significant; --components [^\n]*\n$")
+
+# Files that cannot be written.
+run(1 pc ${SAMPLES}/iris.vdo --out ${WORK}/text.vdo/out)
+expect("${err}" "\nzemva: [^\n]*/out: cannot be created\r?\n$")
+file(MAKE_DIRECTORY ${WORK}/blocked/observations.csv)
+run(1 pc ${SAMPLES}/iris.vdo --out ${WORK}/blocked)
+expect("${err}" "\nzemva: [^\n]*/observations.csv: cannot be written\r?\n$")
+if(EXISTS ${WORK}/refused)
+  message(SEND_ERROR "a model without components left files")
+endif()
+
+# wrong(MESSAGE ARGUMENT...): usage that is none, for a file that would do.
+function(wrong message)
+  fails(2 "${SAMPLES}/iris.vdo;${ARGN}" "^zemva: ${message}[^\n]*\r?\nusage: ")
+endfunction()
+foreach(number x 0 -1 128 99999 1.5 2x)
+  wrong("--components: '${number}' is not a whole number from 1 to 127" --components ${number})
+endforeach()
+wrong("--components takes a value" --components --ncv 5)
+wrong("--out takes a value" --out)
+wrong("--ncv: '1' is not a whole number from 2 " --ncv 1)
+wrong("--max-iter: '0' is not " --max-iter 0)
+wrong("--out is given twice" --out a --out a)
+wrong("unknown option '--comp'" --comp 1)
+wrong("a model is made of one file" other.vdo)
+wrong("--exclude: there is no variable 'petal.width'" --exclude Petal.Length,petal.width)
+wrong("--exclude: a name is empty" --exclude Petal.Length,)
+foreach(number 0 100 x "")
+  wrong("--class: '${number}' is not a whole number from 1 to 99" --class ${number}=1-50)
+endforeach()
+foreach(list "" 9-1 a 1-2-3 99999 -)
+  wrong("--class: '${list}' is no number of an observation" --class 1=5,${list})
+endforeach()
+wrong("--class: '1' is not N=LIST" --class 1)
+wrong("--class 1: there is no observation 151" --class 1=140-151)
+wrong("--class: '1=7' gives a class a second time" --class 1=1-5 --class 1=7)
+wrong("--class 2: observation 5 is in class 1" --class 1=1-5 --class 2=5-9)
+wrong("--only-class: '100' is not " --only-class 100)
+wrong("--only-class: --class does not say what is in it" --class 1=1-50 --only-class 2)

@@ -1,0 +1,74 @@
+#include "model_run.h"
+
+#include <memory>
+#include <string>
+
+#include "errors/messages.h"
+#include "errors/status.h"
+#include "errors/stream_window.h"
+
+namespace zemva::tools {
+namespace {
+
+// The number of the new data set in the project, 0 where there is no memory for it.
+short AddFile(const std::string& path, Project& project) {
+  auto dataset = std::make_unique<Dataset>("Data", path.c_str(), GlobalStreamWindow());
+  return project.AddDataset(dataset.release());  // the project's
+}
+
+std::string CountComponents(int count) {
+  return std::to_string(count) + (count == 1 ? " component" : " components");
+}
+
+}  // namespace
+
+int ModelRun::LoadFile() {
+  const short dataset = AddFile(options_.file, project_);
+  if (dataset != 0) workset_ = project_.AddWorkset(dataset, "Workset");
+  if (workset_ == 0) return Fail(options_.file, project_.GetStatus());
+  const int status = SetUpWorkset(options_, GetWorkset());
+  return status == status::kOk ? kDone : Fail(options_.file, status);
+}
+
+int ModelRun::MakeModel(EModType type, char selector) {
+  model_ = project_.AddModel(workset_, type, selector);
+  if (model_ == 0) return Fail(options_.file, project_.GetStatus());
+  SetUpModel(options_, project_.GetModel(model_)->GetModOpt());
+  if (!options_.test_file) return kDone;
+  test_dataset_ = AddFile(*options_.test_file, project_);
+  if (test_dataset_ != 0) predset_ = project_.AddPredset(test_dataset_, workset_, "Predset");
+  return predset_ != 0 ? kDone : Fail(*options_.test_file, project_.GetStatus());
+}
+
+int ModelRun::Fit() {
+  if (const int status = project_.Compute(model_); status != status::kOk) {
+    return KeepComponents(status);
+  }
+  const int count = GetModel().GetA();
+  if (count == 0) {
+    return Fail(options_.file, "no component is significant; --components fits some regardless");
+  }
+  if (count < options_.component_count.value_or(0)) {
+    Tell(options_.file, "there can be no more than " + CountComponents(count));
+  }
+  return kDone;
+}
+
+int ModelRun::KeepComponents(int failure) {
+  Model& model = GetModel();
+  const char count = model.GetA();
+  if (count == 0) return Fail(options_.file, failure);
+  Tell(options_.file, "stopped after " + CountComponents(count) + ": " + GetVdoMsg(failure) + " (" +
+                          std::to_string(failure) + ")");
+  int status = model.Reset(count);
+  if (status == status::kOk) status = model.ExecLS(char{0});
+  return status == status::kOk ? kDone : Fail(options_.file, status);
+}
+
+int ModelRun::Predict() {
+  if (predset_ == 0) return kDone;
+  const int status = project_.ExecPS(model_, predset_);
+  return status == status::kOk ? kDone : Fail(*options_.test_file, status);
+}
+
+}  // namespace zemva::tools
