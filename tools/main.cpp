@@ -30,7 +30,7 @@ constexpr std::array kCommands = {
     Command{"stats", StatsCommand, "stats FILE.vdo [--all]"},
     Command{
         "pc", PcCommand,
-        "pc FILE.vdo [--components N] [--ncv G]\n"
+        "pc FILE.vdo [--components N] [--scale UV|UVN|Par|ParN|Ctr|None] [--ncv G]\n"
         "                [--max-iter N] [--exclude NAME,...] [--class N=LIST]... [--only-class N]\n"
         "                [--test FILE2.vdo] [--out DIR]\n"
         "           without --components those that are significant; it fails when none is"},

@@ -7,6 +7,7 @@
 
 #include "base/native_path.h"
 #include "commands.h"
+#include "errors/status.h"
 #include "numeric/missing.h"
 
 namespace zemva::tools {
@@ -19,6 +20,18 @@ std::vector<short> ResultPositions(const PCModel& model, short row_count) {
     positions.at(static_cast<std::size_t>(model.GetObsIxPS(i))) = i;
   }
   return positions;
+}
+
+struct Label {
+  short number;
+  const char* name;
+};
+
+// Of an observation, which has its position for a number where the data set knows of none.
+Label LabelOf(Dataset& dataset, short i) {
+  Label label{};
+  const int status = dataset.GetObsInfo(i, label.number, label.name);
+  return status == status::kOk ? label : Label{i, ""};
 }
 
 }  // namespace
@@ -77,18 +90,8 @@ ResultTable TabulatePredictions(const PCModel& model, Dataset& test) {
   const auto row = [positions = ResultPositions(model, test.GetNObsDS())](short i) {
     return positions[static_cast<std::size_t>(i)];
   };
-  columns.AddInteger("ONum", [&](short i) {
-    short number = 0;
-    const char* name = nullptr;
-    test.GetObsInfo(i, number, name);
-    return number;
-  });
-  columns.AddText("ONam", [&](short i) {
-    short number = 0;
-    const char* name = nullptr;
-    test.GetObsInfo(i, number, name);
-    return name;
-  });
+  columns.AddInteger("ONum", [&](short i) { return LabelOf(test, i).number; });
+  columns.AddText("ONam", [&](short i) { return LabelOf(test, i).name; });
   columns.AddVectors("tPS", a,
                      [&model, row](char c, short i) { return model.GetTPredPS(c, row(i)); });
   columns.AddNumber("DModXPS", [&model, row, a](short i) { return model.GetDModXPS(a, row(i)); });

@@ -15,6 +15,8 @@ namespace {
 constexpr short kMostComponents = 127;
 constexpr short kMostClasses = 99;
 constexpr short kLargestNumber = std::numeric_limits<short>::max();
+constexpr EScaType kScalings[] = {EScaType::kUV,   EScaType::kUVN, EScaType::kPar,
+                                  EScaType::kParN, EScaType::kCtr, EScaType::kNone};
 
 [[noreturn]] void Refuse(std::string_view subject, std::string_view fault) {
   throw UsageError(std::string(subject) + ": " + std::string(fault));
@@ -41,6 +43,18 @@ short ParseWithin(std::string_view option, std::string_view text, short least, s
                        std::to_string(most));
   }
   return *number;
+}
+
+EScaType ParseScaling(std::string_view option, std::string_view text) {
+  const EScaType type = ScaInfo::GetScaType(std::string(text).c_str());
+  if (std::ranges::find(kScalings, type) == std::end(kScalings)) {
+    std::string names;
+    for (const EScaType each : kScalings) {
+      names += (names.empty() ? "" : ", ") + std::string(ScaInfo::GetString(each));
+    }
+    Refuse(option, Quoted(text) + " is none of " + names);
+  }
+  return type;
 }
 
 // The parts of a text between commas, of which there is at least one.
@@ -97,6 +111,8 @@ std::vector<ModelOption> CommonOptions(ModelOptions& options) {
        [&](std::string_view value) {
          options.component_count = ParseWithin("--components", value, 1, kMostComponents);
        }},
+      {"--scale",
+       [&](std::string_view value) { options.scaling = ParseScaling("--scale", value); }},
       {"--ncv",
        [&](std::string_view value) {
          options.group_count = ParseWithin("--ncv", value, 2, kLargestNumber);
@@ -164,6 +180,10 @@ char ParseClass(std::string_view option, std::string_view text) {
 }
 
 int SetUpWorkset(const ModelOptions& options, Workset& workset) {
+  for (short j = 1; j <= workset.GetNVar(); ++j) {
+    const int status = workset.SetScaling(j, options.scaling);
+    if (status != status::kOk) return status;
+  }
   for (const std::string& name : options.excluded_variables) {
     const short j = workset.GetVIx(name.c_str());
     if (j == 0) Refuse("--exclude", "there is no variable " + Quoted(PrintableFromCodePage(name)));

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "commands.h"
+#include "model/preprocess/sca_info.h"
 #include "model/workset/workset.h"
 #include "settings/mod_opt.h"
 
@@ -32,6 +33,7 @@ struct NumberRange {
 struct ModelOptions {
   std::string file;
   std::optional<short> component_count;  // without it the rules of significance decide
+  EScaType scaling = EScaType::kUV;      // of all variables
   std::optional<short> group_count;      // of the cross-validation
   std::optional<short> max_iterations;
   std::vector<std::string> excluded_variables;  // names in the code page

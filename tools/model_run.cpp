@@ -1,8 +1,11 @@
 #include "model_run.h"
 
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
+#include "base/native_path.h"
 #include "errors/messages.h"
 #include "errors/status.h"
 #include "errors/stream_window.h"
@@ -16,6 +19,11 @@ short AddFile(const std::string& path, Project& project) {
   return project.AddDataset(dataset.release());  // the project's
 }
 
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code error;
+  return std::filesystem::equivalent(NativePath(one), NativePath(other), error);
+}
+
 std::string CountComponents(int count) {
   return std::to_string(count) + (count == 1 ? " component" : " components");
 }
@@ -23,8 +31,8 @@ std::string CountComponents(int count) {
 }  // namespace
 
 int ModelRun::LoadFile() {
-  const short dataset = AddFile(options_.file, project_);
-  if (dataset != 0) workset_ = project_.AddWorkset(dataset, "Workset");
+  dataset_ = AddFile(options_.file, project_);
+  if (dataset_ != 0) workset_ = project_.AddWorkset(dataset_, "Workset");
   if (workset_ == 0) return Fail(options_.file, project_.GetStatus());
   const int status = SetUpWorkset(options_, GetWorkset());
   return status == status::kOk ? kDone : Fail(options_.file, status);
@@ -35,7 +43,8 @@ int ModelRun::MakeModel(EModType type, char selector) {
   if (model_ == 0) return Fail(options_.file, project_.GetStatus());
   SetUpModel(options_, project_.GetModel(model_)->GetModOpt());
   if (!options_.test_file) return kDone;
-  test_dataset_ = AddFile(*options_.test_file, project_);
+  const bool is_same = IsSameFile(*options_.test_file, options_.file);
+  test_dataset_ = is_same ? dataset_ : AddFile(*options_.test_file, project_);
   if (test_dataset_ != 0) predset_ = project_.AddPredset(test_dataset_, workset_, "Predset");
   return predset_ != 0 ? kDone : Fail(*options_.test_file, project_.GetStatus());
 }

@@ -23,6 +23,7 @@ class ModelRun {
   // UsageError.
   int LoadFile();
   // Makes the model, which the work set stays as it is for, and reads the file of predictions.
+  // Where that is the file of the model, it knows the observations that the model is made of.
   int MakeModel(EModType type, char selector);
   // Fits components, and goes on with those that there are when a further one fails. No component
   // at all is a failure.
@@ -41,6 +42,7 @@ class ModelRun {
   const ModelOptions& options_;
   TextWindow log_{stderr};
   Project project_{"zemva", log_};
+  short dataset_ = 0;
   short workset_ = 0;
   short model_ = 0;
   short test_dataset_ = 0;

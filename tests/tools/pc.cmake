@@ -47,6 +47,32 @@ expect_same_files(${WORK}/default.csv ${WORK}/out/components.csv)
 fit(${SAMPLES}/iris.vdo --components 1 --ncv 3 --max-iter 2)
 expect_in(components ",3,[0-9]\n$")
 
+# Scalings, centred and not: the share of the first component, and the weight of the first variable.
+foreach(expected "UVN;0\\.93629;0\\.16945" "Par;0\\.84668;1\\.09892" "ParN;0\\.95217;0\\.41164"
+    "Ctr;0\\.92461;1" "None;0\\.9653;1")
+  list(GET expected 0 scaling)
+  list(GET expected 1 share)
+  list(GET expected 2 weight)
+  fit(${SAMPLES}/iris.vdo --components 1 --scale ${scaling})
+  expect_in(components "\n1,${share}")
+  expect_in(variables "\n1,Sepal.Length,5\\.84333[0-9]*,${weight}[0-9]*,")
+endforeach()
+
+# The observations of the model are predicted as they were fitted.
+fit(${SAMPLES}/iris.vdo --test ${SAMPLES}/iris.vdo)
+expect_in(predictions "^ONum,ONam,tPS\\[1\\],tPS\\[2\\],DModXPS,PModXPS\n1,setosa_1,2\\.2571[0-9]*,0\\.4784[0-9]*,0\\.3176")
+# Others, by the names of their variables: the first is an average one, the second one step along
+# the first component away from it, the third has too little for a prediction.
+file(WRITE ${WORK}/test.csv ",,Petal.Width,new,Petal.Length,Sepal.Width,Sepal.Length
+5,average,1.1993333,1,3.758,3.0573333,5.8433332
+6,step,0.7687784,1,2.7333978,3.1747328,5.4118563
+7,empty,,1,,,5
+")
+run(0 convert ${WORK}/test.csv ${WORK}/test.vdo)
+fit(${SAMPLES}/iris.vdo --test ${WORK}/test.vdo)
+expect("${err}" "Observation excluded")
+expect_in(predictions "\n5,average,0,0,0,1\n6,step,(1|0\\.9999|1\\.0000)[0-9]*,-?[0-9.]+e-0[5-9],[^\n]*\n7,empty,,,,\n$")
+
 # Names in the code page, and in need of quotes.
 file(WRITE ${WORK}/names.csv
   ",,Größe,b,c\n-2,\"x, y\",5,1,2\n1,é,2,3,7\n2,,0,4,1\n30,v,1,,9\n31,w,7,2,3\n")
@@ -79,6 +105,9 @@ fails(1 "${WORK}/constant.vdo;--exclude;a,b,c" "constant.vdo: [^\n]* \\(8017\\)\
 fails(1 "${SAMPLES}/iris.vdo;--class;1=1-3;--only-class;1" "iris.vdo: [^\n]* \\(8020\\)\r?\n$")
 fails(1 "${SAMPLES}/iris.vdo;--class;1=1-50;--only-class;1;--out;${WORK}/refused"
   "acc\\. to current rules\\.\r?\n[^\n]*iris.vdo: no component is significant; --components [^\n]*\n$")
+fails(1 "${WORK}/sparse.vdo;--components;2;--ncv;2;--scale;None" "sparse.vdo: [^\n]* \\(8043\\)\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/text.vdo" "text.vdo: [^\n]* \\(2005\\)\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--test;${SAMPLES}/mtcars.vdo" "mtcars.vdo: [^\n]* \\(8033\\)\r?\n$")
 
 # Files that cannot be written.
 run(1 pc ${SAMPLES}/iris.vdo --out ${WORK}/text.vdo/out)
@@ -90,31 +119,6 @@ if(EXISTS ${WORK}/refused)
   message(SEND_ERROR "a model without components left files")
 endif()
 
-# wrong(MESSAGE ARGUMENT...): usage that is none, for a file that would do.
-function(wrong message)
-  fails(2 "${SAMPLES}/iris.vdo;${ARGN}" "^zemva: ${message}[^\n]*\r?\nusage: ")
-endfunction()
-foreach(number x 0 -1 128 99999 1.5 2x)
-  wrong("--components: '${number}' is not a whole number from 1 to 127" --components ${number})
+foreach(arguments "--ncv;1" "--exclude;petal.width" "--only-class;100" "--class;1=1-9;--only-class;2")
+  fails(2 "${SAMPLES}/iris.vdo;${arguments}" "^zemva: --[^\n]*\r?\nusage: ")
 endforeach()
-wrong("--components takes a value" --components --ncv 5)
-wrong("--out takes a value" --out)
-wrong("--ncv: '1' is not a whole number from 2 " --ncv 1)
-wrong("--max-iter: '0' is not " --max-iter 0)
-wrong("--out is given twice" --out a --out a)
-wrong("unknown option '--comp'" --comp 1)
-wrong("a model is made of one file" other.vdo)
-wrong("--exclude: there is no variable 'petal.width'" --exclude Petal.Length,petal.width)
-wrong("--exclude: a name is empty" --exclude Petal.Length,)
-foreach(number 0 100 x "")
-  wrong("--class: '${number}' is not a whole number from 1 to 99" --class ${number}=1-50)
-endforeach()
-foreach(list "" 9-1 a 1-2-3 99999 -)
-  wrong("--class: '${list}' is no number of an observation" --class 1=5,${list})
-endforeach()
-wrong("--class: '1' is not N=LIST" --class 1)
-wrong("--class 1: there is no observation 151" --class 1=140-151)
-wrong("--class: '1=7' gives a class a second time" --class 1=1-5 --class 1=7)
-wrong("--class 2: observation 5 is in class 1" --class 1=1-5 --class 2=5-9)
-wrong("--only-class: '100' is not " --only-class 100)
-wrong("--only-class: --class does not say what is in it" --class 1=1-50 --only-class 2)
