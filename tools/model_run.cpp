@@ -41,7 +41,13 @@ int ModelRun::LoadFile() {
 int ModelRun::MakeModel(EModType type, char selector) {
   model_ = project_.AddModel(workset_, type, selector);
   if (model_ == 0) return Fail(options_.file, project_.GetStatus());
-  SetUpModel(options_, project_.GetModel(model_)->GetModOpt());
+  ModOpt& model_options = project_.GetModel(model_)->GetModOpt();
+  SetUpModel(options_, model_options);
+  // Beyond the rank of the table components would fit what rounding has left.
+  const std::unique_ptr<ObsInfo> observations(GetWorkset().ExtObsInfo(type, selector));
+  if (observations == nullptr) return Fail(options_.file, GetWorkset().GetStatus());
+  const int rank = observations->GetNItm() - (model_options.GetIsCenter() ? 1 : 0);
+  if (model_options.GetNComp() > rank) model_options.SetNComp(static_cast<short>(rank));
   if (!options_.test_file) return kDone;
   const bool is_same = IsSameFile(*options_.test_file, options_.file);
   test_dataset_ = is_same ? dataset_ : AddFile(*options_.test_file, project_);

@@ -310,6 +310,19 @@ TEST(PCModel, EndsOnAnyTable) {
   }
 }
 
+TEST(PCModel, EndsWithAsManyComponentsAsANumberHolds) {
+  Bench bench(test::Sample("spectra"));
+  ASSERT_EQ(bench.Compute(127), 0);
+  EXPECT_EQ(bench.model.GetA(), 127);
+  EXPECT_NE(bench.model.GetT2LS(127, 1), kM);
+  test::RecordingWindow list;
+  bench.model.Show(list);
+  EXPECT_NE(list.log.find("\nComp[127]"), std::string::npos);
+  bench.options.SetIsSeq(true);
+  EXPECT_EQ(bench.model.Compute(), 0);
+  EXPECT_EQ(bench.model.GetA(), 127);
+}
+
 TEST(PCModel, AnObservationWithoutValuesHasNoScoreAndNoInfluence) {
   const test::Rows rows = test::Noise().Table(8, 3);
   test::Rows with_empty = rows;

@@ -32,6 +32,11 @@ expect_in(observations "\n2,Alaska,1\\.9305[0-9]*,-1\\.0624")
 fit(${SAMPLES}/USArrests.vdo --components 127)
 expect("${err}" "USArrests.vdo: there can be no more than 4 components\r?\n$")
 expect_in(observations "\n1,Alabama(,-?[0-9.]+)(,-?[0-9.]+)(,-?[0-9.]+)(,-?[0-9.]+),,,2\\.38")
+# Four observations leave three components when centred.
+file(WRITE ${WORK}/wide.csv ",,a,b,c,d,e\n1,,5,1,2,8,1\n2,,3,2,2,1,0\n3,,2,5,5,4,1\n4,,9,2,0,6,3\n")
+run(0 convert ${WORK}/wide.csv ${WORK}/wide.vdo)
+fit(${WORK}/wide.vdo --components 5)
+expect("${err}" "wide.vdo: there can be no more than 3 components\r?\n$")
 fit(${SAMPLES}/airquality.vdo --components 3)
 expect_in(components "\n3,")
 

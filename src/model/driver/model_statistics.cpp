@@ -25,14 +25,14 @@ float Element(const Record* record, XFVector Record::*vector, short i) {
   return record == nullptr ? kMissing : (record->*vector).GetElement(i);
 }
 
-// What is explained where `after` is left of `before`.
-float Explained(float before, float after) {
-  if (IsMissing(before) || IsMissing(after) || before == 0.0f) return kMissing;
-  return static_cast<float>(1.0 - static_cast<double>(after) / static_cast<double>(before));
-}
-
-float Gain(float after, float before) {
-  return IsMissing(after) || IsMissing(before) ? kMissing : after - before;
+// The share of `initial` that goes from `before` to `after`. Of shares near 1 the difference would
+// have lost its digits.
+float Explained(float initial, float before, float after) {
+  if (IsMissing(initial) || IsMissing(before) || IsMissing(after) || initial == 0.0f) {
+    return kMissing;
+  }
+  const double gain = static_cast<double>(before) - static_cast<double>(after);
+  return static_cast<float>(gain / static_cast<double>(initial));
 }
 
 }  // namespace
@@ -181,35 +181,37 @@ float Model::GetQ2Limit(char a) const {
 }
 
 float Model::GetR2X(char a) const {
-  return a < 0 ? kMissing : Explained(GetSSX(0), GetSSX(a));
+  return a < 0 ? kMissing : Explained(GetSSX(0), GetSSX(0), GetSSX(a));
 }
 
 float Model::GetR2Xadj(char a) const {
-  return a < 0 ? kMissing : Explained(GetS2X(0), GetS2X(a));
+  return a < 0 ? kMissing : Explained(GetS2X(0), GetS2X(0), GetS2X(a));
 }
 
 float Model::GetR2AX(char a) const {
-  return a < 1 ? kMissing : Gain(GetR2X(a), GetR2X(static_cast<char>(a - 1)));
+  return a < 1 ? kMissing : Explained(GetSSX(0), GetSSX(static_cast<char>(a - 1)), GetSSX(a));
 }
 
 float Model::GetR2AXadj(char a) const {
-  return a < 1 ? kMissing : Gain(GetR2Xadj(a), GetR2Xadj(static_cast<char>(a - 1)));
+  return a < 1 ? kMissing : Explained(GetS2X(0), GetS2X(static_cast<char>(a - 1)), GetS2X(a));
 }
 
 float Model::GetR2VX(char a, short k) const {
-  return a < 0 ? kMissing : Explained(GetSSVX(0, k), GetSSVX(a, k));
+  return a < 0 ? kMissing : Explained(GetSSVX(0, k), GetSSVX(0, k), GetSSVX(a, k));
 }
 
 float Model::GetR2VXadj(char a, short k) const {
-  return a < 0 ? kMissing : Explained(GetS2VX(0, k), GetS2VX(a, k));
+  return a < 0 ? kMissing : Explained(GetS2VX(0, k), GetS2VX(0, k), GetS2VX(a, k));
 }
 
 float Model::GetR2VAX(char a, short k) const {
-  return a < 1 ? kMissing : Gain(GetR2VX(a, k), GetR2VX(static_cast<char>(a - 1), k));
+  const auto before = static_cast<char>(a - 1);
+  return a < 1 ? kMissing : Explained(GetSSVX(0, k), GetSSVX(before, k), GetSSVX(a, k));
 }
 
 float Model::GetR2VAXadj(char a, short k) const {
-  return a < 1 ? kMissing : Gain(GetR2VXadj(a, k), GetR2VXadj(static_cast<char>(a - 1), k));
+  const auto before = static_cast<char>(a - 1);
+  return a < 1 ? kMissing : Explained(GetS2VX(0, k), GetS2VX(before, k), GetS2VX(a, k));
 }
 
 }  // namespace zemva

@@ -45,7 +45,8 @@ int PCModel::Show(StreamWindow& window) {
     add_r2(0);
     list.Text("     -     -     -    -  -").EndLine();
   }
-  for (char a = 1; a <= GetA(); ++a) {
+  for (int c = 1; c <= GetComponentCount(); ++c) {
+    const auto a = static_cast<char>(c);
     list.Text(RowLabel(a));
     add_r2(a);
     AddValue(list, 6, 2, GetEig(a));
@@ -111,7 +112,7 @@ int PCModel::ShowRes(StreamWindow& window) {
 int PCModel::ShowAll(StreamWindow& window) {
   ShowInit(window);
   ShowCent(window);
-  for (char a = 1; a <= GetA(); ++a) ShowComp(a, window);
+  for (int a = 1; a <= GetComponentCount(); ++a) ShowComp(static_cast<char>(a), window);
   return ShowRes(window);
 }
 

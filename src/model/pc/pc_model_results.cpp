@@ -142,10 +142,11 @@ template <typename Score>
 float PCModel::SumT2(char first, char last, Score score) const {
   if (first < 1 || first > last || last > GetA()) return kMissing;
   double sum = 0.0;
-  for (char c = first; c <= last; ++c) {
-    const float t = score(c);
+  for (int c = first; c <= last; ++c) {
+    const auto component = static_cast<char>(c);
+    const float t = score(component);
     if (IsMissing(t)) return kMissing;
-    const double variance = static_cast<double>(GetS2T(c));
+    const double variance = static_cast<double>(GetS2T(component));
     if (variance > 0.0) sum += static_cast<double>(t) * static_cast<double>(t) / variance;
   }
   return static_cast<float>(sum);
