@@ -19,9 +19,12 @@ int WorksetModel::Init(ModelOwner& owner, EModType type, char selector, StreamWi
   if (!IsPCFamily(type) && type != EModType::kNoVarianceCheck) {
     return status::mva::kFunctionNotAvailable;
   }
-  const std::unique_ptr<ScaInfo> scalings(workset_.ExtScaInfo(type, EBlock::kX, selector));
-  if (scalings == nullptr) return workset_.GetStatus();
-  options_.SetIsCenter(scalings->IsAnyVarCtd());
+  const std::unique_ptr<VarInfo> variables(workset_.ExtVarInfo(type, EBlock::kX, selector));
+  if (variables == nullptr) return workset_.GetStatus();
+  ScaInfo scalings("ScaInfoX");
+  const int status = scalings.SetScaInfo(variables.get(), nullptr, &workset_, false);
+  if (status != status::kOk) return status;
+  options_.SetIsCenter(scalings.IsAnyVarCtd());
   model_ = std::make_unique<PCModel>(&owner, type, window, &options_, selector);
   return status::kOk;
 }

@@ -36,7 +36,8 @@ int DataBlock::Extract(Workset& workset, EModType type, char selector) {
   };
   take(values_, workset.ExtMatrix(type, block_, selector));
   if (status == status::kOk) take(variables_, workset.ExtVarInfo(type, block_, selector));
-  if (status == status::kOk) take(scalings_, workset.ExtScaInfo(type, block_, selector));
+  if (status == status::kOk)
+    take(scalings_, workset.ExtScaInfo(type, block_, selector, values_.get()));
   if (status == status::kOk) take(transformations_, workset.ExtTraInfo(type, block_, selector));
   if (status == status::kOk) take(terms_, workset.ExtExpInfo(type, block_, selector));
   if (status == status::kOk) take(lags_, workset.ExtLagInfo(type, block_, selector));

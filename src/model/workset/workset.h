@@ -167,8 +167,8 @@ class ZEMVA_API Workset {
   // lags, transformations and expansion. Observations come second: the share of the X variables,
   // and that of the Y variables, that stay. ShowMissing lists what exceeds the limits, as if the
   // variables listed were excluded; ExcludeMissing lists and excludes it, or, when it fails,
-  // neither. 8013 for a limit that is negative or no number, 8020 where no observation is in, 8017 where there
-  // is neither X nor Y, and the codes of ExtMatrix.
+  // neither. 8013 for a limit that is negative or no number, 8020 where no observation is in, 8017
+  // where there is neither X nor Y, and the codes of ExtMatrix.
   int ShowMissing(const MissingLimits& limits);
   int ExcludeMissing(const MissingLimits& limits);
 
@@ -192,8 +192,9 @@ class ZEMVA_API Workset {
   XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
   ObsInfo* ExtObsInfo(EModType type, char selector);
   VarInfo* ExtVarInfo(EModType type, EBlock block, char selector);
-  // The scaling of each variable, with the weights that it makes of the matrix.
-  ScaInfo* ExtScaInfo(EModType type, EBlock block, char selector);
+  // The scaling of each variable, with the weights that it makes of the matrix: that of ExtMatrix,
+  // which is made for it unless the caller has it.
+  ScaInfo* ExtScaInfo(EModType type, EBlock block, char selector, const XFMatrix* matrix = nullptr);
   // The rows of the variables that are transformed, terms, lagged; null with status 0 where none
   // is. What a term or a lagged variable is made of need not be among the variables.
   TraInfo* ExtTraInfo(EModType type, EBlock block, char selector);

@@ -160,17 +160,20 @@ VarInfo* Workset::ExtVarInfo(EModType type, EBlock block, char selector) {
   });
 }
 
-ScaInfo* Workset::ExtScaInfo(EModType type, EBlock block, char selector) {
+ScaInfo* Workset::ExtScaInfo(EModType type, EBlock block, char selector, const XFMatrix* matrix) {
   return Ext<ScaInfo>(type, block, selector, [&](const Selection& selection, auto& table) {
-    std::unique_ptr<XFMatrix> matrix;
-    // What is lost on the way is told where the matrix is given out.
-    const int status = MakeMatrix(type, block, selection, GlobalStreamWindow(), matrix);
-    if (status != status::kOk) return status;
+    std::unique_ptr<XFMatrix> made;
+    if (matrix == nullptr) {
+      // What is lost on the way is told where the matrix is given out.
+      const int status = MakeMatrix(type, block, selection, GlobalStreamWindow(), made);
+      if (status != status::kOk) return status;
+      matrix = made.get();
+    }
     table = std::make_unique<ScaInfo>("ScaInfoX");
     const VarInfo& variables = selection.variables;
-    if (!IsClassBlock(type, block)) return table->SetScaInfo(&variables, matrix.get(), this, true);
+    if (!IsClassBlock(type, block)) return table->SetScaInfo(&variables, matrix, this, true);
     const int added = table->AddVars(variables);
-    return added == status::kOk ? table->UpdateAll(&variables, matrix.get()) : added;
+    return added == status::kOk ? table->UpdateAll(&variables, matrix) : added;
   });
 }
 
