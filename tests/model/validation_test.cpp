@@ -57,6 +57,11 @@ TEST(SetQ2, FollowsBothDefinitions) {
   SetQ2(0, std::vector<double>{0, 0, 0}, before, initial, &first, false, second);
   EXPECT_EQ(second.q2, 1.0f);
   EXPECT_EQ(second.q2_cum, kM);
+
+  // Rounding can leave an error where there was nothing.
+  SetQ2(1e-50, std::vector<double>{1e-50, 0, 0}, StageOf(0, {0, 0, 0}), initial, nullptr, false,
+        second);
+  EXPECT_EQ(second.q2, kM);
 }
 
 TEST(GroupLabels, GoRoundThePassesAndRotate) {

@@ -1,6 +1,7 @@
 #include "model/driver/validation.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "errors/status.h"
 #include "numeric/missing.h"
@@ -11,9 +12,11 @@ namespace {
 constexpr short kFewestGroups = 2;
 constexpr double kSmallShare = 0.01;
 
+// Missing where rounding has left nothing to compare with.
 float Q2Of(double press, double before, double total, bool is_of_total) {
-  if (is_of_total) return total == 0.0 ? kMissing : static_cast<float>((before - press) / total);
-  return press == 0.0 ? 1.0f : AsPresent(static_cast<float>(1.0 - press / before));
+  if (!is_of_total && press == 0.0) return 1.0f;
+  const auto q2 = static_cast<float>(is_of_total ? (before - press) / total : 1.0 - press / before);
+  return std::isfinite(q2) ? AsPresent(q2) : kMissing;
 }
 
 // `previous` is null for the first component.

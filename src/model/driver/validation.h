@@ -28,10 +28,10 @@ Validation GetValidation(const ModOpt& options, bool has_eigenvalue_rule);
 //   before)
 //
 // or, where `is_of_total`, Q2 = (SS - PRESS) / SST and Q2(cum) the running sum of max(Q2, 0). Both
-// likewise by variable; a variable that had nothing left has no Q2. `previous` is the component
-// before, null for the first; where it has no Q2(cum), none follows. (S. Wold, Cross-validatory
-// estimation of the number of components in factor and principal components models, Technometrics
-// 20 (1978) 397-405.)
+// likewise by variable; a variable that had nothing left has no Q2, nor has what rounding has left
+// nothing to compare with. `previous` is the component before, null for the first; where it has no
+// Q2(cum), none follows. (S. Wold, Cross-validatory estimation of the number of components in
+// factor and principal components models, Technometrics 20 (1978) 397-405.)
 void SetQ2(double press, std::span<const double> press_by_variable, const Stage& before,
            const Stage& initial, const CompInfo* previous, bool is_of_total, CompInfo& component);
 
