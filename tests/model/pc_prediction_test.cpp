@@ -157,9 +157,16 @@ TEST(PCPrediction, RefusesWhatDoesNotFit) {
   EXPECT_EQ(refusal(observations, data, &short_selection), 8021);
   EXPECT_EQ(bench.model.ExecPS(), 8030);
   bench.model.Reset(1);
+  // What leaves the range of a float has no result; the others have theirs.
+  Bench scaled("abcde", PlaneTable());
+  scaled.workset.SetFixedWeight(1, EScaType::kFW, 10.0f);
+  ASSERT_EQ(scaled.Compute(1), 0);
   (*data)[1][1] = 3e38f;
-  (*data)[2][1] = kM;
-  EXPECT_EQ(news.Execute(bench.model), 0);
+  EXPECT_EQ(news.Execute(scaled.model), 0);
+  EXPECT_NE(scaled.window.log.find("Can not execute observation 10\n"), std::string::npos);
+  EXPECT_EQ(scaled.model.GetTPredPS(1, 1), kM);
+  EXPECT_EQ(scaled.model.GetDModXPS(1, 1), kM);
+  EXPECT_NE(scaled.model.GetTPredPS(1, 2), kM);
 }
 
 }  // namespace

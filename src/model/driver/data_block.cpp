@@ -84,10 +84,10 @@ short DataBlock::GetNumber(int column) const {
 
 int DataBlock::FindWeights(ModelLog& log) {
   XFVector& weights = info_->weights;
-  Take(values_->Autoweig("", &info_->loaded_average), weights);
   for (int k = 1; k <= weights.NVal(); ++k) {
     const ScaData& scaling = *scalings_->GetItm(static_cast<short>(k));
-    if (scaling.GetScaType() != EScaType::kUdef) weights[k] = scaling.GetWeig();
+    const bool is_decided = scaling.GetScaType() != EScaType::kUdef;
+    weights[k] = is_decided ? scaling.GetWeig() : scaling.GetWeigAC();
   }
   if (blocks_ != nullptr) {
     const int status = blocks_->Transfer(&weights);

@@ -6,7 +6,6 @@
 #include "model/kernels/lanes.h"
 #include "numeric/distributions.h"
 #include "numeric/missing.h"
-#include "numeric/present.h"
 
 namespace zemva {
 namespace {
@@ -63,22 +62,19 @@ ResidualWeights::ResidualWeights(const XFVector& modelling_power) {
   total_ = SumInLanes(weights_.size(), [&](std::size_t k) { return weights_[k]; });
 }
 
-WeightedSums ResidualWeights::Sum(std::span<const float> residuals,
-                                  std::span<const float> values) const {
-  const auto square = [&](std::size_t k) {
+WeightedSums ResidualWeights::Sum(std::span<const float> residuals, std::span<const float> values,
+                                  int present_count) const {
+  const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
     const double residual = static_cast<double>(residuals[k]);
     return weights_[k] * residual * residual;
+  });
+  const auto weight_if_present = [&](std::size_t k) {
+    const double weight = weights_[k];  // read in any case, so that there is no branch
+    return IsMissing(values[k]) ? 0.0 : weight;
   };
-  const int present_count = CountPresent(values);
-  if (present_count == static_cast<int>(values.size())) {
-    return {present_count, total_, SumInLanes(values.size(), square)};
-  }
-  const auto if_present = [&](std::size_t k, double term) {
-    return IsMissing(values[k]) ? 0.0 : term;
-  };
-  return {present_count,
-          SumInLanes(values.size(), [&](std::size_t k) { return if_present(k, weights_[k]); }),
-          SumInLanes(values.size(), [&](std::size_t k) { return if_present(k, square(k)); })};
+  const bool is_complete = present_count == static_cast<int>(values.size());
+  const double weights = is_complete ? total_ : SumInLanes(values.size(), weight_if_present);
+  return {present_count, weights, squares};
 }
 
 double WeightedVariance(const WeightedSums& sums, int component_count) {

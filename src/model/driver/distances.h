@@ -38,8 +38,9 @@ class ResidualWeights {
  public:
   explicit ResidualWeights(const XFVector& modelling_power);
 
-  // A residual counts where its value is present; else it is passed over.
-  WeightedSums Sum(std::span<const float> residuals, std::span<const float> values) const;
+  // A residual counts where its value, of which so many are present, is; elsewhere it is 0.
+  WeightedSums Sum(std::span<const float> residuals, std::span<const float> values,
+                   int present_count) const;
 
  private:
   std::vector<double> weights_;

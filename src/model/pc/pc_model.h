@@ -160,6 +160,8 @@ class ZEMVA_API PCModel : public Model {
   float CenterAndScale(float value, short k) const;
   // Sets scores, residuals and distances of observation `to` of the results.
   int Predict(std::span<const float> row, short to);
+  std::vector<float> TakeOffScores(const XFVector& values, const FVector& scores) const;
+  void SetDistance(std::span<const float> row, std::span<const float> residuals, short to);
   // Sets the scores of an observation to the least squares solution over its present values; to
   // missing where these do not determine it.
   int CalcTPred(const XFVector& values, FVector& scores);

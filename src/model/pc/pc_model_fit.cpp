@@ -174,8 +174,9 @@ void PCModel::MeasureWeighted(PCCompInfo& component) {
   const ResidualWeights weights(component.x.mpow);
   double sum = 0.0;
   for (int i = 1; i <= values.NRow(); ++i) {
-    const WeightedSums sums =
-        weights.Sum(GetX().GetResiduals().Row(static_cast<std::size_t>(i - 1)), values.Row(i));
+    const auto row = static_cast<std::size_t>(i - 1);
+    const WeightedSums sums = weights.Sum(GetX().GetResiduals().Row(row), values.Row(i),
+                                          GetX().GetInfo()->row_counts[row]);
     const double variance = WeightedVariance(sums, a);
     component.weighted_s2o[i] = static_cast<float>(variance);
     sum += variance;

@@ -11,8 +11,10 @@
 #include "errors/status.h"
 #include "model/driver/data_block.h"
 #include "model/driver/distances.h"
+#include "model/kernels/lanes.h"
 #include "model/pc/pc_model.h"
 #include "numeric/f_matrix.h"
+#include "numeric/present.h"
 
 namespace zemva {
 namespace {
@@ -26,6 +28,10 @@ bool IsDetermined(const FMatrix& inverse) {
     }
   }
   return true;
+}
+
+bool AreFinite(std::span<const float> values) {
+  return std::ranges::all_of(values, [](float value) { return std::isfinite(value); });
 }
 
 }  // namespace
@@ -106,42 +112,69 @@ float PCModel::CenterAndScale(float value, short k) const {
 }
 
 int PCModel::Predict(std::span<const float> row, short to) {
-  DistanceResults& distance = predictions_->distance;
-  const int a = distance.component_count;
-  XFVector residuals("x", GetNVarX(), kMissing);
+  const int a = GetASelPS();
+  XFVector values("x", GetNVarX(), kMissing);
   FVector scores(a, kMissing);
-  if (residuals.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
+  if (values.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
   for (short k = 1; k <= GetNVarX(); ++k) {
-    residuals[k] = CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
-    if (!std::isfinite(residuals[k])) return status::mva::kDomain;
+    values[k] = CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
   }
-  const int status = CalcTPred(residuals, scores);
+  const int status = CalcTPred(values, scores);
   if (status != status::kOk) return status;
-  if (IsMissing(scores.GetElement(1))) return status::kOk;
+  if (!AreFinite(values.Values()) || !AreFinite(scores.Values())) {
+    GetLog()
+        .Line()
+        .Text("Can not execute observation ")
+        .Number(GetObsInfoPS()->GetONum(to))
+        .EndLine();
+    return status::kOk;
+  }
+  if (IsMissing(scores[1])) return status::kOk;
+  for (int c = 1; c <= a; ++c) {
+    predictions_->scores[static_cast<std::size_t>(c - 1)][to] = scores[c];
+  }
+  const std::vector<float> residuals = TakeOffScores(values, scores);
+  const std::span<float> kept = predictions_->residuals.Row(to);
+  for (std::size_t k = 0; k < kept.size(); ++k) {
+    kept[k] = IsMissing(row[k]) ? kMissing : AsPresent(residuals[k]);
+  }
+  SetDistance(row, residuals, to);
+  return status::kOk;
+}
 
-  double squares = 0.0;
-  for (short k = 1; k <= GetNVarX(); ++k) {
-    if (IsMissing(residuals[k])) continue;
-    double residual = static_cast<double>(residuals[k]);
-    for (int c = 1; c <= a; ++c) {
+// 0 for what is missing.
+std::vector<float> PCModel::TakeOffScores(const XFVector& values, const FVector& scores) const {
+  std::vector<float> residuals;
+  for (int k = 1; k <= values.NVal(); ++k) {
+    double residual = IsMissing(values[k]) ? 0.0 : static_cast<double>(values[k]);
+    for (int c = 1; c <= scores.NVal() && !IsMissing(values[k]); ++c) {
       residual -= static_cast<double>(scores[c]) * static_cast<double>(GetComponent(c)->p[k]);
     }
-    residuals[k] = AsPresent(static_cast<float>(residual));
-    squares += residual * residual;
+    residuals.push_back(static_cast<float>(residual));
   }
-  for (int c = 1; c <= a; ++c)
-    predictions_->scores[static_cast<std::size_t>(c - 1)][to] = scores[c];
-  std::ranges::copy(residuals.Values(), predictions_->residuals.Row(to).begin());
+  return residuals;
+}
 
-  const Gauge gauge = GetGaugePS(a);
-  const WeightedSums sums = ResidualWeights(GetComponent(a)->x.mpow).Sum(residuals.Values(), row);
-  double variance = gauge.is_weighted ? WeightedVariance(sums, a)
-                                      : ObservationVariance(squares, sums.present_count, a);
+void PCModel::SetDistance(std::span<const float> row, std::span<const float> residuals, short to) {
+  DistanceResults& distance = predictions_->distance;
+  const Gauge gauge = GetGaugePS(distance.component_count);
+  const int present_count = CountPresent(row);
+  double variance = 0.0;
+  if (gauge.is_weighted) {
+    const ResidualWeights weights(GetComponent(gauge.component_count)->x.mpow);
+    variance = WeightedVariance(weights.Sum(residuals, row, present_count), gauge.component_count);
+  } else {
+    const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
+      return static_cast<double>(residuals[k]) * static_cast<double>(residuals[k]);
+    });
+    variance = ObservationVariance(squares, present_count, gauge.component_count);
+  }
   const bool is_member = IsMembPS(to);
-  if (is_member && !IsMissing(variance)) variance *= GetSize(a).MembershipCorrection();
+  if (is_member && !IsMissing(variance)) {
+    variance *= GetSize(gauge.component_count).MembershipCorrection();
+  }
   distance.distances[to] = GetDistance(gauge, variance);
   distance.probabilities[to] = GetProbability(gauge, variance, is_member);
-  return status::kOk;
 }
 
 int PCModel::CalcTPred(const XFVector& values, FVector& scores) {

@@ -8,6 +8,7 @@
 
 #include "data/memory_guard.h"
 #include "data/var_info.h"
+#include "model/preprocess/column_spreads.h"
 #include "model/preprocess/element.h"
 #include "model/preprocess/exp_info.h"
 #include "model/preprocess/lag_info.h"
@@ -16,48 +17,6 @@
 
 namespace zemva {
 namespace {
-
-// A variance or mean square up to this is none.
-constexpr double kNegligible = 1e-30;
-constexpr double kUndefined = kMissing;
-
-// The present values of a column in the rows of a mask.
-class MaskedColumn {
- public:
-  // Throws std::bad_alloc.
-  MaskedColumn(const XFMatrix& matrix, int column, const XI1Vector& mask) {
-    values_.reserve(static_cast<std::size_t>(matrix.NRow()));
-    for (int i = 1; i <= std::min(matrix.NRow(), mask.NVal()); ++i) {
-      const float value = matrix[i][column];
-      if (mask[i] != 0 && !IsMissing(value)) values_.push_back(static_cast<double>(value));
-    }
-  }
-
-  // 1/s, and 1/rms; undefined where the values do not spread.
-  double InverseDeviation() const {
-    const auto n = static_cast<double>(values_.size());
-    if (n < 2.0) return kUndefined;
-    const double mean = Sum([](double x) { return x; }) / n;
-    return InverseRoot(Sum([&](double x) { return (x - mean) * (x - mean); }) / (n - 1.0));
-  }
-  double InverseRootMeanSquare() const {
-    const auto n = static_cast<double>(values_.size());
-    return InverseRoot(Sum([](double x) { return x * x; }) / n);
-  }
-
- private:
-  template <typename Term>
-  double Sum(Term term) const {
-    double sum = 0.0;
-    for (const double value : values_) sum += term(value);
-    return sum;
-  }
-  static double InverseRoot(double mean_square) {
-    return mean_square > kNegligible ? 1.0 / std::sqrt(mean_square) : kUndefined;
-  }
-
-  std::vector<double> values_;
-};
 
 // The root of a weight; undefined stays undefined.
 double Root(double weight) {
@@ -68,16 +27,16 @@ float Modified(double weight, float modifier) {
   return ToElement(IsMissing(weight) || IsMissing(modifier) ? weight : weight * modifier);
 }
 
-float Weight(EScaType type, const ScaData& present, const MaskedColumn& column) {
+float Weight(EScaType type, const ScaData& present, const ColumnSpreads& spreads, int column) {
   switch (type) {
     case EScaType::kUV:
-      return Modified(column.InverseDeviation(), present.GetScaC1());
+      return Modified(spreads.InverseDeviation(column), present.GetScaC1());
     case EScaType::kUVN:
-      return Modified(column.InverseRootMeanSquare(), present.GetScaC1());
+      return Modified(spreads.InverseRootMeanSquare(column), present.GetScaC1());
     case EScaType::kPar:
-      return Modified(Root(column.InverseDeviation()), present.GetScaC1());
+      return Modified(Root(spreads.InverseDeviation(column)), present.GetScaC1());
     case EScaType::kParN:
-      return Modified(Root(column.InverseRootMeanSquare()), present.GetScaC1());
+      return Modified(Root(spreads.InverseRootMeanSquare(column)), present.GetScaC1());
     case EScaType::kCtr:
     case EScaType::kNone:
       return 1.0f;
@@ -146,21 +105,29 @@ int ScaInfo::Update(short var, const VarInfo* variables, const XFMatrix* matrix,
   if (variables == nullptr || matrix == nullptr || mask == nullptr) {
     return SetStatus(status::mva::kNullPointer);
   }
+  const short column = FindColumn(var, *variables, *matrix);
+  if (column == 0) return SetStatus(status::mva::kVariableNotAvailable);
+  return SetStatus(MemoryGuarded(
+      [&] { return SetWeights(var, type, ColumnSpreads(*matrix, *mask, column, 1), column); }));
+}
+
+// Where both tables have the variable and the matrix its column, else 0.
+short ScaInfo::FindColumn(short var, const VarInfo& variables, const XFMatrix& matrix) const {
   const short i = FindVar(var);
   // The two tables mostly have the same order.
-  const short j = variables->GetVNum(i) == var ? i : variables->GetVIx(var);
-  if (i == 0 || j == 0 || j > matrix->NCol()) return SetStatus(status::mva::kVariableNotAvailable);
-  const EScaType resolved = Resolved(type, GetItm(i)->GetScaType());
+  const short j = variables.GetVNum(i) == var ? i : variables.GetVIx(var);
+  return i == 0 || j > matrix.NCol() ? short{0} : j;
+}
+
+int ScaInfo::SetWeights(short var, EScaType type, const ColumnSpreads& spreads, int column) {
+  const ScaData& present = *GetItm(FindVar(var));
+  const EScaType resolved = Resolved(type, present.GetScaType());
   if (resolved < EScaType::kUdef || resolved > EScaType::kFWN) {
-    return SetStatus(status::mva::kIndexOutOfRange);
+    return status::mva::kIndexOutOfRange;
   }
-  return SetStatus(MemoryGuarded([&] {
-    const ScaData& present = *GetItm(i);
-    const MaskedColumn column(*matrix, j, *mask);
-    return Update(ScaData(var, present.GetINam(), resolved, Weight(resolved, present, column),
-                          ToElement(column.InverseDeviation()), present.GetScaC1(),
-                          present.GetScaC2()));
-  }));
+  return Update(
+      ScaData(var, present.GetINam(), resolved, Weight(resolved, present, spreads, column),
+              ToElement(spreads.InverseDeviation(column)), present.GetScaC1(), present.GetScaC2()));
 }
 
 int ScaInfo::TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
@@ -185,8 +152,12 @@ int ScaInfo::UpdateAll(const VarInfo* variables, const XFMatrix* matrix) {
   if (variables == nullptr || matrix == nullptr) return SetStatus(status::mva::kNullPointer);
   return SetStatus(MemoryGuarded([&] {
     const XI1Vector all = SelectIf(matrix->NRow(), [](short) { return true; });
+    const ColumnSpreads spreads(*matrix, all, 1, matrix->NCol());
     for (short i = 1; GetItm(i) != nullptr; ++i) {
-      const int status = Update(GetINum(i), variables, matrix, &all, GetItm(i)->GetScaType());
+      const short var = GetINum(i);
+      const short column = FindColumn(var, *variables, *matrix);
+      if (column == 0) return status::mva::kVariableNotAvailable;
+      const int status = SetWeights(var, GetItm(i)->GetScaType(), spreads, column);
       if (status != status::kOk) return status;
     }
     return status::kOk;

@@ -13,6 +13,7 @@
 
 namespace zemva {
 
+class ColumnSpreads;
 class ExpInfo;
 class LagInfo;
 class Model;
@@ -153,6 +154,8 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   int ShowAll(StreamWindow& window) override;
 
  private:
+  short FindColumn(short var, const VarInfo& variables, const XFMatrix& matrix) const;
+  int SetWeights(short var, EScaType type, const ColumnSpreads& spreads, int column);
   // What SetScaInfo does with the rows of another table.
   int TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
                bool is_from_data);
