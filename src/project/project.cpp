@@ -20,6 +20,16 @@ auto* Find(Map& all, short number) {
   return found == all.end() ? nullptr : &found->second;
 }
 
+// One more than the last, or where that is the most there can be, the smallest that is free.
+template <typename Map>
+short NextNumber(const Map& all, short most) {
+  if (all.empty()) return 1;
+  if (all.rbegin()->first < most) return static_cast<short>(all.rbegin()->first + 1);
+  short number = 1;
+  while (all.contains(number)) ++number;
+  return number;
+}
+
 }  // namespace
 
 Project::Project(const char* name, StreamWindow& window)
@@ -31,13 +41,13 @@ template <typename Owned, typename Make>
 short Project::Add(Numbered<Owned>& all, short most, Make make) {
   short number = 0;
   SetStatus(MemoryGuarded([&] {
-    const short last = all.empty() ? short{0} : all.rbegin()->first;
-    if (last >= most) return status::mva::kTooManyModels;
+    if (all.size() >= static_cast<std::size_t>(most)) return status::mva::kTooManyModels;
     Owned owned{};
-    const int status = make(static_cast<short>(last + 1), owned);
+    const short free = NextNumber(all, most);
+    const int status = make(free, owned);
     if (status != status::kOk) return status;
-    number = static_cast<short>(last + 1);
-    all.emplace(number, std::move(owned));
+    all.emplace(free, std::move(owned));
+    number = free;
     return status::kOk;
   }));
   return status_ == status::kOk ? number : short{0};
@@ -72,18 +82,25 @@ short Project::AddPredset(short dataset, short workset, const char* name) {
 }
 
 short Project::AddModel(short workset, EModType type, char selector) {
-  return Add(models_, kMaxModels, [&](short number, std::unique_ptr<WorksetModel>& owned) {
-    Workset* const source = GetWorkset(workset);
-    if (source == nullptr) return status::mva::kNoSuchNumber;
-    owned = std::make_unique<WorksetModel>(*this, *source, type, selector, window_);
-    if (owned->GetStatus() != status::kOk) return owned->GetStatus();
-    Model& model = *owned->GetModel();
-    model.SetModNum(number);
-    model.SetModNam(NumberedName("M", number).c_str());
-    const int status = models_info_.AddWM(number, model.GetModNam(), owned.get());
-    if (status == status::kOk) source->SetIsFrozen(true);
-    return status;
-  });
+  Workset* const source = GetWorkset(workset);
+  const short number =
+      Add(models_, kMaxModels, [&](short free, std::unique_ptr<WorksetModel>& owned) {
+        if (source == nullptr) return status::mva::kNoSuchNumber;
+        owned = std::make_unique<WorksetModel>(*this, *source, type, selector, window_);
+        if (owned->GetStatus() != status::kOk) return owned->GetStatus();
+        owned->GetModel()->SetModNum(free);
+        owned->GetModel()->SetModNam(NumberedName("M", free).c_str());
+        return status::kOk;
+      });
+  if (number == 0) return 0;
+  WorksetModel* const added = GetModel(number);
+  const char* const name = added->GetModel()->GetModNam();
+  if (SetStatus(models_info_.AddWM(number, name, added)) != status::kOk) {
+    models_.erase(number);
+    return 0;
+  }
+  source->SetIsFrozen(true);
+  return number;
 }
 
 Dataset* Project::GetDataset(short number) const {
@@ -111,7 +128,10 @@ int Project::Compute(short number) {
   if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
   current_workset_ = &workset_model->GetWorkset();
   Model& model = *workset_model->GetModel();
-  int status = model.Compute();
+  const ModOpt& options = workset_model->GetModOpt();
+  const bool has_all =
+      !options.GetIsRule() && options.GetNComp() > 0 && model.GetA() >= options.GetNComp();
+  int status = has_all ? status::kOk : model.Compute();
   while (status == status::mva::kNotCompleted) status = model.Compute();
   if (status == status::mva::kComponentAborted) status = status::kOk;
   if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(char{0});

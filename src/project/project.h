@@ -19,10 +19,10 @@
 
 namespace zemva {
 
-// Owns all that is added to it or made by it, each kind numbered from 1 on in its own right; a
-// number that was deleted is not used again while a larger one is. What depends on something else
-// is deleted before it, and stands against its deletion: a model and a prediction set depend on
-// their work set, both sets on their data set.
+// Owns all that is added to it or made by it, each kind numbered from 1 on in its own right: one
+// more than the last, or where there can be no larger number the smallest that is free. What
+// depends on something else is deleted before it, and stands against its deletion: a model and a
+// prediction set depend on their work set, both sets on their data set.
 //
 // What makes something returns its number, or 0 with the status; what else can fail returns the
 // status. 8002 when memory runs out. 8014 for a number that there is not.
@@ -65,8 +65,9 @@ class ZEMVA_API Project : public ModelOwner {
 
   // --- Computing ---
 
-  // Fits components while there are more to fit, and executes the model on its work set. The code
-  // of the model; 0 too when the rules have refused a component, whatever the number before it.
+  // Fits components while there are more to fit, and executes the model on its work set. Nothing is
+  // fitted to a model that has as many as it is to have. The code of the model; 0 too when the
+  // rules have refused a component, whatever the number before it.
   int Compute(short model);
   // Executes a model on a prediction set of its work set; 8040 for one of another.
   int ExecPS(short model, short predset);

@@ -42,12 +42,18 @@ int DataBlock::Extract(Workset& workset, EModType type, char selector) {
   if (status == status::kOk) take(terms_, workset.ExtExpInfo(type, block_, selector));
   if (status == status::kOk) take(lags_, workset.ExtLagInfo(type, block_, selector));
   if (status == status::kOk) take(blocks_, workset.ExtBlkInfo(type, block_, selector));
-  if (status != status::kOk) {
-    Unload();
-    return status;
-  }
-  DescribeLoaded();
-  return status::kOk;
+  if (status == status::kOk) DescribeLoaded();
+  return status;
+}
+
+bool DataBlock::HasDataOf(const DataBlock& other) const {
+  const auto equal = [](const XFVector& one, const XFVector& two) {
+    return std::ranges::equal(one.Values(), two.Values());
+  };
+  return equal(info_->loaded.sso, other.info_->loaded.sso) &&
+         equal(info_->loaded.ssv, other.info_->loaded.ssv) &&
+         equal(info_->loaded_average, other.info_->loaded_average) &&
+         equal(info_->weights, other.info_->weights);
 }
 
 void DataBlock::Unload() {

@@ -39,9 +39,12 @@ class DataBlock {
 
   // --- Loading ---
 
-  // Takes matrix and tables out of a work set. The work set's code when it refuses, and 8002.
+  // Takes matrix and tables out of a work set, into a block that holds nothing yet. The work set's
+  // code when it refuses.
   int Extract(Workset& workset, EModType type, char selector);
   bool IsLoaded() const { return values_ != nullptr; }
+  // Whether both were loaded from the same values with the same weights.
+  bool HasDataOf(const DataBlock& other) const;
   // Frees matrix, tables and residuals; the record of component 0 stays.
   void Unload();
 

@@ -1,7 +1,9 @@
 #include "model/driver/model.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "base/time_stamp.h"
 #include "errors/status.h"
@@ -9,24 +11,42 @@
 #include "model/driver/distances.h"
 #include "model/workset/predset.h"
 #include "model/workset/workset.h"
+#include "settings/paths.h"
 
 namespace zemva {
 namespace {
 
 constexpr short kFewestObservations = 4;
+constexpr char kNoAddress[] = "NoAddress";
+
+// Owns no data.
+class Nobody : public ModelOwner {
+ public:
+  Workset* GetCurrentWorkset() override { return nullptr; }
+  Predset* GetCurrentPredset() override { return nullptr; }
+  const PrjOpt& GetOptions() const override { return options_; }
+
+ private:
+  PrjOpt options_{true};
+};
+
+ModelOwner& GetNobody() {
+  static Nobody nobody;
+  return nobody;
+}
 
 }  // namespace
 
 Model::Model(ModelOwner* owner, EModType type, StreamWindow& window, ModOpt* options, char selector)
-    : owner_(owner),
+    : owner_(owner == nullptr ? &GetNobody() : owner),
       type_(type),
-      options_(options),
+      options_(options == nullptr ? &own_options_ : options),
       selector_(selector),
       x_(std::make_unique<DataBlock>(EBlock::kX)),
       log_(window) {
   header_.name.Set("UnNamed");
   header_.title.Set("Untitled");
-  header_.address.Set("NoAddress");
+  header_.address.Set(kNoAddress);
   header_.creation_date = TimeStamp();
   if (owner == nullptr || options == nullptr) status_ = status::mva::kNullPointer;
 }
@@ -37,7 +57,8 @@ Model::Model(const Model& other)
       type_(other.type_),
       header_(other.header_),
       dataset_name_(other.dataset_name_),
-      options_(other.options_),
+      own_options_(other.own_options_),
+      options_(other.options_ == &other.own_options_ ? &own_options_ : other.options_),
       selector_(other.selector_),
       observations_(other.observations_),
       classes_(other.classes_),
@@ -45,6 +66,7 @@ Model::Model(const Model& other)
       a0_(other.a0_),
       log_(other.log_),
       is_overrun_(other.is_overrun_),
+      is_search_over_(other.is_search_over_),
       status_(other.status_) {}
 
 Model::~Model() = default;
@@ -55,14 +77,14 @@ bool Model::HasFailed() const {
 }
 
 int Model::Compute() {
-  if (status_ == status::mva::kComponentAborted) return status_;
-  if (!IsLoaded()) Load();
-  if (!HasFailed() && !x_->IsCentered()) Center();
+  if (!HasFailed() && !IsSearchOver()) Load();
+  if (!HasFailed() && IsLoaded() && !x_->IsCentered()) Center();
   const int count_before = GetComponentCount();
   const int status = HasFailed() ? status_ : CalcComp();
-  if (status != status::kOk) return SetStatus(status);
+  if (status != status::kOk) return status;
   const int count = GetComponentCount();
   if (count == count_before) return status::kOk;
+  // A first component of a designed X is followed by a second one where the rules let it stand.
   const bool is_designed_start = options_->GetIsXDesigned() && count <= 1;
   const bool is_further_wanted = options_->GetIsRule()
                                      ? GetVerdict(GetA()) < EVerdict::kRule3 || is_designed_start
@@ -70,41 +92,45 @@ int Model::Compute() {
   return SetStatus(is_further_wanted ? status::mva::kNotCompleted : status::kOk);
 }
 
-int Model::Load() {
-  return LoadWS();
-}
-
 int Model::LoadWS() {
   return Run([&] {
     Workset* const workset = owner_->GetCurrentWorkset();
     if (workset == nullptr) return status::mva::kWorksetNotAvailable;
-    int status = x_->Extract(*workset, type_, selector_);
+    auto block = std::make_unique<DataBlock>(EBlock::kX);
+    int status = block->Extract(*workset, type_, selector_);
     if (status != status::kOk) return status;
-    observations_.reset(workset->ExtObsInfo(type_, selector_));
-    if (observations_ == nullptr) return workset->GetStatus();
-    classes_.reset(workset->ExtClaInfo(type_, selector_));
-    if (classes_ == nullptr && workset->GetStatus() != status::kOk) return workset->GetStatus();
+    std::unique_ptr<ObsInfo> observations(workset->ExtObsInfo(type_, selector_));
+    if (observations == nullptr) return workset->GetStatus();
+    std::unique_ptr<ClaInfo> classes(workset->ExtClaInfo(type_, selector_));
+    if (classes == nullptr && workset->GetStatus() != status::kOk) return workset->GetStatus();
+    status = CheckX(*block, *observations);
+    if (status != status::kOk) return status;
+    if (GetComponentCount() > 0 && !block->HasDataOf(*x_)) {
+      return status::mva::kInconsistentWorksets;
+    }
+    x_ = std::move(block);
+    observations_ = std::move(observations);
+    classes_ = std::move(classes);
     dataset_name_.Set(workset->GetDataset().GetDSNam());
-    status = CheckX();
-    if (status != status::kOk) x_->Unload();
-    return status;
+    return status::kOk;
   });
 }
 
-int Model::CheckX() {
-  if (GetNObs() < kFewestObservations) return status::mva::kTooFewObservations;
+int Model::CheckX(DataBlock& block, const ObsInfo& observations) {
+  if (block.GetRowCount() < kFewestObservations) return status::mva::kTooFewObservations;
   const MissingLimits limits{options_->GetMaxMisValVarLS(), options_->GetMaxMisValObsLS()};
-  const int status = x_->CheckMissing(*observations_, limits, *owner_, log_);
+  const int status = block.CheckMissing(observations, limits, *owner_, log_);
   if (status != status::kOk) return status;
-  if (type_ != EModType::kNoVarianceCheck) x_->CheckVariance(log_);
-  return x_->FindWeights(log_);
+  if (type_ != EModType::kNoVarianceCheck) block.CheckVariance(log_);
+  return block.FindWeights(log_);
 }
 
 int Model::Center() {
   return Run([&] {
     if (!IsLoaded()) return status::mva::kDataNotAvailable;
-    a0_ = options_->GetIsCenter() ? 1 : 0;
-    return x_->Center(options_->GetIsCenter());
+    // Components that there are stay those of the centre that they were fitted about.
+    if (GetComponentCount() == 0) a0_ = options_->GetIsCenter() ? 1 : 0;
+    return x_->Center(a0_ != 0);
   });
 }
 
@@ -121,6 +147,7 @@ int Model::ExecLS(char a) {
 int Model::ExecPS() {
   return Run([&] {
     if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
+    DeletePSResults();
     Predset* const predset = owner_->GetCurrentPredset();
     if (predset == nullptr) return status::mva::kPredsetNotAvailable;
     const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(type_, EBlock::kX, selector_));
@@ -140,7 +167,32 @@ int Model::RSEqn(StreamWindow& /*window*/) {
 
 int Model::Unload() {
   x_->Unload();
+  observations_.reset();
+  classes_.reset();
   return status::kOk;
+}
+
+int Model::Save(short number) {
+  SetModNum(number);
+  const bool has_address = header_.address.View() != kNoAddress;
+  const int status =
+      has_address ? WriteListing(GetModAddr(), &Model::ShowAll) : status::dio::kFileNameMissing;
+  if (status == status::kOk) {
+    saved_address_ = header_.address;
+  } else {
+    log_.Write("Could not save model\n");
+  }
+  return status;
+}
+
+int Model::SaveRes(const char* path) {
+  return path == nullptr ? status::mva::kNullPointer : WriteListing(path, &Model::ShowRes);
+}
+
+int Model::DeleteFiles() {
+  const bool is_gone = saved_address_.IsEmpty() || RemoveFile(saved_address_.View());
+  if (is_gone) saved_address_.Set("");
+  return is_gone ? status::kOk : status::fio::kOther;
 }
 
 bool Model::IsLoaded() const {

@@ -44,7 +44,8 @@ struct ModelSize;
 // Every operation returns a status code and keeps it for GetStatus. While that is a failure all
 // others return it at once, until Reset; 8012 and 8029 are none. 8002 when memory runs out, 8011
 // without a work set, 8010 where there are no components yet, 8009 for what needs data that are
-// not loaded. A failed operation leaves the components that there are.
+// not loaded. A failed operation leaves the components that there are. Once the rules have refused
+// a component, with 8029, there is no further one until Reset.
 //
 // Functions that return a value return the missing value where there is no such component,
 // observation or variable, and what a model of the kind does not have: 0 for a count and for a
@@ -187,7 +188,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual float GetYPredErrPS(short /*i*/, short /*m*/) const { return kMissing; }
   // Takes the X data out of the owner's work set and checks them; messages tell what is unusual.
   // 8020 for fewer than 4 observations; 8039 for a variable with fewer than 4 values; 8038 for an
-  // undefined weight.
+  // undefined weight; 8040 for other data than those that there are components of. A failure
+  // changes nothing.
   virtual int LoadWS();
   // Makes what components 1..a leave of X, centred and scaled: a new matrix, the caller's. Null,
   // with the status, when it cannot.
@@ -203,10 +205,13 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual int ShowComp(char a, StreamWindow& window) = 0;
   virtual int ShowInit(StreamWindow& window);
   virtual int ShowRes(StreamWindow& window) = 0;
-  // Frees the loaded data; components and results stay.
+  // Frees the loaded data and tables; components and results stay.
   virtual int Unload();
   // All listings but the table.
   virtual int ShowAll(StreamWindow& window) = 0;
+
+  // LoadWS, unless the data are loaded.
+  int Load() { return IsLoaded() ? status::kOk : LoadWS(); }
 
   // --- Execution ---
 
@@ -233,14 +238,14 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   float GetR2VXadj(char a, short k) const;
   float GetR2VAX(char a, short k) const;
   float GetR2VAXadj(char a, short k) const;
-  float GetSSX(char a) const;
-  float GetSSVX(char a, short k) const;
-  float GetSSOX(char a, short i) const;
-  float GetT(char a, short i) const;
+  virtual float GetSSX(char a) const;
+  virtual float GetSSVX(char a, short k) const;
+  virtual float GetSSOX(char a, short i) const;
+  virtual float GetT(char a, short i) const;
   float GetS2WX(char a) const;
   // The verdict on a component: "R1" and "R2" for significant by rule 1 and 2; "N3" to "N6" for not
   // significant by rule 3 to 5 and by the eigenvalue; "" for none.
-  const char* GetSignRule(char a) const;
+  virtual const char* GetSignRule(char a) const;
   EVerdict GetVerdict(char a) const;
 
   // --- What the model is made of ---
@@ -286,12 +291,14 @@ class ZEMVA_API Model : public ConstructDestructMessage {
 
   // --- Listings on disk ---
 
+  // These leave the status alone.
+  //
   // Gives the model a number and writes all its listings to its address. 1006, and "Could not save
-  // model" in the log, when that fails.
+  // model" in the log, when that fails; 2011 likewise while it has only the address it began with.
   int Save(short number);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
-  // Removes what Save wrote; nothing where there is nothing. 1007 when it cannot be removed.
+  // Removes the file that Save wrote last, if there is one. 1007 when it cannot be removed.
   int DeleteFiles();
 
  protected:
@@ -304,9 +311,18 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   template <typename Operation>
   int Run(Operation operation) {
     if (HasFailed()) return status_;
-    return status_ = MemoryGuarded(operation);
+    status_ = MemoryGuarded(operation);
+    if (status_ == status::mva::kComponentAborted) is_search_over_ = true;
+    return status_;
   }
   bool HasFailed() const;
+  // Whether the rules have refused a component.
+  bool IsSearchOver() const { return is_search_over_; }
+  // For a model that has dropped components.
+  int ClearStatus() {
+    is_search_over_ = false;
+    return status_ = status::kOk;
+  }
   int SetStatus(int status) { return status_ = status; }
 
   // How far a correction for missing values may go for a loading.
@@ -318,21 +334,21 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   ModelSize GetSize(int a) const;
   ModelOwner& GetOwner() const { return *owner_; }
   ModOpt& GetOptions() const { return *options_; }
-  char GetSelector() const { return selector_; }
   ModelLog& GetLog() { return log_; }
   void SetIsOverrun() { is_overrun_ = true; }
   // The components in use: `asked`, or all where that is 0 or too many.
   int GetUsed(short asked) const;
 
  private:
-  int Load();
-  int CheckX();
+  int CheckX(DataBlock& block, const ObsInfo& observations);
   int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
 
-  ModelOwner* owner_;
+  ModelOwner* owner_;  // nobody where none was given
   EModType type_;
   ObjectHeader header_;
   FixedText<24> dataset_name_;
+  FixedText<260> saved_address_;
+  ModOpt own_options_;  // where none were given
   ModOpt* options_;
   char selector_;
   std::shared_ptr<ObsInfo> observations_;
@@ -341,6 +357,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int a0_ = 0;
   ModelLog log_;
   bool is_overrun_ = false;
+  bool is_search_over_ = false;
   int status_ = 0;
 };
 

@@ -8,7 +8,6 @@
 #include "model/driver/data_block.h"
 #include "model/driver/model.h"
 #include "model/driver/value_listing.h"
-#include "settings/paths.h"
 
 namespace zemva {
 namespace {
@@ -72,21 +71,6 @@ int Model::WriteListing(const char* path, int (Model::*list)(StreamWindow&)) {
     const bool is_written = std::fwrite(text.data(), 1, text.size(), stream) == text.size();
     return is_written && file.Commit() ? status::kOk : status::fio::kWriteError;
   });
-}
-
-int Model::Save(short number) {
-  SetModNum(number);
-  const int status = WriteListing(GetModAddr(), &Model::ShowAll);
-  if (status != status::kOk) log_.Write("Could not save model\n");
-  return status;
-}
-
-int Model::SaveRes(const char* path) {
-  return path == nullptr ? status::mva::kNullPointer : WriteListing(path, &Model::ShowRes);
-}
-
-int Model::DeleteFiles() {
-  return RemoveFile(GetModAddr()) ? status::kOk : status::fio::kOther;
 }
 
 }  // namespace zemva

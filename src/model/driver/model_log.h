@@ -23,7 +23,6 @@ class ModelLog {
     is_written_ = true;
     window_ << lines;
   }
-  StreamWindow& GetWindow() const { return window_; }
 
   bool IsWritten() const { return is_written_; }
   void ClearIsWritten() { is_written_ = false; }

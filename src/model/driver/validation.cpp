@@ -90,8 +90,8 @@ void JudgeByQ2(int required_count, CompInfo& component, ModelLog& log) {
   }
 }
 
-bool JudgeBySize(int component_count, int dimension, CompInfo& component, ModelLog& log) {
-  if (component_count <= dimension / 3 + 1) return false;
+bool JudgeBySize(int a, int dimension, CompInfo& component, ModelLog& log) {
+  if (a <= dimension / 3 + 1) return false;
   component.verdict = EVerdict::kRule3;
   log.Write("Not significant component acc. to rule 3.\n");
   return true;

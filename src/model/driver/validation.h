@@ -40,7 +40,7 @@ void SetQ2(double press, std::span<const double> press_by_variable, const Stage&
 void JudgeByQ2(int required_count, CompInfo& component, ModelLog& log);
 
 // Rule 3: a component beyond the third of the smaller dimension. Whether it holds.
-bool JudgeBySize(int component_count, int dimension, CompInfo& component, ModelLog& log);
+bool JudgeBySize(int a, int dimension, CompInfo& component, ModelLog& log);
 
 // Rule 4: a component that takes less than a hundredth of the sum of squares at stage 0, and of no
 // variable's more than `variable_limit`. Whether it holds; only rule 3's verdict is kept then.

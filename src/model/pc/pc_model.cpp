@@ -1,7 +1,6 @@
 #include "model/pc/pc_model.h"
 
 #include <memory>
-#include <string>
 
 #include "errors/status.h"
 #include "model/driver/data_block.h"
@@ -26,19 +25,6 @@ const CompInfo* PCModel::GetComponent(int a) const {
   return is_there ? &components_[static_cast<std::size_t>(a - 1)] : nullptr;
 }
 
-int PCModel::LoadWS() {
-  const int status = Model::LoadWS();
-  if (status != status::kOk) return status;
-  return Run([&] {
-    const int element_count = GetNObs() * GetNVarX();
-    if (GetOptions().GetNCV() > element_count) {
-      GetOptions().SetNCV(static_cast<short>(element_count));
-      GetLog().Write("NCV is reduced to NObs*NVar: " + std::to_string(element_count) + "\n");
-    }
-    return status::kOk;
-  });
-}
-
 int PCModel::Center() {
   const int status = Model::Center();
   if (status != status::kOk) return status;
@@ -52,7 +38,7 @@ int PCModel::Center() {
 int PCModel::Reset(short a) {
   if (a < 0) return SetStatus(status::mva::kIndexOutOfRange);
   while (GetComponentCount() > a) DropComp();
-  return SetStatus(status::kOk);
+  return ClearStatus();
 }
 
 void PCModel::DropComp() {
@@ -69,6 +55,12 @@ XFMatrix* PCModel::MakeResid(char a) {
     matrix = std::make_unique<XFMatrix>("LSResiduals", GetNObs(), GetNVarX(), kMissing);
     if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
     GetX().GetResiduals().CopyTo(*matrix);
+    // Nothing is left of a variable that takes no part.
+    for (short k = 1; k <= GetNVarX(); ++k) {
+      for (short i = 1; i <= GetNObs() && GetWeigX(k) == 0.0f; ++i) {
+        if (!IsMissing(GetX().GetValues()[i][k])) (*matrix)[i][k] = 0.0f;
+      }
+    }
     for (int c = GetA(); c > a; --c) {
       matrix->Addcomp(&GetComponent(c)->t, &GetComponent(c)->p);
     }

@@ -57,7 +57,6 @@ class ZEMVA_API PCModel : public Model {
   int DeletePSResults() override;
   int ExecLS(XFMatrix* residuals) override;
   int ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) override;
-  int LoadWS() override;
   XFMatrix* MakeResid(char a) override;
   int Reset(short a) override;
 
@@ -75,15 +74,15 @@ class ZEMVA_API PCModel : public Model {
   float GetDCritTrSLS() const override;
   float GetXResLS(char a, short i, short k) const override;
   // Hotelling's T2 of an observation: the sum of t^2 / S2t over components 1..a, or first..last.
-  float GetT2LS(char a, short i) const;
-  float GetT2RangeLS(char first, char last, short i) const;
+  virtual float GetT2LS(char a, short i) const;
+  virtual float GetT2RangeLS(char first, char last, short i) const;
   // The half-axis of the confidence ellipse in a plot of two score vectors, for the upper-tail
   // probability `p`: sqrt(S2t 2 F (N - 1) / (N - 2)) with F of 2 and N - 2 degrees of freedom.
-  float GetTCritAxisLen(char a, float p) const;
+  virtual float GetTCritAxisLen(char a, float p) const;
   // Whether distances are divided by the standard deviation of all residuals, and whether residuals
   // are weighted by modelling power.
-  bool IsNormDistLS() const { return GetOptions().GetIsNormDistLS(); }
-  bool IsWResLS() const { return GetOptions().GetIsWResLS(); }
+  virtual bool IsNormDistLS() const { return GetOptions().GetIsNormDistLS(); }
+  virtual bool IsWResLS() const { return GetOptions().GetIsWResLS(); }
 
   // --- Of the prediction set; missing for another number of components than was executed ---
 
@@ -93,17 +92,17 @@ class ZEMVA_API PCModel : public Model {
   ObsInfo* GetObsInfoPS() const override;
   short GetObsIxPS(short i) const override;
   // Whether the model was fitted to the observation; false for a bad position.
-  bool IsMembPS(short i) const;
-  float GetTPredPS(char a, short i) const;
+  virtual bool IsMembPS(short i) const;
+  virtual float GetTPredPS(char a, short i) const;
   float GetDModXPS(char a, short i) const override;
   float GetPModXPS(char a, short i) const override;
   float GetDCritTeSPS() const override;
   float GetDCritTrSPS() const override;
   float GetXResPS(short i, short k) const override;
-  float GetT2PS(char a, short i) const;
-  float GetT2RangePS(char first, char last, short i) const;
-  bool IsNormDistPS() const { return GetOptions().GetIsNormDistPS(); }
-  bool IsWResPS() const { return GetOptions().GetIsWResPS(); }
+  virtual float GetT2PS(char a, short i) const;
+  virtual float GetT2RangePS(char first, char last, short i) const;
+  virtual bool IsNormDistPS() const { return GetOptions().GetIsNormDistPS(); }
+  virtual bool IsWResPS() const { return GetOptions().GetIsWResPS(); }
 
   int Show(StreamWindow& window) override;
   int ShowAll(StreamWindow& window) override;

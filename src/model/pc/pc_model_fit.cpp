@@ -93,6 +93,11 @@ int PCModel::Nipals(const LeftOut& left_out, XFVector& p, XFVector& t, short& it
 }
 
 int PCModel::CrossValidate(PCCompInfo& component) {
+  const int element_count = GetNObs() * GetNVarX();
+  if (GetOptions().GetNCV() > element_count) {
+    GetOptions().SetNCV(static_cast<short>(element_count));
+    GetLog().Write("NCV is reduced to NObs*NVar: " + std::to_string(element_count) + "\n");
+  }
   const short group_count = GetGroupCount(GetOptions().GetNCV(), GetNVarXUsed(), GetLog());
   if (group_count == 0) return status::mva::kArgument;
   GetOptions().SetNCV(group_count);

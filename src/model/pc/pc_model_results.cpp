@@ -24,6 +24,9 @@ int PCModel::DeleteLSResults() {
 int PCModel::ExecLS(XFMatrix* residuals) {
   return Run([&] {
     if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
+    const bool fits =
+        residuals == nullptr || (residuals->NRow() == GetNObs() && residuals->NCol() == GetNVarX());
+    if (!fits) return status::mva::kIndexOutOfRange;
     int status = AddLSResults();
     if (status != status::kOk) return status;
     DistanceResults& results = *workset_results_;
@@ -34,9 +37,6 @@ int PCModel::ExecLS(XFMatrix* residuals) {
     }
     status = SetLimits(GetGaugeLS(a), GetOptions().GetSignLevLS(), results.limits);
     if (status != status::kOk || residuals == nullptr) return status;
-    if (residuals->NRow() != GetNObs() || residuals->NCol() != GetNVarX()) {
-      return status::mva::kIndexOutOfRange;
-    }
     const std::unique_ptr<XFMatrix> left(MakeResid(a));
     if (left == nullptr) return GetStatus();
     return residuals->Copy(left.get()) == status::kOk ? status::kOk : status::mva::kMemory;
