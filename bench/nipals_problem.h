@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "base/positions.h"
 #include "zemva.h"
 
 namespace zemva {
@@ -52,7 +53,7 @@ class FiveComponentModel : private ModelOwner {
  public:
   // With `groups` above 0 each component is cross-validated.
   FiveComponentModel(const XFMatrix& table, int groups) : dataset_(MakeDataset(table)) {
-    for (short k = 1; k <= workset_.GetNVar(); ++k) workset_.SetScaling(k, EScaType::kNone);
+    for (const short k : PositionsUpTo(workset_.GetNVar())) workset_.SetScaling(k, EScaType::kNone);
     options_.SetIsRule(false);
     options_.SetIsSeq(false);
     options_.SetNComp(kComponents);

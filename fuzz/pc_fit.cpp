@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 
+#include "base/positions.h"
 #include "model/pc/pc_model.h"
 #include "project/project.h"
 
@@ -85,13 +86,13 @@ void CheckNumbers(const PCModel& model) {
           model.GetS2T(a), model.GetDFX(a), model.GetS2X(a), model.GetS2WX(a)}) {
       check(value);
     }
-    for (short i = 1; i <= model.GetNObs(); ++i) {
+    for (const short i : PositionsUpTo(model.GetNObs())) {
       for (const float value : {model.GetT(a, i), model.GetDModXLS(a, i), model.GetPModXLS(a, i),
                                 model.GetT2LS(a, i), model.GetOLevX(a, i)}) {
         check(value);
       }
     }
-    for (short k = 1; k <= model.GetNVarX(); ++k) {
+    for (const short k : PositionsUpTo(model.GetNVarX())) {
       for (const float value : {model.GetP(a, k), model.GetMPowX(a, k), model.GetQ2VX(a, k),
                                 model.GetR2VX(a, k), model.GetXResLS(a, 1, k)}) {
         check(value);
@@ -99,7 +100,7 @@ void CheckNumbers(const PCModel& model) {
     }
   }
   const char used = model.GetASelPS();
-  for (short i = 1; i <= model.GetNObsPS(); ++i) {
+  for (const short i : PositionsUpTo(model.GetNObsPS())) {
     for (const float value : {model.GetTPredPS(1, i), model.GetDModXPS(used, i),
                               model.GetPModXPS(used, i), model.GetT2PS(used, i)}) {
       check(value);
@@ -115,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto scaling = static_cast<EScaType>(1 + bytes.Next(6));
   const short dataset = project.AddDataset(MakeDataset(bytes).release());
   const short workset = project.AddWorkset(dataset, "WS");
-  for (short j = 1; j <= project.GetWorkset(workset)->GetNVar(); ++j) {
+  for (const short j : PositionsUpTo(project.GetWorkset(workset)->GetNVar())) {
     project.GetWorkset(workset)->SetScaling(j, scaling);
   }
   const short model = project.AddModel(workset, EModType::kPC1, 0);

@@ -1,4 +1,5 @@
 #include "csv_columns.h"
+#include "base/positions.h"
 
 #include "base/atomic_file.h"
 #include "code_page.h"
@@ -40,7 +41,7 @@ bool CsvColumns::WriteTo(const std::string& path, short row_count) const {
   CsvWriter csv(file.GetStream());
   for (const Column& column : columns_) csv.Text(column.name);
   csv.EndRow();
-  for (short i = 1; i <= row_count; ++i) {
+  for (const short i : PositionsUpTo(row_count)) {
     for (const Column& column : columns_) column.write(i, csv);
     csv.EndRow();
   }

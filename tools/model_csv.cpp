@@ -1,4 +1,5 @@
 #include "model_csv.h"
+#include "base/positions.h"
 
 #include <filesystem>
 #include <system_error>
@@ -16,7 +17,7 @@ namespace {
 // For each position of the prediction set in its data set that of its results, 0 where it has none.
 std::vector<short> ResultPositions(const PCModel& model, short row_count) {
   std::vector<short> positions(static_cast<std::size_t>(row_count) + 1);
-  for (short i = 1; i <= model.GetNObsPS(); ++i) {
+  for (const short i : PositionsUpTo(model.GetNObsPS())) {
     positions.at(static_cast<std::size_t>(model.GetObsIxPS(i))) = i;
   }
   return positions;

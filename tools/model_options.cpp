@@ -1,4 +1,5 @@
 #include "model_options.h"
+#include "base/positions.h"
 
 #include <algorithm>
 #include <charconv>
@@ -180,7 +181,7 @@ char ParseClass(std::string_view option, std::string_view text) {
 }
 
 int SetUpWorkset(const ModelOptions& options, Workset& workset) {
-  for (short j = 1; j <= workset.GetNVar(); ++j) {
+  for (const short j : PositionsUpTo(workset.GetNVar())) {
     const int status = workset.SetScaling(j, options.scaling);
     if (status != status::kOk) return status;
   }

@@ -43,7 +43,7 @@ int ModelRun::MakeModel(EModType type, char selector) {
   if (model_ == 0) return Fail(options_.file, project_.GetStatus());
   ModOpt& model_options = project_.GetModel(model_)->GetModOpt();
   SetUpModel(options_, model_options);
-  // Beyond the rank of the table components would fit what rounding has left.
+  // Observations that are centred have one dimension less than there are.
   const std::unique_ptr<ObsInfo> observations(GetWorkset().ExtObsInfo(type, selector));
   if (observations == nullptr) return Fail(options_.file, GetWorkset().GetStatus());
   const int rank = observations->GetNItm() - (model_options.GetIsCenter() ? 1 : 0);
@@ -59,14 +59,28 @@ int ModelRun::Fit() {
   if (const int status = project_.Compute(model_); status != status::kOk) {
     return KeepComponents(status);
   }
-  const int count = GetModel().GetA();
-  if (count == 0) {
+  if (GetModel().GetA() == 0) {
     return Fail(options_.file, "no component is significant; --components fits some regardless");
   }
+  if (const int status = DropNoise(); status != status::kOk) return Fail(options_.file, status);
+  const int count = GetModel().GetA();
   if (count < options_.component_count.value_or(0)) {
     Tell(options_.file, "there can be no more than " + CountComponents(count));
   }
   return kDone;
+}
+
+// Drops components beyond the rank of the table, which fit what rounding has left of it.
+int ModelRun::DropNoise() {
+  constexpr float kRounding = 1e-12f;
+  Model& model = GetModel();
+  short count = model.GetA();
+  while (count > 1 && model.GetSSX(static_cast<char>(count - 1)) <= kRounding * model.GetSSX(0)) {
+    --count;
+  }
+  if (count == model.GetA()) return status::kOk;
+  const int status = model.Reset(count);
+  return status == status::kOk ? model.ExecLS(char{0}) : status;
 }
 
 int ModelRun::KeepComponents(int failure) {
@@ -83,7 +97,9 @@ int ModelRun::KeepComponents(int failure) {
 int ModelRun::Predict() {
   if (predset_ == 0) return kDone;
   const int status = project_.ExecPS(model_, predset_);
-  return status == status::kOk ? kDone : Fail(*options_.test_file, status);
+  if (status != status::kOk) return Fail(*options_.test_file, status);
+  if (GetModel().GetNObsPS() == 0) Tell(*options_.test_file, "no observation can be predicted");
+  return kDone;
 }
 
 }  // namespace zemva::tools

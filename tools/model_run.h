@@ -38,6 +38,7 @@ class ModelRun {
 
  private:
   int KeepComponents(int failure);
+  int DropNoise();
 
   const ModelOptions& options_;
   TextWindow log_{stderr};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/positions.h"
 #include "data/itm_listing.h"
 #include "data/memory_guard.h"
 #include "data/names.h"
@@ -100,7 +101,7 @@ int ClaInfo::ShowAll(StreamWindow& window) {
   if (GetNItm() == 0) return status::kOk;
   o_class_.Show(window);
   Listing(window).Text("  Item  CNum     CNam  NObs").EndLine();
-  for (short k = 1; k <= GetNItm(); ++k) {
+  for (const short k : PositionsUpTo(GetNItm())) {
     const ClaData& row = *GetRow(k);
     Listing(window)
         .Right(6, k)

@@ -126,7 +126,6 @@ WorksetModel* Project::GetModel(short number) const {
 int Project::Compute(short number) {
   WorksetModel* const workset_model = GetModel(number);
   if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  current_workset_ = &workset_model->GetWorkset();
   Model& model = *workset_model->GetModel();
   const ModOpt& options = workset_model->GetModOpt();
   const bool has_all =
@@ -147,11 +146,16 @@ int Project::ExecPS(short number, short predset) {
   if (executed->workset != &workset_model->GetWorkset()) {
     return SetStatus(status::mva::kInconsistentWorksets);
   }
-  current_workset_ = executed->workset;
-  current_predset_ = executed->predset.get();
-  const int status = workset_model->GetModel()->ExecPS();
-  workset_model->SetPredset(status == status::kOk ? current_predset_ : nullptr);
-  return SetStatus(status);
+  return SetStatus(workset_model->ExecPS(*executed->predset));
+}
+
+char Project::Ask(const char* /*question*/) {
+  return 'y';
+}
+
+bool Project::HasModels(const Workset& workset) const {
+  return std::ranges::any_of(
+      models_, [&](const auto& model) { return &model.second->GetWorkset() == &workset; });
 }
 
 int Project::DelModel(short number) {
@@ -160,17 +164,14 @@ int Project::DelModel(short number) {
   Workset& workset = deleted->GetWorkset();
   models_info_.DelWM(models_info_.GetWMIx(number));
   models_.erase(number);
-  const bool has_models = std::ranges::any_of(
-      models_, [&](const auto& model) { return &model.second->GetWorkset() == &workset; });
-  workset.SetIsFrozen(has_models);
+  workset.SetIsFrozen(HasModels(workset));
   return SetStatus(status::kOk);
 }
 
 int Project::DelPSResults(short number) {
   WorksetModel* const workset_model = GetModel(number);
   if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  workset_model->SetPredset(nullptr);
-  return SetStatus(workset_model->GetModel()->DeletePSResults());
+  return SetStatus(workset_model->DeletePSResults());
 }
 
 int Project::DelPredset(short number) {
@@ -179,7 +180,6 @@ int Project::DelPredset(short number) {
   const bool has_results = std::ranges::any_of(
       models_, [&](const auto& model) { return model.second->GetPredset() == deleted; });
   if (has_results) return SetStatus(status::mva::kDeletePredsetFirst);
-  if (current_predset_ == deleted) current_predset_ = nullptr;
   predsets_.erase(number);
   return SetStatus(status::kOk);
 }
@@ -187,11 +187,10 @@ int Project::DelPredset(short number) {
 int Project::DelWorkset(short number) {
   const Workset* const deleted = GetWorkset(number);
   if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  if (deleted->IsFrozen()) return SetStatus(status::mva::kDeleteModelsFirst);
+  if (HasModels(*deleted)) return SetStatus(status::mva::kDeleteModelsFirst);
   const bool has_predsets = std::ranges::any_of(
       predsets_, [&](const auto& predset) { return predset.second.workset == deleted; });
   if (has_predsets) return SetStatus(status::mva::kDeletePredsetFirst);
-  if (current_workset_ == deleted) current_workset_ = nullptr;
   worksets_.erase(number);
   return SetStatus(status::kOk);
 }

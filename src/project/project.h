@@ -9,7 +9,6 @@
 #include "base/fixed_text.h"
 #include "data/dataset.h"
 #include "errors/stream_window.h"
-#include "model/driver/model_owner.h"
 #include "model/workset/model_type.h"
 #include "model/workset/predset.h"
 #include "model/workset/workset.h"
@@ -26,7 +25,7 @@ namespace zemva {
 //
 // What makes something returns its number, or 0 with the status; what else can fail returns the
 // status. 8002 when memory runs out. 8014 for a number that there is not.
-class ZEMVA_API Project : public ModelOwner {
+class ZEMVA_API Project {
  public:
   static constexpr short kMaxModels = 99;
 
@@ -34,12 +33,13 @@ class ZEMVA_API Project : public ModelOwner {
   Project(const char* name, StreamWindow& window);
   Project(const Project&) = delete;
   Project& operator=(const Project&) = delete;
-  ~Project() override;
+  virtual ~Project();
 
   const char* GetNam() const { return name_.Get(); }
   int GetStatus() const { return status_; }
   // What new models take over.
   PrjOpt& GetPrjOpt() { return options_; }
+  const PrjOpt& GetPrjOpt() const { return options_; }
 
   // --- Making ---
 
@@ -83,11 +83,8 @@ class ZEMVA_API Project : public ModelOwner {
   // 8054 while there are work sets or prediction sets of it.
   int DelDataset(short number);
 
-  // --- For the models ---
-
-  Workset* GetCurrentWorkset() override { return current_workset_; }
-  Predset* GetCurrentPredset() override { return current_predset_; }
-  const PrjOpt& GetOptions() const override { return options_; }
+  // The reply to what a model asks, as ModelOwner says; a host may override it.
+  virtual char Ask(const char* question);
 
  private:
   struct PredsetOfWorkset {
@@ -101,6 +98,7 @@ class ZEMVA_API Project : public ModelOwner {
   // Adds what `make` hands over under the next number, unless its status stands against it.
   template <typename Owned, typename Make>
   short Add(Numbered<Owned>& all, short most, Make make);
+  bool HasModels(const Workset& workset) const;
   bool IsUsed(const Dataset& dataset) const;
 
   FixedText<24> name_;
@@ -112,8 +110,6 @@ class ZEMVA_API Project : public ModelOwner {
   Numbered<PredsetOfWorkset> predsets_;
   Numbered<std::unique_ptr<WorksetModel>> models_;
   WMInfo models_info_{"WMInfo"};
-  Workset* current_workset_ = nullptr;
-  Predset* current_predset_ = nullptr;
   int status_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "project/wm_info.h"
 
+#include "base/positions.h"
 #include "data/itm_listing.h"
 #include "errors/listing.h"
 #include "errors/status.h"
@@ -12,7 +13,7 @@ int WMInfo::ShowAll(StreamWindow& window) {
   Listing list(window);
   list.Text("  Item  MNum                      MNam    Type                  Workset  NComp");
   list.EndLine();
-  for (short i = 1; i <= GetNItm(); ++i) {
+  for (const short i : PositionsUpTo(GetNItm())) {
     const WorksetModel& model = *GetWM(i);
     list.Right(6, i).Right(6, GetINum(i)).Right(26, GetINam(i));
     list.Right(8, GetModTypeTag(model.GetModel()->GetModType()));

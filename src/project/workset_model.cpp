@@ -4,18 +4,19 @@
 #include "errors/status.h"
 #include "model/pc/pc_model.h"
 #include "model/workset/model_type.h"
+#include "project/project.h"
 
 namespace zemva {
 
-WorksetModel::WorksetModel(ModelOwner& owner, Workset& workset, EModType type, char selector,
+WorksetModel::WorksetModel(Project& project, Workset& workset, EModType type, char selector,
                            StreamWindow& window)
-    : workset_(workset), options_(&owner.GetOptions()) {
-  status_ = MemoryGuarded([&] { return Init(owner, type, selector, window); });
+    : project_(project), workset_(workset), options_(&project.GetPrjOpt()) {
+  status_ = MemoryGuarded([&] { return Init(type, selector, window); });
 }
 
 WorksetModel::~WorksetModel() = default;
 
-int WorksetModel::Init(ModelOwner& owner, EModType type, char selector, StreamWindow& window) {
+int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
   if (!IsPCFamily(type) && type != EModType::kNoVarianceCheck) {
     return status::mva::kFunctionNotAvailable;
   }
@@ -25,8 +26,29 @@ int WorksetModel::Init(ModelOwner& owner, EModType type, char selector, StreamWi
   const int status = scalings.SetScaInfo(variables.get(), nullptr, &workset_, false);
   if (status != status::kOk) return status;
   options_.SetIsCenter(scalings.IsAnyVarCtd());
-  model_ = std::make_unique<PCModel>(&owner, type, window, &options_, selector);
+  model_ = std::make_unique<PCModel>(this, type, window, &options_, selector);
   return status::kOk;
+}
+
+int WorksetModel::ExecPS(Predset& predset) {
+  DeletePSResults();
+  predset_ = &predset;
+  const int status = model_->ExecPS();
+  if (status != status::kOk) predset_ = nullptr;
+  return status;
+}
+
+int WorksetModel::DeletePSResults() {
+  predset_ = nullptr;
+  return model_->DeletePSResults();
+}
+
+const PrjOpt& WorksetModel::GetOptions() const {
+  return project_.GetPrjOpt();
+}
+
+char WorksetModel::Ask(const char* question) {
+  return project_.Ask(question);
 }
 
 }  // namespace zemva

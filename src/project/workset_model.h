@@ -8,38 +8,48 @@
 #include "errors/stream_window.h"
 #include "model/driver/model.h"
 #include "model/driver/model_owner.h"
+#include "model/workset/predset.h"
 #include "model/workset/workset.h"
 #include "settings/mod_opt.h"
 
 namespace zemva {
 
-class Predset;
+class Project;
 
-// Owns a model and its options. The work set and the prediction set that it was executed on belong
-// to the project and outlive it.
-class ZEMVA_API WorksetModel {
+// Owns a model and its options, and gives it the data. The project, the work set and the prediction
+// set that the model is executed on outlive it.
+class ZEMVA_API WorksetModel : public ModelOwner {
  public:
-  // An empty model of the type; its options are those of the owner, centred when any variable's
+  // An empty model of the type; its options are those of the project, centred when any variable's
   // scaling is. GetStatus tells what stands against it: 8045 for a type that there are no models
   // of, 8002, or the code of the work set where it has no such data.
-  WorksetModel(ModelOwner& owner, Workset& workset, EModType type, char selector,
+  WorksetModel(Project& project, Workset& workset, EModType type, char selector,
                StreamWindow& window);
   WorksetModel(const WorksetModel&) = delete;
   WorksetModel& operator=(const WorksetModel&) = delete;
-  ~WorksetModel();
+  ~WorksetModel() override;
 
   int GetStatus() const { return status_; }
   // Null where the status is not 0.
   Model* GetModel() const { return model_.get(); }
   ModOpt& GetModOpt() { return options_; }
   Workset& GetWorkset() const { return workset_; }
-  // Null where it was executed on none.
+  // Executes the model on a prediction set, which it then holds results of unless that fails, and
+  // drops such results. The codes of the model.
+  int ExecPS(Predset& predset);
+  int DeletePSResults();
+  // Null where the model holds no results of one.
   Predset* GetPredset() const { return predset_; }
-  void SetPredset(Predset* predset) { predset_ = predset; }
+
+  Workset* GetCurrentWorkset() override { return &workset_; }
+  Predset* GetCurrentPredset() override { return predset_; }
+  const PrjOpt& GetOptions() const override;
+  char Ask(const char* question) override;
 
  private:
-  int Init(ModelOwner& owner, EModType type, char selector, StreamWindow& window);
+  int Init(EModType type, char selector, StreamWindow& window);
 
+  Project& project_;
   Workset& workset_;
   Predset* predset_ = nullptr;
   ModOpt options_;

@@ -65,15 +65,14 @@ TEST_P(PCModelOfSample, HasTheSingularVectors) {
       return std::copysign(expected[static_cast<std::size_t>(k)],
                            expected[static_cast<std::size_t>(k)] * sign);
     };
-    const double largest = std::sqrt(expected[0] * x->NRow());
+    const double largest = D(std::max(model.GetTMax(a), -model.GetTMin(a)));
     for (short k = 1; k <= model.GetNVarX(); ++k) {
       ASSERT_NEAR(D(model.GetP(a, k)), loading(k), 1e-4) << int{a} << " " << k;
     }
     for (short i = 1; i <= model.GetNObs(); ++i) {
       double score = 0.0;
       for (short k = 1; k <= model.GetNVarX(); ++k) score += D((*x)[i][k]) * loading(k);
-      ASSERT_NEAR(D(model.GetT(a, i)), score, 1e-4 * largest * std::sqrt(x->NCol()))
-          << int{a} << " " << i;
+      ASSERT_NEAR(D(model.GetT(a, i)), score, 1e-4 * largest) << int{a} << " " << i;
     }
   }
 }
@@ -296,7 +295,7 @@ TEST(PCModel, EndsOnAnyTable) {
   } cases[] = {
       {noise.Table(5, 1), 3, 1, 0},
       {noise.Table(5, 26), 6, 6, 0},  // the sixth fits what rounding left
-      {{{3e38f, 1}, {3e38f, 2}, {3e38f, 4}, {-3e38f, 3}}, 1, 0, 8005},
+      {{{3e38f, 1}, {3e38f, 2}, {3e38f, 4}, {-3e38f, 3}}, 1, 1, 0},
       {{{1e-30f, 1}, {2e-30f, 2}, {3e-30f, 4}, {5e-30f, 3}}, 1, 0, 8038},
       {{{kM, kM}, {1, 2}, {2, 4}, {3, 5}, {5, 5}}, 1, 1, 0},
   };
@@ -308,6 +307,43 @@ TEST(PCModel, EndsOnAnyTable) {
       EXPECT_TRUE(std::isfinite(bench.model.GetT(a, 2))) << int{a};
     }
   }
+}
+
+TEST(PCModel, NamesTheVariableThatIsOutOfRange) {
+  Bench bench("ab", {{3e38f, 1}, {3e38f, 2}, {-3e38f, 4}, {3e38f, 3}});
+  bench.workset.SetFixedWeight(1, EScaType::kFW, 10.0f);
+  EXPECT_EQ(bench.Compute(), 8005);
+  EXPECT_EQ(bench.window.log, "X variable 100, a is out of range when centred and scaled.\n");
+}
+
+TEST(PCModel, RefusesOtherDataUnderItsComponents) {
+  Bench bench("abc", test::Noise().Table(8, 3));
+  ASSERT_EQ(bench.Compute(1), 0);
+  const float t = bench.model.GetT(1, 1);
+  bench.model.Unload();
+  bench.workset.SetIsObsIn(8, false);
+  EXPECT_EQ(bench.Compute(2), 8040);
+  EXPECT_EQ(bench.model.GetT(1, 1), t);
+  EXPECT_EQ(bench.model.GetNObs(), 8);
+  bench.model.Reset(1);
+  bench.workset.SetIsObsIn(8, true);
+  bench.options.SetIsCenter(false);  // those that there are stay centred
+  EXPECT_EQ(bench.Compute(2), 0);
+  EXPECT_EQ(bench.model.GetA0(), 1);
+  // Loading again in between changes nothing.
+  EXPECT_EQ(bench.model.LoadWS(), 0);
+  EXPECT_EQ(bench.Compute(3), 0);
+  EXPECT_NEAR(D(bench.model.GetR2X(3)), 1.0, 1e-6);
+}
+
+TEST(PCModel, AnswersWithoutOwnerAndOptions) {
+  PCModel model(nullptr, EModType::kPC1, GlobalStreamWindow(), nullptr, 0);
+  EXPECT_EQ(model.Compute(), 8022);
+  EXPECT_EQ(model.Reset(0), 0);
+  EXPECT_EQ(model.Compute(), 8011);
+  test::RecordingWindow list;
+  model.Show(list);
+  EXPECT_EQ(model.GetDModXLS(1, 1), kM);
 }
 
 TEST(PCModel, EndsWithAsManyComponentsAsANumberHolds) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/positions.h"
 #include "data/dataset.h"
 
 namespace zemva::test {
@@ -30,13 +31,13 @@ inline std::unique_ptr<Dataset> SmallDataset(const std::string& names, const Row
   auto* const matrix = new XFMatrix("Data", row_count, column_count, 0.0f);
   auto* const observations = new ObsInfo("ObsInfo");
   auto* const variables = new VarInfo("VarInfo");
-  for (short i = 1; i <= row_count; ++i) {
+  for (const short i : PositionsUpTo(row_count)) {
     observations->AddObs(static_cast<short>(10 * i), ("o" + std::to_string(i)).c_str());
-    for (short j = 1; j <= column_count; ++j) {
+    for (const short j : PositionsUpTo(column_count)) {
       (*matrix)[i][j] = rows[static_cast<std::size_t>(i - 1)][static_cast<std::size_t>(j - 1)];
     }
   }
-  for (short j = 1; j <= column_count; ++j) {
+  for (const short j : PositionsUpTo(column_count)) {
     variables->AddVar(static_cast<short>(100 * j),
                       names.substr(static_cast<std::size_t>(j - 1), 1).c_str());
   }

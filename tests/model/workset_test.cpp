@@ -353,5 +353,31 @@ TEST(Workset, DataSetsThatChangeAreRefusedAndTablesCanBeAbsent) {
   EXPECT_EQ(workset.GetStatus(), dataset->Load());
 }
 
+TEST(Workset, NoticesAnEditThatKeepsTheSize) {
+  const auto dataset = SmallDataset("ab", {{1, 2}, {3, 4}});
+  Workset workset("WS", *dataset, GlobalStreamWindow());
+  dataset->DelVar(100);
+  dataset->AddVar("c");
+  EXPECT_EQ(workset.ExtMatrix(kPC1, EBlock::kX, 0), nullptr);
+  EXPECT_EQ(workset.GetStatus(), 8046);
+  const auto other = SmallDataset("ab", {{1, 2}, {3, 4}});
+  Workset of_other("WS", *other, GlobalStreamWindow());
+  other->SetObsNum(2, 77);
+  EXPECT_EQ(of_other.ExtMatrix(kPC1, EBlock::kX, 0), nullptr);
+  EXPECT_EQ(of_other.GetStatus(), 8046);
+}
+
+TEST(Workset, DoesNotTransformWhatIsThereForItsLagsAlone) {
+  test::RecordingWindow window;
+  const auto dataset = SmallDataset("ab", {{5, 1}, {-1, 2}, {3, 4}, {2, 2}});
+  Workset workset("WS", *dataset, window);
+  ASSERT_EQ(workset.AddLagged(1, 1), 0);
+  ASSERT_EQ(workset.SetTransformation(1, ETraType::kLog, 1, 0, 0), 0);
+  ASSERT_EQ(workset.SetRole(1, EVarRole::kExcluded), 0);
+  const auto matrix = Own(workset.ExtMatrix(kPC1, EBlock::kX, 0));
+  EXPECT_EQ(RowsOf(*matrix), (test::Rows{{1, kM}, {2, 5}, {4, -1}, {2, 3}}));
+  EXPECT_EQ(window.log, "");
+}
+
 }  // namespace
 }  // namespace zemva

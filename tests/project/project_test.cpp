@@ -142,6 +142,53 @@ TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
   EXPECT_EQ(project_.GetStatus(), 8031);
 }
 
+TEST_F(ProjectOfOneTable, ComputesEachModelOnItsOwnWorkSetAndNoFurtherThanAsked) {
+  const short other = project_.AddWorkset(dataset_, "WS2");
+  project_.GetWorkset(other)->SetIsObsIn(1, false);
+  const short first = project_.AddModel(workset_, EModType::kPC1, 0);
+  const short second = project_.AddModel(other, EModType::kPC1, 0);
+  project_.GetModel(first)->GetModOpt().SetNComp(2);
+  ASSERT_EQ(project_.Compute(second), 0);
+  Model& model = *project_.GetModel(first)->GetModel();
+  EXPECT_EQ(model.Compute(), 8012);
+  EXPECT_EQ(model.GetNObs(), 12);
+  for (int again = 0; again < 2; ++again) {
+    EXPECT_EQ(project_.Compute(first), 0);
+    EXPECT_EQ(model.GetA(), 2);
+  }
+  // A prediction that fails leaves none.
+  const short predset = project_.AddPredset(dataset_, workset_, "PS");
+  ASSERT_EQ(project_.ExecPS(first, predset), 0);
+  const short foreign = project_.AddDataset(Table("wxyz", 5));
+  EXPECT_EQ(project_.ExecPS(first, project_.AddPredset(foreign, workset_, "None")), 8033);
+  EXPECT_EQ(model.GetNObsPS(), 0);
+  EXPECT_EQ(project_.DelPredset(predset), 0);
+  // A mark on the work set is not what keeps it.
+  project_.GetWorkset(workset_)->SetIsFrozen(false);
+  EXPECT_EQ(project_.DelWorkset(workset_), 8049);
+}
+
+TEST_F(ProjectOfOneTable, HoldsTheLargestTables) {
+  for (const bool is_long : {true, false}) {
+    const int most = 32767;
+    auto table = SmallDataset(std::string(is_long ? 3 : most, 'v'),
+                              Noise().Table(is_long ? most : 4, is_long ? 3 : most));
+    const short data = project_.AddDataset(table.release());
+    const short workset = project_.AddWorkset(data, "Large");
+    const short number = project_.AddModel(workset, EModType::kPC1, 0);
+    ASSERT_NE(number, 0);
+    ModOpt& options = project_.GetModel(number)->GetModOpt();
+    options.SetNComp(1);
+    options.SetSeqValidate(EValidate::NoCV);
+    EXPECT_EQ(project_.Compute(number), 0);
+    EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(data, workset, "PS")), 0);
+    const auto& model = static_cast<const PCModel&>(*project_.GetModel(number)->GetModel());
+    EXPECT_EQ(model.GetNObsPS(), is_long ? most : 4);
+    ClaInfo classes("ClaInfo", model.GetNObs());
+    EXPECT_EQ(classes.SetClaInfo(model.GetObsInfo(), &model), 8022);
+  }
+}
+
 TEST_F(ProjectOfOneTable, ListsItsModels) {
   project_.GetModel(project_.AddModel(workset_, EModType::kPC1, 0))->GetModOpt().SetNComp(1);
   project_.AddModel(workset_, EModType::kPCAll, 0);

@@ -37,8 +37,16 @@ file(WRITE ${WORK}/wide.csv ",,a,b,c,d,e\n1,,5,1,2,8,1\n2,,3,2,2,1,0\n3,,2,5,5,4
 run(0 convert ${WORK}/wide.csv ${WORK}/wide.vdo)
 fit(${WORK}/wide.vdo --components 5)
 expect("${err}" "wide.vdo: there can be no more than 3 components\r?\n$")
+# A table of rank two.
+file(WRITE ${WORK}/plane.csv ",,a,b,c,d\n1,,1,2,3,8\n2,,2,1,3,1\n3,,0,5,5,4\n4,,7,2,9,6\n5,,4,4,8,0\n6,,3,0,3,3\n")
+run(0 convert ${WORK}/plane.csv ${WORK}/plane.vdo)
+fit(${WORK}/plane.vdo --components 4 --exclude d)
+expect("${err}" "plane.vdo: there can be no more than 2 components\r?\n$")
+expect_in(components "\n2,[^\n]*\n$")
+# With missing values, by a separate program in double precision.
 fit(${SAMPLES}/airquality.vdo --components 3)
-expect_in(components "\n3,")
+expect_in(components "\n1,0\\.3937[0-9]*,0\\.3937[0-9]*,2\\.36[0-9]*,0\\.149[0-9]*,0\\.148[0-9]*,0\\.149[0-9]*,17,1\n")
+expect_in(components "\n3,0\\.1635[0-9]*,0\\.7582[0-9]*,0\\.98[0-9]*,0\\.04[0-9]*,0\\.205[0-9]*,0\\.19[0-9]*,[0-9]+,5\n$")
 
 fit(${SAMPLES}/iris.vdo --components 1 --exclude Sepal.Width)
 expect_in(components "\n1,0\\.92324")

@@ -108,7 +108,7 @@ int DataBlock::FindWeights(ModelLog& log) {
   return weights.NValA() == weights.NVal() ? status::kOk : status::mva::kUndefinedWeights;
 }
 
-int DataBlock::Center(bool is_centred) {
+int DataBlock::Center(bool is_centred, ModelLog& log) {
   XFVector& reference = info_->reference;
   std::ranges::fill(reference.Values(), 0.0f);
   if (is_centred) {
@@ -124,12 +124,18 @@ int DataBlock::Center(bool is_centred) {
   residuals_->CenterAndScale(reference.Values(), info_->weights.Values());
   Measure({is_centred ? 1 : 0, 0}, info_->centred);
   if (!std::isfinite(info_->centred.ss)) {
+    for (int k = 1; k <= info_->centred.ssv.NVal(); ++k) {
+      if (std::isfinite(info_->centred.ssv[k])) continue;
+      log.Write(std::string(1, GetLetter()) + " variable " + std::to_string(GetNumber(k)) + ", " +
+                GetName(k) + " is out of range when centred and scaled.\n");
+    }
     residuals_.reset();
     return status::mva::kDomain;
   }
   // The average is a linear function of the data.
   for (int k = 1; k <= info_->average.NVal(); ++k) {
-    info_->average[k] = AsPresent((info_->loaded_average[k] - reference[k]) * info_->weights[k]);
+    info_->average[k] =
+        CenteredAndScaled(info_->loaded_average[k], reference[k], info_->weights[k]);
   }
   info_->average.SetActValInfo();
   return status::kOk;

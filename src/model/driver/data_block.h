@@ -63,9 +63,9 @@ class DataBlock {
   // --- Centring ---
 
   // Makes the residuals of component 0. Where `is_centred`, the average of each column with a
-  // centred scaling is taken off. 8005 when a value leaves the range of a float. Throws
-  // std::bad_alloc.
-  int Center(bool is_centred);
+  // centred scaling is taken off. 8005, and a report, when values leave the range of a float.
+  // Throws std::bad_alloc.
+  int Center(bool is_centred, ModelLog& log);
   // Whether there are residuals.
   bool IsCentered() const { return residuals_.has_value(); }
 

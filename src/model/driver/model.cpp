@@ -130,7 +130,7 @@ int Model::Center() {
     if (!IsLoaded()) return status::mva::kDataNotAvailable;
     // Components that there are stay those of the centre that they were fitted about.
     if (GetComponentCount() == 0) a0_ = options_->GetIsCenter() ? 1 : 0;
-    return x_->Center(a0_ != 0);
+    return x_->Center(a0_ != 0, log_);
   });
 }
 

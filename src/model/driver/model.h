@@ -243,6 +243,9 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual float GetSSOX(char a, short i) const;
   virtual float GetT(char a, short i) const;
   float GetS2WX(char a) const;
+  // The smallest and the largest score.
+  float GetTMin(char a) const;
+  float GetTMax(char a) const;
   // The verdict on a component: "R1" and "R2" for significant by rule 1 and 2; "N3" to "N6" for not
   // significant by rule 3 to 5 and by the eigenvalue; "" for none.
   virtual const char* GetSignRule(char a) const;

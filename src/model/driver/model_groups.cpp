@@ -2,6 +2,7 @@
 #include <initializer_list>
 #include <vector>
 
+#include "base/positions.h"
 #include "data/blk_info.h"
 #include "data/cla_info.h"
 #include "data/memory_guard.h"
@@ -20,7 +21,7 @@ int ClaInfo::SetClaInfo(const ObsInfo* observations, const Model* model) {
     return SetStatus(status::mva::kNullPointer);
   }
   if (observations->GetNItm() != o_class_.NVal()) return SetStatus(status::mva::kIndexOutOfRange);
-  for (short i = 1; i <= observations->GetNItm(); ++i) {
+  for (const short i : PositionsUpTo(observations->GetNItm())) {
     o_class_[i] =
         model->GetClaInfo()->GetOClass(model->GetObsInfo()->GetOIx(observations->GetONum(i)));
   }
@@ -40,11 +41,11 @@ int BlkInfo::SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags,
       return source == nullptr ? kNoBlock : source->GetBStat(v);
     };
     std::vector<char> blocks;
-    for (short v = 1; v <= sel->NVal(); ++v) {
+    for (const short v : PositionsUpTo(sel->NVal())) {
       if ((*sel)[v] == wanted) blocks.push_back(block_of(v));
     }
     for (const ItmInfo* table : std::initializer_list<const ItmInfo*>{lags, terms}) {
-      for (short i = 1; i <= table->GetNItm(); ++i) {
+      for (const short i : PositionsUpTo(table->GetNItm())) {
         const short v = model->GetVarInfoX()->GetVIx(table->GetINum(i));
         if (v == 0) return status::mva::kVariableNotAvailable;
         blocks.push_back(block_of(v));

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/atomic_file.h"
+#include "base/positions.h"
 #include "errors/listing.h"
 #include "errors/status.h"
 #include "model/driver/data_block.h"
@@ -48,7 +49,7 @@ int Model::ShowCent(StreamWindow& window) {
   if (!info) return status::kOk;
   list.Right(6, "VNum").Right(26, "VNam").Right(14, "RefX[0]").Right(14, "Weig");
   list.Right(14, "SSVX[0]").Right(14, "S2VX[0]").EndLine();
-  for (short k = 1; k <= GetNVarX(); ++k) {
+  for (const short k : PositionsUpTo(GetNVarX())) {
     const VarInfo* const variables = GetVarInfoX();
     list.Right(6, variables == nullptr ? k : variables->GetVNum(k));
     list.Right(26, variables == nullptr ? "" : TextOrEmpty(variables->GetVNam(k)));

@@ -10,7 +10,7 @@ namespace zemva {
 class Predset;
 class Workset;
 
-// A project, for instance. It outlives its models, and what it hands out stays its own.
+// It outlives its models, and what it hands out stays its own.
 class ZEMVA_API ModelOwner {
  public:
   virtual ~ModelOwner();

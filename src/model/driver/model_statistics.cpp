@@ -162,6 +162,14 @@ float Model::GetS2WX(char a) const {
   return Field(GetComponent(a), &CompInfo::weighted_s2);
 }
 
+float Model::GetTMin(char a) const {
+  return Field(GetComponent(a), &CompInfo::t_min);
+}
+
+float Model::GetTMax(char a) const {
+  return Field(GetComponent(a), &CompInfo::t_max);
+}
+
 EVerdict Model::GetVerdict(char a) const {
   return Field(GetComponent(a), &CompInfo::verdict, EVerdict::kNone);
 }

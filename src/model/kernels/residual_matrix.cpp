@@ -69,7 +69,9 @@ void ResidualMatrix::ClearHoles(std::size_t row) {
 void ResidualMatrix::CenterAndScale(std::span<const float> centre, std::span<const float> weights) {
   for (std::size_t i = 0; i < row_count_; ++i) {
     float* const row = elements_.Data() + i * stride_;
-    for (std::size_t k = 0; k < ColumnCount(); ++k) row[k] = (row[k] - centre[k]) * weights[k];
+    for (std::size_t k = 0; k < ColumnCount(); ++k) {
+      row[k] = CenteredAndScaled(row[k], centre[k], weights[k]);
+    }
     ClearHoles(i);
   }
   ClearUnusedColumns();

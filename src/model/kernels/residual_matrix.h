@@ -7,9 +7,16 @@
 #include <vector>
 
 #include "model/kernels/aligned_buffer.h"
+#include "numeric/missing.h"
 #include "numeric/x_matrix.h"
 
 namespace zemva {
+
+// An element as a model takes it, (value - centre) * weight, computed in double.
+inline float CenteredAndScaled(float value, float centre, float weight) {
+  const double deviation = static_cast<double>(value) - static_cast<double>(centre);
+  return AsPresent(static_cast<float>(deviation * static_cast<double>(weight)));
+}
 
 // N rows (observations) by K columns (variables) of floats in one block of memory, made for being
 // read over and over. Rows and columns count from 0 here, and the vectors that go with them are
@@ -26,7 +33,7 @@ class ResidualMatrix {
 
   std::size_t RowCount() const { return row_count_; }
   std::size_t ColumnCount() const { return takes_part_.size(); }
-  // Every present element e of column k becomes (e - centre[k]) * weights[k], in float.
+  // Centres and scales every present element.
   void CenterAndScale(std::span<const float> centre, std::span<const float> weights);
 
   // The columns that take part, and their present elements: in all, by row and by column.

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "base/positions.h"
 #include "errors/status.h"
 #include "model/driver/data_block.h"
 
@@ -56,8 +57,9 @@ XFMatrix* PCModel::MakeResid(char a) {
     if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
     GetX().GetResiduals().CopyTo(*matrix);
     // Nothing is left of a variable that takes no part.
-    for (short k = 1; k <= GetNVarX(); ++k) {
-      for (short i = 1; i <= GetNObs() && GetWeigX(k) == 0.0f; ++i) {
+    for (const short k : PositionsUpTo(GetNVarX())) {
+      if (GetWeigX(k) != 0.0f) continue;
+      for (const short i : PositionsUpTo(GetNObs())) {
         if (!IsMissing(GetX().GetValues()[i][k])) (*matrix)[i][k] = 0.0f;
       }
     }

@@ -1,6 +1,7 @@
 // The listings of PCModel.
 #include <string>
 
+#include "base/positions.h"
 #include "errors/listing.h"
 #include "errors/status.h"
 #include "model/driver/validation.h"
@@ -91,7 +92,7 @@ int PCModel::ShowRes(StreamWindow& window) {
     list.Text(title).Text(GetModNam()).EndLine();
     list.Right(6, "ONum").Right(26, "ONam").Right(14, results.distances.GetName());
     list.Right(14, results.probabilities.GetName()).Right(14, "Tsquare").EndLine();
-    for (short i = 1; i <= results.distances.NVal(); ++i) {
+    for (const short i : PositionsUpTo(results.distances.NVal())) {
       list.Right(6, NumberOf(observations, i)).Right(26, NameOf(observations, i));
       AddValue(list, 14, results.distances[i]);
       AddValue(list, 14, results.probabilities[i]);

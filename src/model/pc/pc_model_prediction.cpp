@@ -7,11 +7,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/positions.h"
 #include "data/selection.h"
 #include "errors/status.h"
 #include "model/driver/data_block.h"
 #include "model/driver/distances.h"
 #include "model/kernels/lanes.h"
+#include "model/kernels/residual_matrix.h"
 #include "model/pc/pc_model.h"
 #include "numeric/f_matrix.h"
 #include "numeric/present.h"
@@ -71,7 +73,7 @@ int PCModel::ExecuteRows(const ObsInfo& observations, const XFMatrix& data,
   XI1Vector kept("Selection", data.NRow(), kNotSelected);
   std::vector<short> positions;
   std::vector<char> is_member;
-  for (short i = 1; i <= kept.NVal(); ++i) {
+  for (const short i : PositionsUpTo(kept.NVal())) {
     if (selection[i] == 0 || IsExcluded(observations, data, i)) continue;
     kept[i] = kSelected;
     positions.push_back(i);
@@ -80,10 +82,10 @@ int PCModel::ExecuteRows(const ObsInfo& observations, const XFMatrix& data,
   std::unique_ptr<ObsInfo> rows(observations.ExtObsInfo(&kept));
   if (rows == nullptr) return status::mva::kMemory;
   predictions_->SetRows(std::move(rows), std::move(positions), std::move(is_member));
-  for (short to = 1; to <= GetNObsPS() && status == status::kOk; ++to) {
+  for (const short to : PositionsUpTo(GetNObsPS())) {
     status = Predict(data.Row(GetObsIxPS(to)), to);
+    if (status != status::kOk) return status;
   }
-  if (status != status::kOk) return status;
   DistanceResults& distance = predictions_->distance;
   predictions_->residuals.SetActValInfo();
   distance.distances.SetActValInfo();
@@ -108,7 +110,7 @@ bool PCModel::IsExcluded(const ObsInfo& observations, const XFMatrix& data, shor
 float PCModel::CenterAndScale(float value, short k) const {
   if (IsMissing(value)) return value;
   const CentInfo& info = *GetX().GetInfo();
-  return AsPresent((value - info.reference[k]) * info.weights[k]);
+  return CenteredAndScaled(value, info.reference[k], info.weights[k]);
 }
 
 int PCModel::Predict(std::span<const float> row, short to) {
@@ -116,7 +118,7 @@ int PCModel::Predict(std::span<const float> row, short to) {
   XFVector values("x", GetNVarX(), kMissing);
   FVector scores(a, kMissing);
   if (values.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
-  for (short k = 1; k <= GetNVarX(); ++k) {
+  for (const short k : PositionsUpTo(GetNVarX())) {
     values[k] = CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
   }
   const int status = CalcTPred(values, scores);

@@ -1,6 +1,7 @@
 // The execution of PCModel on its work set.
 #include <cmath>
 
+#include "base/positions.h"
 #include "errors/status.h"
 #include "model/driver/data_block.h"
 #include "model/driver/distances.h"
@@ -31,7 +32,7 @@ int PCModel::ExecLS(XFMatrix* residuals) {
     if (status != status::kOk) return status;
     DistanceResults& results = *workset_results_;
     const auto a = static_cast<char>(results.component_count);
-    for (short i = 1; i <= GetNObs(); ++i) {
+    for (const short i : PositionsUpTo(GetNObs())) {
       results.distances[i] = GetDModXLS(a, i);
       results.probabilities[i] = GetPModXLS(a, i);
     }

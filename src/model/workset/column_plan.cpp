@@ -25,9 +25,10 @@ ColumnPlan::ColumnPlan(const VarInfo& variables, const LagInfo& lags,
     // A factor that is not there is 0, the number of no variable.
     for (const short factor : terms_->GetItm(k)->GetFactors()) needed.Add(factor);
   }
+  // What is there for its lags alone is not transformed.
+  transformations_ = Owned(transformations.ExtTraInfo(needed.Select(transformations).GetPtr()));
   lags_ = Owned(lags.ExtLagInfo(needed.Select(lags).GetPtr()));
   for (short k = 1; lags_->GetItm(k) != nullptr; ++k) needed.Add(lags_->GetItm(k)->GetVNumDS());
-  transformations_ = Owned(transformations.ExtTraInfo(needed.Select(transformations).GetPtr()));
   for (int j = 1; j <= variables.GetNVar(); ++j) {
     const auto position = static_cast<short>(j);
     const short vnum = variables.GetVNum(position);

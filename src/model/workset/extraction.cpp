@@ -3,7 +3,9 @@
 #include <cmath>
 #include <new>
 #include <numeric>
+#include <string_view>
 
+#include "base/positions.h"
 #include "data/selection.h"
 #include "errors/listing.h"
 #include "errors/status.h"
@@ -60,6 +62,27 @@ Table Complete(Table table, short count, Add add) {
   return table;
 }
 
+// What has no row in the data set's tables has its position for a number, and no name.
+bool IsAsDescribed(const DataSource& source) {
+  Dataset& dataset = source.dataset;
+  const bool has_size = dataset.GetNObsDS() == source.observations.GetNItm() &&
+                        dataset.GetNVarDS() == source.variables.GetNVar();
+  if (!has_size) return false;
+  short number = 0;
+  const char* name = nullptr;
+  for (const short i : PositionsUpTo(dataset.GetNObsDS())) {
+    const int status = dataset.GetObsInfo(i, number, name);
+    if ((status == status::kOk ? number : i) != source.observations.GetONum(i)) return false;
+  }
+  for (const short j : PositionsUpTo(dataset.GetNVarDS())) {
+    const int status = dataset.GetVarInfo(j, number, name);
+    if (std::string_view(status == status::kOk ? name : "") != source.variables.GetVNam(j)) {
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindow& window,
@@ -69,10 +92,7 @@ int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindo
     const int status = dataset.Load();
     if (status != status::kOk) return status;
   }
-  if (dataset.GetNObsDS() != source.observation_count ||
-      dataset.GetNVarDS() != source.variable_count) {
-    return status::mva::kInconsistentDatasets;
-  }
+  if (!IsAsDescribed(source)) return status::mva::kInconsistentDatasets;
   const auto row_count = static_cast<int>(source.rows.size());
   matrix = std::make_unique<XFMatrix>("Matrix", row_count,
                                       static_cast<int>(plan.GetSources().size()), Unfilled{});

@@ -9,6 +9,7 @@
 #include "data/dataset.h"
 #include "data/memory_guard.h"
 #include "data/obs_info.h"
+#include "data/var_info.h"
 #include "errors/stream_window.h"
 #include "model/workset/column_plan.h"
 #include "numeric/x_matrix.h"
@@ -23,11 +24,9 @@ inline std::size_t Slot(int position) {
 // A data set as a model sees it.
 struct DataSource {
   Dataset& dataset;
-  // Its size when it was described.
-  short observation_count;
-  short variable_count;
-  // A row for each of its observations.
+  // A row for each of its observations and variables, as they were when it was described.
   const ObsInfo& observations;
+  const VarInfo& variables;
   // The observations that are taken.
   std::vector<short> rows;
   // For each variable of the work set its column, 0 where the data set has none.
@@ -35,8 +34,9 @@ struct DataSource {
 };
 
 // Makes the columns of the plan. Tells in the window of values that are not finite numbers and of
-// those that have no transform, which are missing. 8046 when the data set has another size; the
-// codes of Load, and of the plan. Throws std::bad_alloc.
+// those that have no transform, which are missing. 8046 when the data set has other observations,
+// by number, or other variables, by name; the codes of Load, and of the plan. Throws
+// std::bad_alloc.
 int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindow& window,
                    std::unique_ptr<XFMatrix>& matrix);
 

@@ -34,15 +34,15 @@ int Predset::Init() {
     if (status != status::kOk) return status;
   }
   ObsInfo observations = CompleteObsInfo(dataset_.GetOIPtr(), dataset_.GetNObsDS());
-  const VarInfo own = CompleteVarInfo(dataset_.GetVIPtr(), dataset_.GetNVarDS());
-  variable_count_ = own.GetNVar();
+  VarInfo variables = CompleteVarInfo(dataset_.GetVIPtr(), dataset_.GetNVarDS());
   is_of_workset_ = &dataset_ == &workset_.GetDataset() &&
                    observations.GetNItm() == workset_.GetNObsDS() &&
-                   variable_count_ == workset_.GetNVarDS();
-  columns_ = is_of_workset_ ? Identity(variable_count_) : MatchVars(own);
+                   variables.GetNVar() == workset_.GetNVarDS();
+  columns_ = is_of_workset_ ? Identity(variables.GetNVar()) : MatchVars(variables);
   is_told_.assign(columns_.size(), false);
   is_in_.assign(static_cast<std::size_t>(observations.GetNItm()), true);
   // Without observations the rest is not used: they come last.
+  variables_ = std::move(variables);
   observations_ = std::move(observations);
   return status::kOk;
 }
@@ -118,9 +118,8 @@ int Predset::MakeMatrix(EModType type, EBlock block, char selector,
   const ColumnPlan plan = workset_.MakePlan(selection.variables);
   status = CheckSources(block, plan.GetSources());
   if (status != status::kOk) return status;
-  const DataSource source = {
-      dataset_, GetNObsDS(), variable_count_, observations_, Positions(selection.observations),
-      columns_};
+  const DataSource source = {dataset_, observations_, variables_, Positions(selection.observations),
+                             columns_};
   return ExtractColumns(plan, source, window_, matrix);
 }
 

@@ -68,8 +68,8 @@ class ZEMVA_API Predset {
   //
   // 8013 as for the work set; 8020 where no observation is in; 8017 and 8018 where the work set has
   // no variables for the block; 8033 where X has nothing of the data set, while such a Y is missing
-  // throughout; 8046 when the data set has changed its size; the code of Load when it has to be
-  // loaded and cannot.
+  // throughout; 8046 when the data set has other observations or variables than it had; the code of
+  // Load when it has to be loaded and cannot.
   XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
   ObsInfo* ExtObsInfo();
   // The positions of the observations in the data set.
@@ -95,7 +95,7 @@ class ZEMVA_API Predset {
   bool is_of_workset_ = false;
   ObsInfo observations_{"ObsInfo"};
   std::vector<bool> is_in_;
-  short variable_count_ = 0;
+  VarInfo variables_{"VarInfo"};
   // For each variable of the work set's data set its column here, 0 for none, and whether that was
   // told.
   std::vector<short> columns_;

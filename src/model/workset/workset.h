@@ -183,8 +183,8 @@ class ZEMVA_API Workset {
   //
   // They fail with 8013 for what is no type, a class that is none and a block that the type has
   // not; 8020 where no observation is selected, 8017 where X has no variable; 8018 where Y has
-  // none, or fewer than two classes; 8046 when the data set has changed its size; and the code of
-  // Load when the data set has to be loaded and cannot.
+  // none, or fewer than two classes; 8046 when the data set has other observations or variables;
+  // and the code of Load when the data set has to be loaded and cannot.
 
   // A row for each observation selected and a column for each variable, neither centred nor scaled,
   // with present values counted. A value of the data set that is not a finite number is missing,

@@ -117,8 +117,7 @@ int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
     for (const short i : rows) row_classes.push_back(GetOClass(i));
     return MakeClassMatrix(row_classes, selection.variables, matrix);
   }
-  const DataSource source = {dataset_,      GetNObsDS(), GetNVarDS(),
-                             observations_, rows,        Identity(GetNVarDS())};
+  const DataSource source = {dataset_, observations_, variables_, rows, Identity(GetNVarDS())};
   return ExtractColumns(MakePlan(selection.variables), source, window, matrix);
 }
 
