@@ -1,6 +1,7 @@
 // What models refuse, and what they say.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -62,6 +63,9 @@ TEST(Model, WithTheRulesARefusedComponentIsNotKept) {
   // The loop has ended, the model is there.
   EXPECT_EQ(model.Compute(), 8029);
   EXPECT_EQ(model.ExecLS(char{0}), 0);
+  bench.window.log.clear();
+  EXPECT_EQ(model.Compute(), 8029);
+  EXPECT_EQ(bench.window.log, "");
   // The residuals are those of one component again.
   Bench one(test::Sample("airquality"));
   ASSERT_EQ(one.Compute(1), 0);
@@ -89,6 +93,58 @@ TEST(Model, JudgesByEigenvalueAndSize) {
     EXPECT_EQ(wide.model.GetVerdict(4), EVerdict::kNone);
     EXPECT_EQ(wide.model.GetVerdict(5), EVerdict::kRule3);
   }
+}
+
+TEST(Model, WithTheRulesRefusesByRule3BeforeFitting) {
+  // Six directions of falling size in 9 observations: four are significant, and a fifth is one more
+  // than 9 / 3 + 1.
+  Noise noise;
+  const Rows scores = noise.Table(9, 6);
+  const Rows loadings = noise.Table(6, 20);
+  Rows rows(9, std::vector<float>(20));
+  for (std::size_t i = 0; i < 9; ++i) {
+    for (std::size_t k = 0; k < 20; ++k) {
+      float size = 1.0f;
+      for (std::size_t r = 0; r < 6; ++r, size *= 0.6f) {
+        rows[i][k] += size * scores[i][r] * loadings[r][k];
+      }
+    }
+  }
+  Bench bench(test::Letters(20), rows);
+  bench.options.SetIsRule(true);
+  EXPECT_EQ(bench.Compute(), 8029);
+  EXPECT_EQ(bench.model.GetA(), 4);
+  EXPECT_NE(bench.window.log.find("\n R2X(cum)[4] = "), std::string::npos);
+  EXPECT_TRUE(bench.window.log.ends_with("\nNot significant component acc. to rule 3.\n"))
+      << bench.window.log;
+}
+
+TEST(Model, CountsQ2OfTheTotalWithTheOtherDefinition) {
+  // Of the irises: Q2 0.6162 and 0.5135 of what was left, which for the second is 1 - 0.72962.
+  Bench bench(test::Sample("iris"));
+  bench.options.SetSeqValidate(EValidate::CV);
+  bench.options.SetXOpt1(1);
+  ASSERT_EQ(bench.Compute(2), 0);
+  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2AX(1)), 0.6162, 1e-4);
+  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2AX(2)), 0.5135 * 0.27038, 1e-4);
+  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2X(2)), 0.6162 + 0.5135 * 0.27038, 1e-4);
+}
+
+TEST(Model, TellsTheCriticalDistances) {
+  // v2 = 150 - 1 - 2 = 147 and v1 = min(4, 100, 147) - 2 = 2, times 147/150 for members. For two
+  // degrees of freedom F is 147/2 (0.05^(-2/147) - 1) = 3.0576.
+  Bench bench(test::Sample("iris"));
+  ASSERT_EQ(bench.Compute(2), 0);
+  bench.options.SetIsNormDistLS(true);
+  bench.window.log.clear();
+  ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+  EXPECT_EQ(bench.window.log, "Executing WS: Model UnNamed\nDCritWS = 1.755 DCritTS = 1.749\n");
+  EXPECT_NEAR(static_cast<double>(bench.model.GetDCritTrSLS()),
+              std::sqrt(147.0 / 2 * (std::pow(0.05, -2.0 / 147) - 1)), 1e-4);
+  bench.options.SetIsNormDistLS(false);
+  ASSERT_EQ(bench.model.ExecLS(char{2}), 0);
+  EXPECT_NEAR(static_cast<double>(bench.model.GetDCritTrSLS()),
+              1.74860 * std::sqrt(static_cast<double>(bench.model.GetS2X(2))), 1e-4);
 }
 
 TEST(Model, RefusesASmallComponentByRule4) {

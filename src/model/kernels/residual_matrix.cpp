@@ -27,14 +27,10 @@ std::vector<char> FlagsFor(std::span<const char> takes_part, std::size_t column_
 
 ResidualMatrix::ResidualMatrix(const XFMatrix& values, std::span<const char> takes_part)
     : takes_part_(FlagsFor(takes_part, static_cast<std::size_t>(values.NCol()))),
-      used_column_count_(ColumnCount() -
-                         static_cast<std::size_t>(std::ranges::count(takes_part_, char{0}))),
       row_count_(static_cast<std::size_t>(values.NRow())),
       stride_(PaddedTo(kLaneCount, ColumnCount())),
       elements_(row_count_ * stride_),
-      first_hole_(row_count_ + 1),
-      column_counts_(ColumnCount()) {
-  for (std::size_t k = 0; k < ColumnCount(); ++k) column_counts_[k] = TakesPart(k) ? row_count_ : 0;
+      first_hole_(row_count_ + 1) {
   for (std::size_t i = 0; i < row_count_; ++i) {
     const std::span<const float> row = values.Row(static_cast<int>(i) + 1);
     const std::span<float> copy{elements_.Data() + i * stride_, stride_};
@@ -50,7 +46,6 @@ void ResidualMatrix::MakeHoles(std::span<float> row) {
     if (!IsMissing(row[k]) || !TakesPart(k)) continue;
     row[k] = 0.0f;
     holes_.push_back(static_cast<int>(k));
-    --column_counts_[k];
   }
 }
 
@@ -75,10 +70,6 @@ void ResidualMatrix::CenterAndScale(std::span<const float> centre, std::span<con
     ClearHoles(i);
   }
   ClearUnusedColumns();
-}
-
-std::size_t ResidualMatrix::RowPresentCount(std::size_t row) const {
-  return used_column_count_ - Holes(row).size();
 }
 
 bool ResidualMatrix::IsHole(std::size_t row, std::size_t column) const {

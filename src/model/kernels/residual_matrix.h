@@ -33,16 +33,8 @@ class ResidualMatrix {
 
   std::size_t RowCount() const { return row_count_; }
   std::size_t ColumnCount() const { return takes_part_.size(); }
-  // Centres and scales every present element.
-  void CenterAndScale(std::span<const float> centre, std::span<const float> weights);
-
-  // The columns that take part, and their present elements: in all, by row and by column.
   bool TakesPart(std::size_t column) const { return takes_part_[column] != 0; }
-  std::size_t UsedColumnCount() const { return used_column_count_; }
   bool IsComplete() const { return holes_.empty(); }
-  std::size_t PresentCount() const { return row_count_ * used_column_count_ - holes_.size(); }
-  std::size_t RowPresentCount(std::size_t row) const;
-  std::size_t ColumnPresentCount(std::size_t column) const { return column_counts_[column]; }
 
   // Row `row` with 0 for what is missing, and the columns of its missing elements, ascending.
   std::span<const float> Row(std::size_t row) const {
@@ -69,6 +61,9 @@ class ResidualMatrix {
   // Every row is followed by zeros up to this length, a multiple of kLaneCount.
   std::size_t PaddedLength() const { return stride_; }
 
+  // Centres and scales every present element.
+  void CenterAndScale(std::span<const float> centre, std::span<const float> weights);
+
   // The matrix less (plus) t p', in float. Where an element or a score is missing, and in columns
   // that take no part, nothing changes.
   void Subtract(std::span<const float> scores, std::span<const float> loadings);
@@ -94,14 +89,12 @@ class ResidualMatrix {
   void AddMultiple(float sign, std::span<const float> scores, std::span<const float> loadings);
 
   std::vector<char> takes_part_;
-  std::size_t used_column_count_;
   std::size_t row_count_;
   std::size_t stride_;
   AlignedBuffer<float> elements_;
   // The holes of row i are holes_[first_hole_[i]] up to holes_[first_hole_[i + 1]].
   std::vector<int> holes_;
   std::vector<std::size_t> first_hole_;
-  std::vector<std::size_t> column_counts_;
 };
 
 }  // namespace zemva

@@ -33,8 +33,10 @@ std::string Label(int a) {
 }  // namespace
 
 int PCModel::CalcComp() {
-  if (GetStatus() == status::mva::kComponentAborted) return GetStatus();
-  return Run([&] { return GetX().IsCentered() ? FitComponent() : status::mva::kDataNotAvailable; });
+  return Run([&] {
+    if (IsSearchOver()) return status::mva::kComponentAborted;
+    return GetX().IsCentered() ? FitComponent() : status::mva::kDataNotAvailable;
+  });
 }
 
 int PCModel::FitComponent() {
