@@ -13,16 +13,12 @@
 namespace zemva {
 namespace {
 
+using test::Own;
 using test::RowsOf;
 using test::SmallDataset;
 using enum EModType;
 
 constexpr float kM = kMissing;
-
-template <typename T>
-std::unique_ptr<T> Own(T* object) {
-  return std::unique_ptr<T>(object);
-}
 
 // The elements of a vector of small numbers without gaps between them.
 template <typename Vector>

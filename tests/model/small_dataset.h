@@ -11,6 +11,12 @@
 
 namespace zemva::test {
 
+// What an extraction has handed over.
+template <typename T>
+std::unique_ptr<T> Own(T* object) {
+  return std::unique_ptr<T>(object);
+}
+
 using Rows = std::vector<std::vector<float>>;
 
 // The matrix, row by row, without element 0.

@@ -16,16 +16,12 @@
 namespace zemva {
 namespace {
 
+using test::Own;
 using test::RowsOf;
 using test::SmallDataset;
 using enum EModType;
 
 constexpr float kM = kMissing;
-
-template <typename T>
-std::unique_ptr<T> Own(T* object) {
-  return std::unique_ptr<T>(object);
-}
 
 // The names in a table without gaps between them, "-" where there is no table.
 std::string Names(const std::unique_ptr<VarInfo>& table) {
