@@ -314,6 +314,7 @@ TEST(PCModel, NamesTheVariableThatIsOutOfRange) {
   bench.workset.SetFixedWeight(1, EScaType::kFW, 10.0f);
   EXPECT_EQ(bench.Compute(), 8005);
   EXPECT_EQ(bench.window.log, "X variable 100, a is out of range when centred and scaled.\n");
+  EXPECT_EQ(bench.model.GetSSX(0), kM);
 }
 
 TEST(PCModel, RefusesOtherDataUnderItsComponents) {

@@ -135,6 +135,28 @@ TEST(PCPrediction, ExcludesObservationsWithTooLittle) {
   }
 }
 
+TEST(PCPrediction, ListsMembersAndWhatIsOfTheClass) {
+  Bench bench(test::Sample("iris"));
+  for (short i = 1; i <= 50; ++i) bench.workset.SetOClass(i, 3);
+  PCModel model(&bench.owner, EModType::kPC1Cl, bench.window, &bench.options, 3);
+  ASSERT_EQ(model.Compute(), 0);
+  I1Vector selection(150, Model::kNewRow);
+  selection[1] = Model::kMemberRow;
+  ASSERT_EQ(model.ExecPS(bench.dataset->GetOIPtr(), bench.dataset->GetDMPtr(), &selection), 0);
+  // The first is a member and near its average; the last is of another kind.
+  ASSERT_GT(model.GetPModXPS(1, 1), 0.05f);
+  ASSERT_LT(model.GetPModXPS(1, 150), 0.05f);
+  test::RecordingWindow list;
+  model.ShowRes(list);
+  const auto row = [&](const std::string& name) {
+    const auto from = list.log.find(name);
+    return list.log.substr(from, list.log.find('\n', from) - from);
+  };
+  EXPECT_TRUE(row(" setosa_1 ").ends_with(" WS-memb. classified at the 5 % level."));
+  EXPECT_FALSE(row(" virginica_150 ").ends_with("."));
+  EXPECT_EQ(row(" setosa_2 ").find("WS-memb."), std::string::npos);
+}
+
 TEST(PCPrediction, RefusesWhatDoesNotFit) {
   Bench bench("abcde", PlaneTable());
   NewRows news(PlaneTable());

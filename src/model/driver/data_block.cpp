@@ -130,6 +130,7 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
                 GetName(k) + " is out of range when centred and scaled.\n");
     }
     residuals_.reset();
+    info_->centred = Stage(GetLetter(), 0, GetRowCount(), GetColumnCount());
     return status::mva::kDomain;
   }
   // The average is a linear function of the data.

@@ -165,6 +165,7 @@ class ZEMVA_API PCModel : public Model {
   // missing where these do not determine it.
   int CalcTPred(const XFVector& values, FVector& scores);
   const PCPredictions* GetPredictions(char a) const;
+  bool IsInClassPS(short i) const;
 
   std::vector<PCCompInfo> components_;
   std::optional<DistanceResults> workset_results_;

@@ -85,10 +85,17 @@ int PCModel::ShowComp(char a, StreamWindow& window) {
   return status::kOk;
 }
 
+// Whether the model is that of a class, and the observation one that it would take for its own.
+bool PCModel::IsInClassPS(short i) const {
+  const float probability = GetPModXPS(GetASelPS(), i);
+  return GetModType() == EModType::kPC1Cl && !IsMissing(probability) &&
+         probability >= GetOptions().GetSignLevPS();
+}
+
 int PCModel::ShowRes(StreamWindow& window) {
   Listing list(window);
   const auto show = [&](const char* title, const DistanceResults& results, ObsInfo* observations,
-                        auto get_t2) {
+                        auto get_t2, auto add_remark) {
     list.Text(title).Text(GetModNam()).EndLine();
     list.Right(6, "ONum").Right(26, "ONam").Right(14, results.distances.GetName());
     list.Right(14, results.probabilities.GetName()).Right(14, "Tsquare").EndLine();
@@ -96,16 +103,27 @@ int PCModel::ShowRes(StreamWindow& window) {
       list.Right(6, NumberOf(observations, i)).Right(26, NameOf(observations, i));
       AddValue(list, 14, results.distances[i]);
       AddValue(list, 14, results.probabilities[i]);
-      AddValue(list, 14, get_t2(static_cast<char>(results.component_count), i)).EndLine();
+      AddValue(list, 14, get_t2(static_cast<char>(results.component_count), i));
+      add_remark(i);
+      list.EndLine();
     }
   };
   if (workset_results_) {
-    show("Executing WS: Model ", *workset_results_, GetObsInfo(),
-         [&](char a, short i) { return GetT2LS(a, i); });
+    show(
+        "Executing WS: Model ", *workset_results_, GetObsInfo(),
+        [&](char a, short i) { return GetT2LS(a, i); }, [](short) {});
   }
   if (predictions_ != nullptr) {
-    show("Executing PS: Model ", predictions_->distance, GetObsInfoPS(),
-         [&](char a, short i) { return GetT2PS(a, i); });
+    const double level = static_cast<double>(GetOptions().GetSignLevPS());
+    show(
+        "Executing PS: Model ", predictions_->distance, GetObsInfoPS(),
+        [&](char a, short i) { return GetT2PS(a, i); },
+        [&](short i) {
+          if (IsMembPS(i)) list.Text(" WS-memb.");
+          if (IsInClassPS(i)) {
+            list.Text(" classified at the ").General(0, 100.0 * level).Text(" % level.");
+          }
+        });
   }
   return status::kOk;
 }
