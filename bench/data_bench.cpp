@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "data/dataset.h"
-#include "errors/stream_window.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/stream_window.h"
 
 namespace zemva {
 namespace {

@@ -13,10 +13,10 @@
 #include <memory>
 #include <string>
 
-#include "data/dataset.h"
-#include "errors/stream_window.h"
-#include "plugin/ko_import.h"
-#include "plugin/zemva_import.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/stream_window.h"
+#include "zemva/plugin/ko_import.h"
+#include "zemva/plugin/zemva_import.h"
 
 namespace zemva {
 namespace {

@@ -6,8 +6,8 @@
 #include <random>
 #include <vector>
 
-#include "base/positions.h"
-#include "zemva.h"
+#include "zemva/base/positions.h"
+#include "zemva/zemva.h"
 
 namespace zemva {
 

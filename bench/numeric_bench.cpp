@@ -10,7 +10,7 @@
 #include <memory>
 #include <random>
 
-#include "numeric/x_matrix.h"
+#include "zemva/numeric/x_matrix.h"
 
 namespace zemva {
 namespace {

@@ -7,7 +7,7 @@ set(zemva_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zemva)
 
 install(TARGETS zemva_program)
 install(TARGETS zemva EXPORT zemva
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zemva)
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT zemva NAMESPACE zemva:: FILE zemva-targets.cmake DESTINATION ${zemva_package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/zemva-config-version.cmake
   COMPATIBILITY SameMajorVersion)

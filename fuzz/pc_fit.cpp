@@ -9,9 +9,9 @@
 #include <memory>
 #include <span>
 
-#include "base/positions.h"
-#include "model/pc/pc_model.h"
-#include "project/project.h"
+#include "zemva/base/positions.h"
+#include "zemva/model/pc/pc_model.h"
+#include "zemva/project/project.h"
 
 namespace {
 

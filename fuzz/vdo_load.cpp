@@ -8,7 +8,7 @@
 #include <cstring>
 #include <string>
 
-#include "plugin/zemva_import.h"
+#include "zemva/plugin/zemva_import.h"
 
 namespace {
 

@@ -9,13 +9,13 @@
 #include <system_error>
 #include <utility>
 
-#include "base/native_path.h"
+#include "zemva/base/native_path.h"
 #include "code_page.h"
 #include "commands.h"
 #include "csv_reader.h"
-#include "data/dataset.h"
-#include "errors/status.h"
-#include "errors/stream_window.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/status.h"
+#include "zemva/errors/stream_window.h"
 
 namespace zemva::tools {
 namespace {

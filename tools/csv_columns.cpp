@@ -1,9 +1,9 @@
 #include "csv_columns.h"
-#include "base/positions.h"
+#include "zemva/base/positions.h"
 
-#include "base/atomic_file.h"
+#include "zemva/base/atomic_file.h"
 #include "code_page.h"
-#include "numeric/missing.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 

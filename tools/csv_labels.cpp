@@ -4,7 +4,7 @@
 
 #include "code_page.h"
 #include "csv_values.h"
-#include "data/names.h"
+#include "zemva/data/names.h"
 
 namespace zemva::tools {
 namespace {

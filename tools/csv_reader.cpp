@@ -10,9 +10,9 @@
 
 #include "csv_labels.h"
 #include "csv_values.h"
-#include "data/names.h"
-#include "errors/status.h"
-#include "numeric/missing.h"
+#include "zemva/data/names.h"
+#include "zemva/errors/status.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {

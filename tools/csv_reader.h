@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "csv_repairs.h"
-#include "data/obs_info.h"
-#include "data/var_info.h"
-#include "numeric/x_matrix.h"
+#include "zemva/data/obs_info.h"
+#include "zemva/data/var_info.h"
+#include "zemva/numeric/x_matrix.h"
 
 namespace zemva::tools {
 

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "numeric/missing.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {

@@ -9,12 +9,12 @@
 #include <unordered_map>
 #include <vector>
 
-#include "base/atomic_file.h"
-#include "base/native_path.h"
+#include "zemva/base/atomic_file.h"
+#include "zemva/base/native_path.h"
 #include "code_page.h"
 #include "commands.h"
 #include "csv_writer.h"
-#include "plugin/ko_import.h"
+#include "zemva/plugin/ko_import.h"
 #include "plugin_library.h"
 
 namespace zemva::tools {

@@ -5,12 +5,12 @@
 
 #include "code_page.h"
 #include "commands.h"
-#include "data/dataset.h"
-#include "dio/dio_data.h"
-#include "dio/file_contents.h"
-#include "errors/status.h"
-#include "errors/stream_window.h"
-#include "numeric/missing.h"
+#include "zemva/data/dataset.h"
+#include "zemva/dio/dio_data.h"
+#include "zemva/dio/file_contents.h"
+#include "zemva/errors/status.h"
+#include "zemva/errors/stream_window.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {

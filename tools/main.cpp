@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "commands.h"
-#include "errors/messages.h"
+#include "zemva/errors/messages.h"
 
 #if defined(_WIN32)
 #include <fcntl.h>

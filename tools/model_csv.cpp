@@ -1,15 +1,15 @@
 #include "model_csv.h"
-#include "base/positions.h"
+#include "zemva/base/positions.h"
 
 #include <filesystem>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "base/native_path.h"
+#include "zemva/base/native_path.h"
 #include "commands.h"
-#include "errors/status.h"
-#include "numeric/missing.h"
+#include "zemva/errors/status.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {

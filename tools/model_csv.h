@@ -5,8 +5,8 @@
 #include <string>
 
 #include "csv_columns.h"
-#include "data/dataset.h"
-#include "model/pc/pc_model.h"
+#include "zemva/data/dataset.h"
+#include "zemva/model/pc/pc_model.h"
 
 namespace zemva::tools {
 

@@ -1,5 +1,5 @@
 #include "model_options.h"
-#include "base/positions.h"
+#include "zemva/base/positions.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "code_page.h"
-#include "errors/status.h"
+#include "zemva/errors/status.h"
 
 namespace zemva::tools {
 namespace {

@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "commands.h"
-#include "model/preprocess/sca_info.h"
-#include "model/workset/workset.h"
-#include "settings/mod_opt.h"
+#include "zemva/model/preprocess/sca_info.h"
+#include "zemva/model/workset/workset.h"
+#include "zemva/settings/options/mod_opt.h"
 
 namespace zemva::tools {
 

@@ -5,10 +5,10 @@
 #include <string>
 #include <system_error>
 
-#include "base/native_path.h"
-#include "errors/messages.h"
-#include "errors/status.h"
-#include "errors/stream_window.h"
+#include "zemva/base/native_path.h"
+#include "zemva/errors/messages.h"
+#include "zemva/errors/status.h"
+#include "zemva/errors/stream_window.h"
 
 namespace zemva::tools {
 namespace {

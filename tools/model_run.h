@@ -2,12 +2,12 @@
 #ifndef ZEMVA_TOOLS_MODEL_RUN_H
 #define ZEMVA_TOOLS_MODEL_RUN_H
 
-#include "data/dataset.h"
-#include "model/driver/model.h"
-#include "model/workset/model_type.h"
-#include "model/workset/workset.h"
+#include "zemva/data/dataset.h"
+#include "zemva/model/driver/model.h"
+#include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/workset.h"
 #include "model_options.h"
-#include "project/project.h"
+#include "zemva/project/project.h"
 #include "text_window.h"
 
 namespace zemva::tools {

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "base/native_path.h"
+#include "zemva/base/native_path.h"
 #include "commands.h"
-#include "settings/ini_file.h"
-#include "settings/prj_opt.h"
+#include "zemva/settings/ini/ini_file.h"
+#include "zemva/settings/options/prj_opt.h"
 
 namespace zemva::tools {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "commands.h"
-#include "model/pc/pc_model.h"
+#include "zemva/model/pc/pc_model.h"
 #include "model_csv.h"
 #include "model_options.h"
 #include "model_run.h"

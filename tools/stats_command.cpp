@@ -8,11 +8,11 @@
 
 #include "code_page.h"
 #include "commands.h"
-#include "data/dataset.h"
-#include "errors/status.h"
-#include "errors/stream_window.h"
-#include "numeric/missing.h"
-#include "numeric/uni_var.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/status.h"
+#include "zemva/errors/stream_window.h"
+#include "zemva/numeric/missing.h"
+#include "zemva/numeric/uni_var.h"
 
 namespace zemva::tools {
 namespace {

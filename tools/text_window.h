@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "errors/stream_window.h"
+#include "zemva/errors/stream_window.h"
 
 namespace zemva::tools {
 

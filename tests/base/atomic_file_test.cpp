@@ -1,4 +1,4 @@
-#include "base/atomic_file.h"
+#include "zemva/base/atomic_file.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 #include <memory>
 #include <string>
 
-#include "data/dangerous_data_set_manipulator.h"
-#include "data/dataset.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dataset.h"
 #include "data/plain_table.h"
-#include "numeric/x_vector.h"
+#include "zemva/numeric/x_vector.h"
 #include "support/recording_window.h"
 
 namespace zemva {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "data/dataset.h"
+#include "zemva/data/dataset.h"
 #include "data/plain_table.h"
-#include "numeric/x_vector.h"
+#include "zemva/numeric/x_vector.h"
 #include "support/temp_folder.h"
 
 namespace zemva {

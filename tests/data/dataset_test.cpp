@@ -1,11 +1,11 @@
-#include "data/dataset.h"
+#include "zemva/data/dataset.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 
-#include "data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
 #include "data/plain_table.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"

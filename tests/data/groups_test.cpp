@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "data/blk_info.h"
-#include "data/cla_info.h"
+#include "zemva/data/blk_info.h"
+#include "zemva/data/cla_info.h"
 #include "support/recording_window.h"
 
 namespace zemva {

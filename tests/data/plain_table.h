@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "data/dataset.h"
+#include "zemva/data/dataset.h"
 
 namespace zemva::test {
 

@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "data/dataset.h"
-#include "data/ds_info.h"
-#include "data/obs_info.h"
-#include "data/var_info.h"
-#include "numeric/x_vector.h"
+#include "zemva/data/dataset.h"
+#include "zemva/data/ds_info.h"
+#include "zemva/data/obs_info.h"
+#include "zemva/data/var_info.h"
+#include "zemva/numeric/x_vector.h"
 #include "support/recording_window.h"
 
 namespace zemva {

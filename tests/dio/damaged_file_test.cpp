@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "data/dataset.h"
-#include "numeric/x_matrix.h"
-#include "plugin/ko_import.h"
+#include "zemva/data/dataset.h"
+#include "zemva/numeric/x_matrix.h"
+#include "zemva/plugin/ko_import.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"

@@ -1,4 +1,4 @@
-#include "dio/dio_data.h"
+#include "zemva/dio/dio_data.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "data/dangerous_data_set_manipulator.h"
-#include "data/dataset.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dataset.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"

@@ -1,4 +1,4 @@
-#include "dio/dio_file.h"
+#include "zemva/dio/dio_file.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "errors/dio_error.h"
+#include "zemva/errors/dio_error.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"

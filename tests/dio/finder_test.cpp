@@ -1,12 +1,12 @@
-#include "dio/finder.h"
+#include "zemva/dio/finder.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-#include "dio/dio_file.h"
-#include "errors/dio_error.h"
+#include "zemva/dio/dio_file.h"
+#include "zemva/errors/dio_error.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"

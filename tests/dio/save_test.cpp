@@ -7,9 +7,9 @@
 #include <thread>
 #include <vector>
 
-#include "data/dangerous_data_set_manipulator.h"
-#include "data/dataset.h"
-#include "dio/dio_data.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dataset.h"
+#include "zemva/dio/dio_data.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"

@@ -1,10 +1,10 @@
-#include "errors/messages.h"
+#include "zemva/errors/messages.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "errors/dio_error.h"
+#include "zemva/errors/dio_error.h"
 
 namespace zemva {
 namespace {

@@ -1,8 +1,8 @@
-#include "errors/stream_window.h"
+#include "zemva/errors/stream_window.h"
 
 #include <gtest/gtest.h>
 
-#include "errors/listing.h"
+#include "zemva/errors/listing.h"
 #include "support/recording_window.h"
 
 namespace zemva {

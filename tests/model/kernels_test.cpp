@@ -6,8 +6,8 @@
 #include <random>
 #include <vector>
 
-#include "model/kernels/nipals.h"
-#include "numeric/missing.h"
+#include "zemva/model/kernels/nipals.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva {
 namespace {

@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "data/dataset.h"
-#include "errors/status.h"
-#include "model/driver/model_owner.h"
-#include "model/pc/pc_model.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/status.h"
+#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/pc/pc_model.h"
 #include "model/small_dataset.h"
-#include "model/workset/predset.h"
-#include "model/workset/workset.h"
-#include "settings/mod_opt.h"
+#include "zemva/model/workset/predset.h"
+#include "zemva/model/workset/workset.h"
+#include "zemva/settings/options/mod_opt.h"
 #include "support/recording_window.h"
 
 namespace zemva::test {

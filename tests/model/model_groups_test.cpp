@@ -4,13 +4,13 @@
 #include <cmath>
 #include <string>
 
-#include "data/blk_info.h"
-#include "data/cla_info.h"
-#include "data/selection.h"
+#include "zemva/data/blk_info.h"
+#include "zemva/data/cla_info.h"
+#include "zemva/data/selection.h"
 #include "model/model_fixture.h"
-#include "model/preprocess/exp_info.h"
-#include "model/preprocess/lag_info.h"
-#include "model/preprocess/sca_info.h"
+#include "zemva/model/preprocess/exp_info.h"
+#include "zemva/model/preprocess/lag_info.h"
+#include "zemva/model/preprocess/sca_info.h"
 
 namespace zemva {
 namespace {

@@ -1,4 +1,4 @@
-#include "model/pc/pc_model.h"
+#include "zemva/model/pc/pc_model.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/workset/predset.h"
+#include "zemva/model/workset/predset.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "model/small_dataset.h"
-#include "numeric/missing.h"
+#include "zemva/numeric/missing.h"
 #include "support/recording_window.h"
 
 namespace zemva {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "data/selection.h"
-#include "model/preprocess/columns.h"
-#include "model/preprocess/sca_info.h"
+#include "zemva/data/selection.h"
+#include "zemva/model/preprocess/columns.h"
+#include "zemva/model/preprocess/sca_info.h"
 #include "support/recording_window.h"
 
 namespace zemva {

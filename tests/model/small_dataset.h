@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "base/positions.h"
-#include "data/dataset.h"
+#include "zemva/base/positions.h"
+#include "zemva/data/dataset.h"
 
 namespace zemva::test {
 

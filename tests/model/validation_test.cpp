@@ -1,10 +1,10 @@
-#include "model/driver/validation.h"
+#include "zemva/model/driver/validation.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "model/pc/cross_validation.h"
+#include "zemva/model/pc/cross_validation.h"
 #include "support/recording_window.h"
 
 namespace zemva {

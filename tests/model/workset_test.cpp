@@ -1,4 +1,4 @@
-#include "model/workset/workset.h"
+#include "zemva/model/workset/workset.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 #include <memory>
 #include <string>
 
-#include "data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
 #include "model/small_dataset.h"
-#include "numeric/missing.h"
+#include "zemva/numeric/missing.h"
 #include "support/recording_window.h"
 
 namespace zemva {

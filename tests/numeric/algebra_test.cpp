@@ -3,7 +3,7 @@
 #include <cmath>
 #include <memory>
 
-#include "numeric/d_matrix.h"
+#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
 #include "support/temp_folder.h"
 

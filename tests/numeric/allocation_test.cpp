@@ -6,9 +6,9 @@
 #include <memory>
 #include <new>
 
-#include "numeric/d_matrix.h"
+#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
-#include "numeric/uni_var.h"
+#include "zemva/numeric/uni_var.h"
 
 namespace {
 

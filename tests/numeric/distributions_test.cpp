@@ -1,5 +1,5 @@
 // Expected values: SciPy 1.10.1, of which those of t and F also stand in the usual printed tables.
-#include "numeric/distributions.h"
+#include "zemva/numeric/distributions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "numeric/vector_listing.h"
+#include "zemva/numeric/vector_listing.h"
 
 #include <gtest/gtest.h>
 
-#include "numeric/d_matrix.h"
+#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
 #include "support/recording_window.h"
 

@@ -9,8 +9,8 @@
 #include <span>
 #include <vector>
 
-#include "numeric/x_matrix.h"
-#include "numeric/x_vector.h"
+#include "zemva/numeric/x_matrix.h"
+#include "zemva/numeric/x_vector.h"
 
 namespace zemva::test {
 

@@ -1,4 +1,4 @@
-#include "numeric/row_kernels.h"
+#include "zemva/numeric/row_kernels.h"
 
 #include <gtest/gtest.h>
 

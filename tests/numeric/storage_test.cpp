@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "numeric/d_matrix.h"
+#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
 
 namespace zemva {

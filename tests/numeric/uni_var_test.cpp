@@ -1,4 +1,4 @@
-#include "numeric/uni_var.h"
+#include "zemva/numeric/uni_var.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <memory>
 
 #include "numeric/matrices.h"
-#include "numeric/moments.h"
-#include "numeric/sample.h"
+#include "zemva/numeric/moments.h"
+#include "zemva/numeric/sample.h"
 #include "support/recording_window.h"
 
 namespace zemva {

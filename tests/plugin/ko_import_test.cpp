@@ -1,4 +1,4 @@
-#include "plugin/ko_import.h"
+#include "zemva/plugin/ko_import.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/zemva_import.h"
+#include "zemva/plugin/zemva_import.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
 

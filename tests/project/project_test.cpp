@@ -1,4 +1,4 @@
-#include "project/project.h"
+#include "zemva/project/project.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 
 #include "model/model_fixture.h"
-#include "model/pc/pc_model.h"
+#include "zemva/model/pc/pc_model.h"
 #include "model/small_dataset.h"
 #include "support/recording_window.h"
 

@@ -1,9 +1,9 @@
-#include "settings/ini_file.h"
+#include "zemva/settings/ini/ini_file.h"
 
 #include <gtest/gtest.h>
 
-#include "settings/prj_opt.h"
-#include "settings/profile.h"
+#include "zemva/settings/options/prj_opt.h"
+#include "zemva/settings/profile/profile.h"
 #include "support/temp_folder.h"
 
 namespace zemva {

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "settings/ini_file.h"
-#include "settings/mod_opt.h"
-#include "settings/prj_opt.h"
-#include "settings/profile.h"
+#include "zemva/settings/ini/ini_file.h"
+#include "zemva/settings/options/mod_opt.h"
+#include "zemva/settings/options/prj_opt.h"
+#include "zemva/settings/profile/profile.h"
 #include "support/temp_folder.h"
 
 namespace zemva {

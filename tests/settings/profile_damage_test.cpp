@@ -7,10 +7,10 @@
 #include <thread>
 #include <utility>
 
-#include "settings/file_lock.h"
-#include "settings/file_profile.h"
-#include "settings/ini_file.h"
-#include "settings/ini_layout.h"
+#include "zemva/settings/profile/file_lock.h"
+#include "zemva/settings/profile/file_profile.h"
+#include "zemva/settings/ini/ini_file.h"
+#include "zemva/settings/ini/ini_layout.h"
 #include "support/temp_folder.h"
 
 #if !defined(_WIN32)

@@ -1,6 +1,6 @@
 // The profile operations: what a text of this format means, and what a change makes of it. Every
 // implementation of this system is held against one table, on Windows the system's own calls too.
-#include "settings/profile.h"
+#include "zemva/settings/profile/profile.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <fstream>
 #include <memory>
 
-#include "settings/file_profile.h"
+#include "zemva/settings/profile/file_profile.h"
 #include "support/temp_folder.h"
 #if defined(_WIN32)
-#include "settings/windows_profile.h"
+#include "zemva/settings/profile/windows_profile.h"
 #endif
 
 namespace zemva {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "errors/stream_window.h"
+#include "zemva/errors/stream_window.h"
 
 namespace zemva::test {
 

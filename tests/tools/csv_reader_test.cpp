@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "code_page.h"
-#include "numeric/missing.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {

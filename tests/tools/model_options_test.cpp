@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "data/dataset.h"
-#include "errors/status.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/status.h"
 
 namespace zemva::tools {
 namespace {

@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "zemva.h"
+#include "zemva/zemva.h"
 
 int main(int, char** argv) {
   zemva::Dataset dataset("sample", argv[1], zemva::GlobalStreamWindow());

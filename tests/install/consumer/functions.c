@@ -1,7 +1,7 @@
 #include <stdio.h>
 
-#include "plugin/ko_import.h"
-#include "plugin/zemva_import.h"
+#include "zemva/plugin/ko_import.h"
+#include "zemva/plugin/zemva_import.h"
 
 int main(int argc, char** argv) {
   void* handle = NULL;

@@ -1,0 +1,281 @@
+// Observations or variables of one data set appended to another.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "zemva/data/dataset.h"
+#include "zemva/errors/memory_guard.h"
+#include "zemva/data/names.h"
+#include "zemva/errors/listing.h"
+#include "zemva/errors/status.h"
+#include "zemva/numeric/missing.h"
+
+namespace zemva {
+namespace {
+
+// For each variable of one data set the position of its namesake in another, 0 where there is none.
+struct NameMap {
+  std::vector<short> positions;
+  bool is_matched = false;  // by any variable
+
+  // Namesakes are sought behind the one found last first, then from the beginning.
+  NameMap(const std::vector<std::string_view>& to, const std::vector<std::string_view>& from) {
+    const NameOrder order(from);
+    positions.reserve(to.size());
+    int cursor = 1;
+    for (const std::string_view name : to) {
+      const int found = order.Find(name, cursor);
+      if (found != 0) cursor = found + 1;
+      is_matched = is_matched || found != 0;
+      positions.push_back(static_cast<short>(found));
+    }
+  }
+
+  // Elements of rows are counted from 1; `from` has `width` of them.
+  void CopyRow(const float* from, int width, float* to, bool fill) const {
+    for (const short position : positions) {
+      ++to;
+      if (position >= 1 && position <= width) {
+        *to = from[position];
+      } else if (fill) {
+        *to = kMissing;
+      }
+    }
+  }
+};
+
+// What CopyObservationData keeps between calls.
+std::optional<NameMap> kept_map;
+
+// A variable table that others join under names of their own.
+class JoinedVariables {
+ public:
+  JoinedVariables(const VarInfo& table, StreamWindow& window) : table_(table), window_(window) {
+    for (int j = 1; j <= table.GetNVar(); ++j) taken_.emplace(table.GetVNam(static_cast<short>(j)));
+  }
+
+  // Appends a variable. One whose repeated name cannot be repaired is left out.
+  int Add(short number, const std::string& name) {
+    if (!taken_.contains(name)) return AddAs(number, name);
+    has_repeated_ = true;
+    const std::string repaired = FindFree(name);
+    if (ReportRepair(window_, name, repaired)) return AddAs(number, repaired);
+    is_complete_ = false;
+    return status::kOk;
+  }
+
+  VarInfo& GetTable() { return table_; }
+  bool HasRepeated() const { return has_repeated_; }
+  bool IsComplete() const { return is_complete_; }
+
+ private:
+  int AddAs(short number, const std::string& name) {
+    taken_.insert(name);
+    return table_.AddVar(number, name.c_str());
+  }
+
+  // The first of name_1, name_2 ... that is free.
+  std::string FindFree(const std::string& name) {
+    int& suffix = suffixes_[name];  // all before it are taken
+    suffix = std::max(suffix, 1);
+    while (taken_.contains(SuffixedName(name, suffix))) ++suffix;
+    return SuffixedName(name, suffix);
+  }
+
+  VarInfo table_;
+  StreamWindow& window_;
+  std::unordered_set<std::string> taken_;
+  std::unordered_map<std::string, int> suffixes_;
+  bool has_repeated_ = false;
+  bool is_complete_ = true;
+};
+
+// Loads a data set that is not loaded, until the end of its life.
+class LoadedMeanwhile {
+ public:
+  explicit LoadedMeanwhile(Dataset& dataset) : dataset_(dataset), was_loaded_(dataset.IsLoaded()) {
+    if (!was_loaded_) status_ = dataset_.Load();
+  }
+  LoadedMeanwhile(const LoadedMeanwhile&) = delete;
+  LoadedMeanwhile& operator=(const LoadedMeanwhile&) = delete;
+  ~LoadedMeanwhile() {
+    if (!was_loaded_) dataset_.Unload();
+  }
+
+  int GetStatus() const { return status_; }
+
+ private:
+  Dataset& dataset_;
+  bool was_loaded_;
+  int status_ = status::kOk;
+};
+
+// A table "ObsInfo" of n observations Obs_1, Obs_2 ... with the labels of an earlier one.
+int NumberObservations(int n, const ObsInfo& labelled, ObsInfo& table) {
+  ObsInfo numbered("ObsInfo");
+  for (int i = 1; i <= 3; ++i) numbered.SetLabel(i, labelled.GetLabel(i));
+  for (int i = 1; i <= n; ++i) {
+    const int status = numbered.AddObs(static_cast<short>(i), NumberedName("Obs_", i).c_str());
+    if (status != status::kOk) return status;
+  }
+  table = std::move(numbered);
+  return status::kOk;
+}
+
+// A table "VarInfo" of n variables Var_1, Var_2 ...
+int NumberVariables(int n, VarInfo& table) {
+  VarInfo numbered("VarInfo");
+  for (int j = 1; j <= n; ++j) {
+    const int status = numbered.AddVar(static_cast<short>(j), NumberedName("Var_", j).c_str());
+    if (status != status::kOk) return status;
+  }
+  table = std::move(numbered);
+  return status::kOk;
+}
+
+}  // namespace
+
+bool Dataset::CopyObservationData(Dataset* dst, int dst_row, Dataset* src, int src_row, bool fill) {
+  if (dst == nullptr || src == nullptr) {
+    kept_map.reset();
+    return true;
+  }
+  if (dst->EnsureLoaded() != status::kOk || src->EnsureLoaded() != status::kOk) return false;
+  const auto variable_count = static_cast<std::size_t>(dst->nvar_);
+  if (!kept_map || kept_map->positions.size() != variable_count) {
+    kept_map.reset();
+    const int status = MemoryGuarded([&] {
+      kept_map.emplace(dst->GetVarNames(), src->GetVarNames());
+      return status::kOk;
+    });
+    if (status != status::kOk) return false;
+  }
+  float* to = dst->GetRow(dst_row);
+  const float* from = src->GetRow(src_row);
+  if (to != nullptr && from != nullptr && dst->CountsFitMatrix()) {
+    kept_map->CopyRow(from, src->matrix_->NCol(), to, fill);
+    dst->is_dirty_ = true;
+  }
+  return kept_map->is_matched;
+}
+
+// Runs `merge` while `other` is loaded.
+template <typename Merge>
+int Dataset::MergeWith(Dataset* other, Merge merge) {
+  if (StartEdit() != status::kOk) return status_;
+  if (other == nullptr) return status_ = status::mva::kNullPointer;
+  const LoadedMeanwhile loaded(*other);
+  if (loaded.GetStatus() != status::kOk) return status_ = loaded.GetStatus();
+  if (!other->CountsFitMatrix()) return status_ = status::dio::kIncompleteDataset;
+  return Changed(MemoryGuarded(merge));
+}
+
+int Dataset::MergeObs(Dataset* other, bool renumber) {
+  return MergeWith(other, [&] { return MergeObsOf(*other, renumber); });
+}
+
+int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
+  const int old_count = nobs_;
+  const int added_count = other.nobs_;
+  const int count = old_count + added_count;
+  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
+  const bool has_repeated = !renumber && ReportRepeatedNumbers(other);
+
+  // All that can fail comes before the first change of this data set.
+  ObsInfo table("");
+  int status = renumber ? NumberObservations(count, *obs_info_, table)
+                        : JoinObsLabels(other, has_repeated, table);
+  if (status != status::kOk) return status;
+  const NameMap map(GetVarNames(), other.GetVarNames());
+  kept_map.reset();
+  const bool has_nothing_to_match = added_count == 0 || (nvar_ == 0 && other.nvar_ == 0);
+  if (map.is_matched || has_nothing_to_match) {
+    status = matrix_->ExpRows(added_count, kMissing);
+    if (status != status::kOk) return status;
+    for (int i = 1; i <= added_count; ++i) {
+      map.CopyRow((*other.matrix_)[i], other.nvar_, (*matrix_)[old_count + i], true);
+    }
+    matrix_->SetActValInfo();
+    nobs_ = static_cast<short>(count);
+  }
+  table.KeepFirst(nobs_);
+  *obs_info_ = std::move(table);
+  if (has_repeated) window_ << "Observations have been renumbered starting with 1.\n";
+  if (renumber) window_ << "Observations have been reidentified starting with Obs_1.\n";
+  return has_repeated ? status::mva::kDuplicateName : status::kOk;
+}
+
+// Tells which numbers of `other` this data set has too; false if there is none.
+bool Dataset::ReportRepeatedNumbers(const Dataset& other) const {
+  std::vector<bool> is_taken(std::size_t{1} << 16);
+  const auto slot = [](short number) { return std::size_t{static_cast<unsigned short>(number)}; };
+  for (int i = 1; i <= nobs_; ++i) is_taken[slot(GetObsLabel(i).number)] = true;
+  bool has_repeated = false;
+  for (int i = 1; i <= other.nobs_; ++i) {
+    const short number = other.GetObsLabel(i).number;
+    if (!is_taken[slot(number)]) continue;
+    has_repeated = true;
+    Listing(window_).Text("Duplicate observation number ").Number(number).Text(".").EndLine();
+  }
+  return has_repeated;
+}
+
+// The observation table of this data set followed by that of `other`.
+int Dataset::JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) const {
+  ObsInfo joined(*obs_info_);
+  int status = joined.GetNItm() == nobs_ ? status::kOk : status::mva::kMemory;
+  for (int i = 1; i <= other.nobs_ && status == status::kOk; ++i) {
+    const Label label = other.GetObsLabel(i);
+    status = joined.AddObs(label.number, label.name);
+  }
+  if (status != status::kOk) return status;
+  for (int i = 1; renumber && i <= joined.GetNItm(); ++i) {
+    joined.SetONum(static_cast<short>(i), static_cast<short>(i));
+  }
+  table = std::move(joined);
+  return status::kOk;
+}
+
+int Dataset::MergeVar(Dataset* other, bool rename) {
+  return MergeWith(other, [&] { return MergeVarOf(*other, rename); });
+}
+
+int Dataset::MergeVarOf(const Dataset& other, bool rename) {
+  const int old_count = nvar_;
+  const int added_count = other.nvar_;
+  const int count = old_count + added_count;
+  if (nobs_ != other.nobs_) return status::mva::kInconsistentDatasets;
+  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
+
+  // All that can fail comes before the first change of this data set.
+  JoinedVariables joined(*var_info_, window_);
+  int status = joined.GetTable().GetNVar() == old_count ? status::kOk : status::mva::kMemory;
+  for (int j = 1; j <= added_count && !rename && status == status::kOk; ++j) {
+    const Label label = other.GetVarLabel(j);
+    status = joined.Add(static_cast<short>(old_count + label.number), label.name);
+  }
+  const bool is_renamed = rename || !joined.IsComplete();
+  if (status == status::kOk && is_renamed) status = NumberVariables(count, joined.GetTable());
+  if (status == status::kOk) status = matrix_->ExpCols(added_count, kMissing);
+  if (status != status::kOk) return status;
+
+  for (int i = 1; i <= nobs_; ++i) {
+    std::copy_n((*other.matrix_)[i] + 1, added_count, (*matrix_)[i] + old_count + 1);
+  }
+  matrix_->SetActValInfo();
+  nvar_ = static_cast<short>(count);
+  *var_info_ = std::move(joined.GetTable());
+  is_dirty_ = true;
+  if (is_renamed) {
+    window_ << "Variables have been renamed starting with Var_1.\n";
+    status = obs_info_->GetStatus();  // what the renaming has always answered
+  }
+  return joined.HasRepeated() ? status::mva::kDuplicateName : status;
+}
+
+}  // namespace zemva

@@ -1,0 +1,157 @@
+#include "zemva/data/itm_info.h"
+
+#include <cstring>
+#include <utility>
+
+#include "zemva/data/itm_listing.h"
+#include "zemva/data/selection.h"
+
+namespace zemva {
+namespace {
+
+constexpr const char* kListingName = "PrivateItmInfo";
+constexpr const char* kHeader = "  Item  INum  INam";
+
+}  // namespace
+
+ItmData::~ItmData() = default;
+
+PrivateItmInfo::~PrivateItmInfo() = default;
+
+int PrivateItmInfo::AddItm(std::unique_ptr<ItmData> item) {
+  if (item == nullptr) return status::itm::kNullItem;
+  if (GetNItm() == kMaxItems) return status::itm::kBadPosition;
+  try {
+    items_.push_back(std::move(item));
+  } catch (const std::bad_alloc&) {
+    return status::mva::kMemory;
+  }
+  return status::kOk;
+}
+
+int PrivateItmInfo::DelItm(short i) {
+  if (!IsPosition(i)) return status::itm::kBadPosition;
+  items_.erase(items_.begin() + (i - 1));
+  return status::kOk;
+}
+
+int PrivateItmInfo::Copy(const PrivateItmInfo& other) {
+  try {
+    std::vector<std::unique_ptr<ItmData>> items;
+    items.reserve(other.items_.size());
+    for (const auto& item : other.items_) items.push_back(item->Clone());
+    items_ = std::move(items);
+  } catch (const std::bad_alloc&) {
+    return status::mva::kMemory;
+  }
+  name_ = other.name_;
+  return status::kOk;
+}
+
+int PrivateItmInfo::ShowAll(StreamWindow& window) const {
+  ListTitle(window, kListingName, GetNItm());
+  Listing(window).Text(kHeader).EndLine();
+  for (short i = 1; IsPosition(i); ++i) ShowRow(i, window);
+  return status::kOk;
+}
+
+int PrivateItmInfo::ShowItm(short i, StreamWindow& window) const {
+  ListItemTitle(window, kListingName, i);
+  Listing(window).Text(kHeader).EndLine();
+  if (IsPosition(i)) ShowRow(i, window);
+  return status::kOk;
+}
+
+void PrivateItmInfo::ShowRow(short i, StreamWindow& window) const {
+  const ItmData& item = *GetItm(i);
+  Listing(window).Right(6, i).Right(6, item.GetINum()).Text(item.GetINam()).EndLine();
+}
+
+ItmInfo::ItmInfo(const ItmInfo& other)
+    : items_(other.GetNam()), status_(other.status_), is_modified_(other.is_modified_) {
+  const int status = items_.Copy(other.items_);
+  if (status != status::kOk) SetStatus(status);
+}
+
+ItmInfo& ItmInfo::operator=(const ItmInfo& other) {
+  const int status = items_.Copy(other.items_);
+  SetStatus(status == status::kOk ? other.status_ : status);
+  if (status == status::kOk) is_modified_ = other.is_modified_;
+  return *this;
+}
+
+ItmInfo::~ItmInfo() = default;
+
+int ItmInfo::DelAll() {
+  items_.DelAll();
+  return Changed(status::kOk);
+}
+
+int ItmInfo::ShowAll(StreamWindow& window) {
+  return items_.ShowAll(window);
+}
+
+int ItmInfo::ShowItm(short i, StreamWindow& window) {
+  return items_.ShowItm(i, window);
+}
+
+short ItmInfo::GetINum(short i) const {
+  const ItmData* item = GetItm(i);
+  return item == nullptr ? short{0} : item->GetINum();
+}
+
+const char* ItmInfo::GetINam(short i) const {
+  const ItmData* item = GetItm(i);
+  return item == nullptr ? nullptr : item->GetINam();
+}
+
+int ItmInfo::SetINum(short i, short num) {
+  ItmData* item = GetItm(i);
+  if (item == nullptr) return SetStatus(status::itm::kBadPosition);
+  item->SetINum(num);
+  return Changed(status::kOk);
+}
+
+int ItmInfo::SetINam(short i, const char* name) {
+  ItmData* item = GetItm(i);
+  if (item == nullptr) return SetStatus(status::itm::kBadPosition);
+  item->SetINam(name);
+  return Changed(status::kOk);
+}
+
+short ItmInfo::GetIx(short num) const {
+  return FindItm(1, GetNItm(), [&](const ItmData& item) { return item.GetINum() == num; });
+}
+
+short ItmInfo::GetIx(const char* name) const {
+  if (name == nullptr) return 0;
+  return FindItm(1, GetNItm(),
+                 [&](const ItmData& item) { return std::strcmp(item.GetINam(), name) == 0; });
+}
+
+int ItmInfo::KeepItms(const XI1Vector& keep) {
+  if (keep.NVal() != GetNItm()) return SetStatus(status::mva::kIndexOutOfRange);
+  items_.KeepItms([&](short i) { return keep[i] == kSelected; });
+  return Changed(status::kOk);
+}
+
+void ItmInfo::KeepFirst(int count) {
+  if (GetNItm() <= count) return;
+  items_.KeepItms([&](short i) { return i <= count; });
+  Changed(status::kOk);
+}
+
+int ItmInfo::AddItm(ItmData* item) {
+  return Changed(items_.AddItm(std::unique_ptr<ItmData>(item)));
+}
+
+int ItmInfo::DelItm(short i) {
+  return Changed(items_.DelItm(i));
+}
+
+int ItmInfo::Changed(int status) {
+  if (status == status::kOk) is_modified_ = true;
+  return SetStatus(status);
+}
+
+}  // namespace zemva

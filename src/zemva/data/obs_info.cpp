@@ -1,0 +1,110 @@
+#include "zemva/data/obs_info.h"
+
+#include <algorithm>
+
+#include "zemva/data/itm_listing.h"
+#include "zemva/data/selection.h"
+#include "zemva/errors/status.h"
+
+namespace zemva {
+namespace {
+
+constexpr const char* kExtractName = "ObsInfo";
+constexpr const char* kHeader = "  Item  ONum      ONam";
+
+}  // namespace
+
+ObsInfo::ObsInfo(const ObsInfo* other) : ObsInfo(other == nullptr ? ObsInfo("") : *other) {
+  if (other == nullptr) SetStatus(status::mva::kNullPointer);
+}
+
+int ObsInfo::AddObs(short onum, const char* name) {
+  return MakeItm<ObsData>(static_cast<short>(GetNItm() + 1), name, onum);
+}
+
+int ObsInfo::DelObs(short onum) {
+  const short i = GetOIx(onum);
+  return i == 0 ? SetStatus(status::mva::kNoSuchNumber) : DelItm(i);
+}
+
+short ObsInfo::GetOIx(short onum) const {
+  const short n = GetNItm();
+  const auto matches = [&](const ItmData& row) {
+    return static_cast<const ObsData&>(row).GetONum() == onum;
+  };
+  short found = FindItm(cursor_, n, matches);
+  if (found == 0) found = FindItm(1, std::min(cursor_, n), matches);
+  if (found != 0) cursor_ = static_cast<short>(found % n + 1);
+  return found;
+}
+
+short ObsInfo::GetONum(short i) const {
+  const ObsData* row = GetRow(i);
+  return row == nullptr ? short{0} : row->GetONum();
+}
+
+int ObsInfo::SetONum(short i, short onum) {
+  auto* row = static_cast<ObsData*>(GetItm(i));
+  if (row == nullptr) return SetStatus(status::mva::kIndexOutOfRange);
+  row->SetONum(onum);
+  return Changed(status::kOk);
+}
+
+int ObsInfo::GetObs(short i, short& onum, const char*& name) {
+  onum = GetONum(i);
+  name = GetONam(i);
+  return SetStatus(name == nullptr ? status::mva::kIndexOutOfRange : status::kOk);
+}
+
+const char* ObsInfo::GetLabel(int i) const {
+  return i >= 1 && i <= 3 ? labels_[static_cast<std::size_t>(i - 1)].Get() : "";
+}
+
+void ObsInfo::SetLabel(int i, const char* label) {
+  if (i >= 1 && i <= 3) labels_[static_cast<std::size_t>(i - 1)].Set(label);
+}
+
+ObsInfo* ObsInfo::ExtObsInfo(const XI1Vector* sel) const {
+  if (sel == nullptr) return nullptr;
+  try {
+    auto extract = std::make_unique<ObsInfo>(kExtractName);
+    for (int i = 1; i <= std::min<int>(GetNItm(), sel->NVal()); ++i) {
+      if ((*sel)[i] != kSelected) continue;
+      const int status = extract->AddItm(GetRow(static_cast<short>(i))->Clone().release());
+      if (status != status::kOk) return nullptr;
+    }
+    extract->start_time_ = start_time_;
+    extract->stop_time_ = stop_time_;
+    extract->sampling_interval_ = sampling_interval_;
+    extract->labels_ = labels_;
+    return extract.release();  // the caller's
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+int ObsInfo::ShowAll(StreamWindow& window) {
+  ListTitle(window, GetNam(), GetNItm());
+  Listing(window).Text(kHeader).EndLine();
+  for (int i = 1; i <= GetNItm(); ++i) ShowRow(static_cast<short>(i), window);
+  return status::kOk;
+}
+
+int ObsInfo::ShowObs(short i, StreamWindow& window) {
+  ListItemTitle(window, GetNam(), i);
+  Listing(window).Text(kHeader).EndLine();
+  ShowRow(i, window);
+  return status::kOk;
+}
+
+void ObsInfo::ShowRow(short i, StreamWindow& window) const {
+  const ObsData* row = GetRow(i);
+  if (row == nullptr) return;
+  Listing(window)
+      .Right(6, row->GetINum())
+      .Right(6, row->GetONum())
+      .Right(10, row->GetINam())
+      .EndLine();
+}
+
+}  // namespace zemva

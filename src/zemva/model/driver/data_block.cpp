@@ -1,0 +1,185 @@
+#include "zemva/model/driver/data_block.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "zemva/errors/status.h"
+#include "zemva/numeric/variance.h"
+
+namespace zemva {
+namespace {
+
+// What a member of the numeric core returned, which is null when memory ran out.
+void Take(XFVector* from, XFVector& to) {
+  const std::unique_ptr<XFVector> owned(from);
+  if (owned == nullptr) throw std::bad_alloc();
+  std::ranges::copy(owned->Values(), to.Values().begin());
+  to.SetActValInfo();
+}
+
+std::vector<double> Widened(const XFVector& vector) {
+  return {vector.Values().begin(), vector.Values().end()};
+}
+
+}  // namespace
+
+int DataBlock::Extract(Workset& workset, EModType type, char selector) {
+  int status = status::kOk;
+  // Null without a code stands for a table that the work set has not.
+  const auto take = [&](auto& table, auto* extracted) {
+    table.reset(extracted);
+    if (extracted == nullptr && status == status::kOk) status = workset.GetStatus();
+  };
+  take(values_, workset.ExtMatrix(type, block_, selector));
+  if (status == status::kOk) take(variables_, workset.ExtVarInfo(type, block_, selector));
+  if (status == status::kOk)
+    take(scalings_, workset.ExtScaInfo(type, block_, selector, values_.get()));
+  if (status == status::kOk) take(transformations_, workset.ExtTraInfo(type, block_, selector));
+  if (status == status::kOk) take(terms_, workset.ExtExpInfo(type, block_, selector));
+  if (status == status::kOk) take(lags_, workset.ExtLagInfo(type, block_, selector));
+  if (status == status::kOk) take(blocks_, workset.ExtBlkInfo(type, block_, selector));
+  if (status == status::kOk) DescribeLoaded();
+  return status;
+}
+
+bool DataBlock::HasDataOf(const DataBlock& other) const {
+  const auto equal = [](const XFVector& one, const XFVector& two) {
+    return std::ranges::equal(one.Values(), two.Values());
+  };
+  return equal(info_->loaded.sso, other.info_->loaded.sso) &&
+         equal(info_->loaded.ssv, other.info_->loaded.ssv) &&
+         equal(info_->loaded_average, other.info_->loaded_average) &&
+         equal(info_->weights, other.info_->weights);
+}
+
+void DataBlock::Unload() {
+  residuals_.reset();
+  blocks_.reset();
+  lags_.reset();
+  terms_.reset();
+  transformations_.reset();
+  scalings_.reset();
+  variables_.reset();
+  values_.reset();
+}
+
+void DataBlock::DescribeLoaded() {
+  info_.emplace(GetLetter(), values_->NRow(), values_->NCol());
+  Take(values_->Avg(""), info_->loaded_average);
+  Take(values_->MinCol(""), info_->smallest);
+  Take(values_->MaxCol(""), info_->largest);
+  for (int i = 1; i <= values_->NRow(); ++i) {
+    info_->row_counts[static_cast<std::size_t>(i - 1)] = values_->NValARow(i);
+  }
+  Take(values_->SSRow(""), info_->loaded.sso);
+  Take(values_->SSCol(""), info_->loaded.ssv);
+  Fill({}, Widened(info_->loaded.sso), Widened(info_->loaded.ssv), info_->loaded);
+}
+
+const char* DataBlock::GetName(int column) const {
+  return variables_->GetVNam(static_cast<short>(column));
+}
+
+short DataBlock::GetNumber(int column) const {
+  return variables_->GetVNum(static_cast<short>(column));
+}
+
+int DataBlock::FindWeights(ModelLog& log) {
+  XFVector& weights = info_->weights;
+  for (int k = 1; k <= weights.NVal(); ++k) {
+    const ScaData& scaling = *scalings_->GetItm(static_cast<short>(k));
+    const bool is_decided = scaling.GetScaType() != EScaType::kUdef;
+    weights[k] = is_decided ? scaling.GetWeig() : scaling.GetWeigAC();
+  }
+  if (blocks_ != nullptr) {
+    const int status = blocks_->Transfer(&weights);
+    if (status != status::kOk) return status;
+  }
+  weights.SetActValInfo();
+  for (int k = 1; k <= weights.NVal(); ++k) {
+    if (!IsMissing(weights[k])) continue;
+    log.Write(std::string("Undefined scaling weight for ") + GetLetter() + "-variable " +
+              std::to_string(GetNumber(k)) + " " + GetName(k) + "\n");
+  }
+  return weights.NValA() == weights.NVal() ? status::kOk : status::mva::kUndefinedWeights;
+}
+
+int DataBlock::Center(bool is_centred, ModelLog& log) {
+  XFVector& reference = info_->reference;
+  std::ranges::fill(reference.Values(), 0.0f);
+  if (is_centred) {
+    std::ranges::copy(info_->loaded_average.Values(), reference.Values().begin());
+    const int status = scalings_->SetNCRef(variables_.get(), &reference);
+    if (status != status::kOk) return status;
+  }
+  reference.SetActValInfo();
+
+  std::vector<char> takes_part;
+  for (const float weight : info_->weights.Values()) takes_part.push_back(weight != 0.0f);
+  residuals_.emplace(*values_, takes_part);
+  residuals_->CenterAndScale(reference.Values(), info_->weights.Values());
+  Measure({is_centred ? 1 : 0, 0}, info_->centred);
+  if (!std::isfinite(info_->centred.ss)) {
+    for (int k = 1; k <= info_->centred.ssv.NVal(); ++k) {
+      if (std::isfinite(info_->centred.ssv[k])) continue;
+      log.Write(std::string(1, GetLetter()) + " variable " + std::to_string(GetNumber(k)) + ", " +
+                GetName(k) + " is out of range when centred and scaled.\n");
+    }
+    residuals_.reset();
+    info_->centred = Stage(GetLetter(), 0, GetRowCount(), GetColumnCount());
+    return status::mva::kDomain;
+  }
+  // The average is a linear function of the data.
+  for (int k = 1; k <= info_->average.NVal(); ++k) {
+    info_->average[k] =
+        CenteredAndScaled(info_->loaded_average[k], reference[k], info_->weights[k]);
+  }
+  info_->average.SetActValInfo();
+  return status::kOk;
+}
+
+void DataBlock::Measure(LostFreedom lost, Stage& stage) const {
+  Fill(lost, residuals_->RowSquares(), residuals_->ColumnSquares(), stage);
+  for (int k = 1; k <= stage.mpow.NVal(); ++k) {
+    const double s2 = static_cast<double>(stage.s2v[k]);
+    const double initial_s2 = static_cast<double>(info_->centred.s2v[k]);
+    const bool is_none = s2 == 0.0 && initial_s2 == 0.0;
+    stage.mpow[k] =
+        is_none ? 0.0f : static_cast<float>(std::max(1.0 - std::sqrt(s2 / initial_s2), 0.0));
+  }
+  stage.mpow.SetActValInfo();
+}
+
+void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
+                     std::span<const double> column_squares, Stage& stage) const {
+  const double row_count = values_->NRow();
+  const double column_count = values_->NCol();
+  const double free_rows = row_count - lost.average - lost.components;
+  const VarianceRule of_column{0.0f, lost.average + lost.components, 1.0f};
+  const VarianceRule of_row{0.0f, lost.components, static_cast<float>(free_rows / row_count)};
+  for (int i = 1; i <= stage.sso.NVal(); ++i) {
+    const double squares = row_squares[static_cast<std::size_t>(i - 1)];
+    stage.sso[i] = static_cast<float>(squares);
+    stage.s2o[i] = static_cast<float>(of_row.Apply(values_->NValARow(i), 0.0, squares));
+  }
+  for (int k = 1; k <= stage.ssv.NVal(); ++k) {
+    const double squares = column_squares[static_cast<std::size_t>(k - 1)];
+    stage.ssv[k] = static_cast<float>(squares);
+    stage.s2v[k] = static_cast<float>(of_column.Apply(values_->NValACol(k), 0.0, squares));
+  }
+  for (XFVector* vector : {&stage.sso, &stage.s2o, &stage.ssv, &stage.s2v}) {
+    vector->SetActValInfo();
+  }
+  const double ss = std::accumulate(column_squares.begin(), column_squares.end(), 0.0);
+  const double missing_count = row_count * column_count - values_->NValA();
+  const double df = free_rows * (column_count - lost.components) - missing_count;
+  stage.ss = static_cast<float>(ss);
+  stage.df = static_cast<float>(std::max(df, 1.0));
+  stage.s2 = static_cast<float>(ss / static_cast<double>(stage.df));
+}
+
+}  // namespace zemva

@@ -1,0 +1,114 @@
+// One block, X or Y, of the data of a model.
+#ifndef ZEMVA_MODEL_DRIVER_DATA_BLOCK_H
+#define ZEMVA_MODEL_DRIVER_DATA_BLOCK_H
+
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "zemva/data/blk_info.h"
+#include "zemva/data/obs_info.h"
+#include "zemva/data/var_info.h"
+#include "zemva/model/driver/cent_info.h"
+#include "zemva/model/driver/model_log.h"
+#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/kernels/residual_matrix.h"
+#include "zemva/model/preprocess/exp_info.h"
+#include "zemva/model/preprocess/lag_info.h"
+#include "zemva/model/preprocess/sca_info.h"
+#include "zemva/model/preprocess/tra_info.h"
+#include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/workset.h"
+#include "zemva/numeric/x_matrix.h"
+
+namespace zemva {
+
+// The degrees of freedom that a stage has lost: 1 to the average or 0, and one a component.
+struct LostFreedom {
+  int average = 0;
+  int components = 0;
+};
+
+// The matrix of a block as loaded and its tables, which copies of a model share, and the residuals:
+// the matrix centred and scaled, less the components.
+class DataBlock {
+ public:
+  explicit DataBlock(EBlock block) : block_(block) {}
+
+  char GetLetter() const { return block_ == EBlock::kX ? 'X' : 'Y'; }
+
+  // --- Loading ---
+
+  // Takes matrix and tables out of a work set, into a block that holds nothing yet. The work set's
+  // code when it refuses.
+  int Extract(Workset& workset, EModType type, char selector);
+  bool IsLoaded() const { return values_ != nullptr; }
+  // Whether both were loaded from the same values with the same weights.
+  bool HasDataOf(const DataBlock& other) const;
+  // Frees matrix, tables and residuals; the record of component 0 stays.
+  void Unload();
+
+  // Reports variables with fewer than 4 present values, and variables and observations with more
+  // missing ones than the limits allow. 8039 for the first, and when the owner, asked about each of
+  // the others, does not want to go on.
+  int CheckMissing(const ObsInfo& observations, const MissingLimits& limits, ModelOwner& owner,
+                   ModelLog& log) const;
+  // Reports the columns that do not vary.
+  void CheckVariance(ModelLog& log) const;
+  // The weights of the columns: those of the work set, or where it leaves them undecided those that
+  // give unit variance, each times the weight of its block. 8038, and a report, where one is
+  // undefined.
+  int FindWeights(ModelLog& log);
+
+  // --- Centring ---
+
+  // Makes the residuals of component 0. Where `is_centred`, the average of each column with a
+  // centred scaling is taken off. 8005, and a report, when values leave the range of a float.
+  // Throws std::bad_alloc.
+  int Center(bool is_centred, ModelLog& log);
+  // Whether there are residuals.
+  bool IsCentered() const { return residuals_.has_value(); }
+
+  // Sets the sums, variances and modelling powers of a stage from the residuals.
+  void Measure(LostFreedom lost, Stage& stage) const;
+
+  // --- Access; what is not loaded is not there ---
+
+  short GetRowCount() const { return static_cast<short>(info_->loaded.sso.NVal()); }
+  short GetColumnCount() const { return static_cast<short>(info_->weights.NVal()); }
+  const XFMatrix& GetValues() const { return *values_; }
+  VarInfo* GetVarInfo() const { return variables_.get(); }
+  ScaInfo* GetScaInfo() const { return scalings_.get(); }
+  // Null where there is none, also when loaded.
+  TraInfo* GetTraInfo() const { return transformations_.get(); }
+  ExpInfo* GetExpInfo() const { return terms_.get(); }
+  LagInfo* GetLagInfo() const { return lags_.get(); }
+  BlkInfo* GetBlkInfo() const { return blocks_.get(); }
+  ResidualMatrix& GetResiduals() { return *residuals_; }
+  const ResidualMatrix& GetResiduals() const { return *residuals_; }
+
+  // The record of component 0: there once anything was loaded.
+  const std::optional<CentInfo>& GetInfo() const { return info_; }
+
+ private:
+  void DescribeLoaded();
+  void Fill(LostFreedom lost, std::span<const double> row_squares,
+            std::span<const double> column_squares, Stage& stage) const;
+  const char* GetName(int column) const;
+  short GetNumber(int column) const;
+
+  EBlock block_;
+  std::shared_ptr<XFMatrix> values_;
+  std::shared_ptr<VarInfo> variables_;
+  std::shared_ptr<ScaInfo> scalings_;
+  std::shared_ptr<TraInfo> transformations_;
+  std::shared_ptr<ExpInfo> terms_;
+  std::shared_ptr<LagInfo> lags_;
+  std::shared_ptr<BlkInfo> blocks_;
+  std::optional<CentInfo> info_;
+  std::optional<ResidualMatrix> residuals_;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_DRIVER_DATA_BLOCK_H

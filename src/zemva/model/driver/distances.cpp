@@ -1,0 +1,131 @@
+#include "zemva/model/driver/distances.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "zemva/model/kernels/lanes.h"
+#include "zemva/numeric/distributions.h"
+#include "zemva/numeric/missing.h"
+
+namespace zemva {
+namespace {
+
+constexpr double kLeastWeight = 0.01;
+constexpr double kNoWeight = 1e-30;
+constexpr double kMostIndependent = 100.0;
+
+using Column = std::vector<double>;
+
+double Dot(const Column& a, const Column& b) {
+  return SumInLanes(a.size(), [&](std::size_t i) { return a[i] * b[i]; });
+}
+
+// Takes off what the basis explains; twice, since once leaves what rounding made of a column that
+// nearly depends on it.
+void Orthogonalise(const std::vector<Column>& basis, Column& column) {
+  for (int pass = 0; pass < 2; ++pass) {
+    for (const Column& direction : basis) {
+      const double share = Dot(direction, column);
+      for (std::size_t i = 0; i < column.size(); ++i) column[i] -= share * direction[i];
+    }
+  }
+}
+
+Column PresentOrZero(std::span<const float> scores) {
+  Column column(scores.size());
+  std::ranges::transform(scores, column.begin(), [](float score) {
+    return IsMissing(score) ? 0.0 : static_cast<double>(score);
+  });
+  return column;
+}
+
+}  // namespace
+
+double ModelSize::FreeObservations() const {
+  return std::max(static_cast<double>(observation_count - a0 - component_count), 1.0);
+}
+
+double ModelSize::MembershipCorrection() const {
+  return observation_count / FreeObservations();
+}
+
+double ObservationVariance(double squares, int present_count, int component_count) {
+  const int df = present_count - component_count;
+  return df < 1 ? static_cast<double>(kMissing) : squares / df;
+}
+
+ResidualWeights::ResidualWeights(const XFVector& modelling_power) {
+  for (const float power : modelling_power.Values()) {
+    const double square = static_cast<double>(power) * static_cast<double>(power);
+    weights_.push_back(std::max(square, kLeastWeight));
+  }
+  total_ = SumInLanes(weights_.size(), [&](std::size_t k) { return weights_[k]; });
+}
+
+WeightedSums ResidualWeights::Sum(std::span<const float> residuals, std::span<const float> values,
+                                  int present_count) const {
+  const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
+    const double residual = static_cast<double>(residuals[k]);
+    return weights_[k] * residual * residual;
+  });
+  const auto weight_if_present = [&](std::size_t k) {
+    const double weight = weights_[k];  // read in any case, so that there is no branch
+    return IsMissing(values[k]) ? 0.0 : weight;
+  };
+  const bool is_complete = present_count == static_cast<int>(values.size());
+  const double weights = is_complete ? total_ : SumInLanes(values.size(), weight_if_present);
+  return {present_count, weights, squares};
+}
+
+double WeightedVariance(const WeightedSums& sums, int component_count) {
+  if (!(sums.weights > kNoWeight)) return 0.0;
+  const int df = sums.present_count - component_count;
+  const double variance = sums.squares / sums.weights;
+  return df > 1 ? variance * sums.present_count / df : variance;
+}
+
+DistanceTest::DistanceTest(const ModelSize& size, double df) : r_(size.MembershipCorrection()) {
+  const double k = size.variable_count;
+  const double a = size.component_count;
+  v2_ = std::max(df / std::max(k - a, 1.0), 1.0);
+  const double dependent = v2_ < k ? std::sqrt(k - v2_) : 0.0;
+  v1_ = std::max(std::min({k, kMostIndependent, v2_}) + dependent - a, 1.0);
+}
+
+float DistanceTest::Numerator(bool is_member) const {
+  return static_cast<float>(is_member ? v1_ / r_ : v1_);
+}
+
+double DistanceTest::GetLimit(bool is_member, float level) const {
+  return static_cast<double>(FFTest(Numerator(is_member), static_cast<float>(v2_), level));
+}
+
+float DistanceTest::GetProbability(bool is_member, double ratio) const {
+  return PFTest(static_cast<float>(ratio), Numerator(is_member), 1.0f, static_cast<float>(v2_));
+}
+
+std::vector<float> Leverages(std::span<const std::span<const float>> scores, int a0) {
+  const std::size_t row_count = scores.empty() ? 0 : scores.front().size();
+  std::vector<double> sums(row_count, a0 / static_cast<double>(row_count));
+  std::vector<Column> basis;
+  for (const std::span<const float> component : scores) {
+    Column column = PresentOrZero(component);
+    const double length_before = std::sqrt(Dot(column, column));
+    Orthogonalise(basis, column);
+    const double length = std::sqrt(Dot(column, column));
+    // What depends on the components before it spans nothing new.
+    if (!(length > length_before * 1e-10)) continue;
+    for (double& element : column) element /= length;
+    for (std::size_t i = 0; i < row_count; ++i) sums[i] += column[i] * column[i];
+    basis.push_back(std::move(column));
+  }
+  std::vector<float> leverages(row_count);
+  for (std::size_t i = 0; i < row_count; ++i) {
+    const bool is_present = std::ranges::none_of(
+        scores, [&](std::span<const float> component) { return IsMissing(component[i]); });
+    leverages[i] = is_present ? static_cast<float>(sums[i]) : kMissing;
+  }
+  return leverages;
+}
+
+}  // namespace zemva

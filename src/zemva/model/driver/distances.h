@@ -1,0 +1,85 @@
+// How far observations are from a model, within it and beside it.
+#ifndef ZEMVA_MODEL_DRIVER_DISTANCES_H
+#define ZEMVA_MODEL_DRIVER_DISTANCES_H
+
+#include <span>
+#include <vector>
+
+#include "zemva/numeric/x_vector.h"
+
+namespace zemva {
+
+// A model of N observations and K variables after a components; A0 is 1 when it is centred, else 0.
+struct ModelSize {
+  int observation_count;
+  int variable_count;
+  int a0;
+  int component_count;
+
+  // N - A0 - a, at least 1.
+  double FreeObservations() const;
+  // What the variance of an observation that the model was fitted to is multiplied with, since its
+  // residuals are smaller than those of a new one: N / (N - A0 - a).
+  double MembershipCorrection() const;
+};
+
+// sum e^2 / (m - a) over the m present residuals of an observation; missing where m <= a.
+double ObservationVariance(double squares, int present_count, int component_count);
+
+// Sums over the present residuals of an observation: their number m, w and w e^2.
+struct WeightedSums {
+  int present_count = 0;
+  double weights = 0;
+  double squares = 0;
+};
+
+// Weights for residuals, from the modelling powers of the columns: w = max(MPow^2, 0.01).
+class ResidualWeights {
+ public:
+  explicit ResidualWeights(const XFVector& modelling_power);
+
+  // A residual counts where its value, of which so many are present, is; elsewhere it is 0.
+  WeightedSums Sum(std::span<const float> residuals, std::span<const float> values,
+                   int present_count) const;
+
+ private:
+  std::vector<double> weights_;
+  double total_;
+};
+
+// (sum w e^2 / sum w) m / (m - a), the last factor where m - a > 1; 0 where sum w is no more than
+// 1e-30.
+double WeightedVariance(const WeightedSums& sums, int component_count);
+
+// The F test of an observation's variance against that of the model. v2, the residual degrees of
+// freedom per observation, is DF / (K - a), at least 1, which without missing values is N - A0 - a.
+// v1 is min(K, 100, v2), plus sqrt(K - v2) when v2 < K, minus a, at least 1: where there are more
+// variables than observations they cannot be independent. An observation that the model was fitted
+// to has v1 / r, r the correction for its membership.
+class DistanceTest {
+ public:
+  // `df` is that of the model's residuals.
+  DistanceTest(const ModelSize& size, double df);
+
+  // The largest ratio of variances at this level of significance, -1 where there is none.
+  double GetLimit(bool is_member, float level) const;
+  // The probability of a ratio as large as this or larger, for an observation of the model.
+  float GetProbability(bool is_member, double ratio) const;
+
+ private:
+  float Numerator(bool is_member) const;
+
+  double v1_;
+  double v2_;
+  double r_;
+};
+
+// The leverage of each observation on components 1..a: t (T'T)^-1 t', plus 1/N when the model is
+// centred (R. D. Cook, S. Weisberg, Residuals and Influence in Regression, 1982, chapter 2), from
+// the orthonormal basis of the scores, which missing values can leave oblique. Missing where a
+// score is. `scores` has a vector of N values for each component.
+std::vector<float> Leverages(std::span<const std::span<const float>> scores, int a0);
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_DRIVER_DISTANCES_H

@@ -1,0 +1,43 @@
+// What is left of a block of data at a stage of a model.
+#ifndef ZEMVA_MODEL_DRIVER_STAGE_H
+#define ZEMVA_MODEL_DRIVER_STAGE_H
+
+#include <string_view>
+
+#include "zemva/numeric/missing.h"
+#include "zemva/numeric/x_vector.h"
+
+namespace zemva {
+
+// A vector of missing values named "<stem>[<label>]", the stem being that of a block where it comes
+// with the block's letter. Throw std::bad_alloc.
+XFVector MakeVector(std::string_view stem, int label, int length);
+XFVector MakeVector(std::string_view stem, char letter, int label, int length);
+
+// The sums of squares of a matrix, N rows by K columns, and the variances made of them. Stages are
+// -1 for the data as loaded, 0 for the data centred and scaled, and a for the residuals after a
+// components. With A0 degrees of freedom lost to the average (1 or 0; none at stage -1) and a to
+// the components (none up to stage 0), n present values in a column, m in a row and M in all:
+//
+//   s2v = ssv / max(n - A0 - a, 1)
+//   s2o = sso / max((m - a) (N - A0 - a) / N, 1)
+//   df = max((N - A0 - a) (K - a) - (N K - M), 1), s2 = ss / df
+//   mpow = max(1 - sqrt(s2v / s2v of stage 0), 0), and 0 where both are 0
+struct Stage {
+  // All missing. The vectors are named after the letter of the block and the stage: "SSVX[0]".
+  // Throws std::bad_alloc.
+  Stage(char letter, int label, int row_count, int column_count);
+
+  XFVector sso;   // "SSO", sum of squares by row
+  XFVector s2o;   // "S2O", variance by row
+  XFVector ssv;   // "SSV", sum of squares by column
+  XFVector s2v;   // "S2V", variance by column
+  XFVector mpow;  // "MPow", modelling power of a column
+  float df = kMissing;
+  float ss = kMissing;  // the sum of ssv
+  float s2 = kMissing;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_DRIVER_STAGE_H

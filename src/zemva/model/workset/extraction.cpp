@@ -1,0 +1,131 @@
+#include "zemva/model/workset/extraction.h"
+
+#include <cmath>
+#include <new>
+#include <numeric>
+#include <string_view>
+
+#include "zemva/base/positions.h"
+#include "zemva/data/selection.h"
+#include "zemva/errors/listing.h"
+#include "zemva/errors/status.h"
+#include "zemva/numeric/missing.h"
+
+namespace zemva {
+namespace {
+
+// Copies the elements, and returns how many of them are not finite and now missing.
+int Gather(const DataSource& source, const std::vector<short>& variables, XFMatrix& matrix) {
+  int refused_count = 0;
+  for (int i = 1; i <= matrix.NRow(); ++i) {
+    const float* from = source.dataset[source.rows[Slot(i)]];
+    float* to = matrix[i];
+    for (const short variable : variables) {
+      const short column = source.columns[Slot(variable)];
+      float value = column == 0 ? kMissing : from[column];
+      if (!std::isfinite(value)) {
+        value = kMissing;
+        ++refused_count;
+      }
+      *++to = value;
+    }
+  }
+  matrix.SetActValInfo();
+  return refused_count;
+}
+
+void Report(const DataSource& source, int refused_count, const XI1Vector& excluded,
+            StreamWindow& window) {
+  if (refused_count > 0) {
+    Listing(window)
+        .Number(refused_count)
+        .Text(" value(s) that are not finite numbers are taken as missing.")
+        .EndLine();
+  }
+  for (int i = 1; i <= excluded.NVal(); ++i) {
+    if (excluded[i] != kSelected) continue;
+    Listing(window)
+        .Text("Observation ")
+        .Number(source.observations.GetONum(source.rows[Slot(i)]))
+        .Text(" had value(s) excluded due to transformation domain error.\r")
+        .EndLine();
+  }
+}
+
+// Appends what is missing to `count` rows, and drops what is beyond.
+template <typename Table, typename Add>
+Table Complete(Table table, short count, Add add) {
+  for (int i = table.GetNItm() + 1; i <= count; ++i) {
+    if (add(table, static_cast<short>(i)) != status::kOk) throw std::bad_alloc();
+  }
+  table.KeepFirst(count);
+  return table;
+}
+
+// What has no row in the data set's tables has its position for a number, and no name.
+bool IsAsDescribed(const DataSource& source) {
+  Dataset& dataset = source.dataset;
+  const bool has_size = dataset.GetNObsDS() == source.observations.GetNItm() &&
+                        dataset.GetNVarDS() == source.variables.GetNVar();
+  if (!has_size) return false;
+  short number = 0;
+  const char* name = nullptr;
+  for (const short i : PositionsUpTo(dataset.GetNObsDS())) {
+    const int status = dataset.GetObsInfo(i, number, name);
+    if ((status == status::kOk ? number : i) != source.observations.GetONum(i)) return false;
+  }
+  for (const short j : PositionsUpTo(dataset.GetNVarDS())) {
+    const int status = dataset.GetVarInfo(j, number, name);
+    if (std::string_view(status == status::kOk ? name : "") != source.variables.GetVNam(j)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindow& window,
+                   std::unique_ptr<XFMatrix>& matrix) {
+  Dataset& dataset = source.dataset;
+  if (!dataset.IsLoaded()) {
+    const int status = dataset.Load();
+    if (status != status::kOk) return status;
+  }
+  if (!IsAsDescribed(source)) return status::mva::kInconsistentDatasets;
+  const auto row_count = static_cast<int>(source.rows.size());
+  matrix = std::make_unique<XFMatrix>("Matrix", row_count,
+                                      static_cast<int>(plan.GetSources().size()), Unfilled{});
+  if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
+  const int refused_count = Gather(source, plan.GetSources(), *matrix);
+  XI1Vector excluded = SelectIf(row_count, [](short) { return false; });
+  const int status = plan.Apply(*matrix, excluded);
+  if (status == status::kOk) Report(source, refused_count, excluded, window);
+  return status;
+}
+
+std::vector<short> Positions(const XI1Vector& selection) {
+  std::vector<short> positions;
+  for (int i = 1; i <= selection.NVal(); ++i) {
+    if (selection[i] == kSelected) positions.push_back(static_cast<short>(i));
+  }
+  return positions;
+}
+
+std::vector<short> Identity(int count) {
+  std::vector<short> positions(static_cast<std::size_t>(count));
+  std::iota(positions.begin(), positions.end(), short{1});
+  return positions;
+}
+
+ObsInfo CompleteObsInfo(const ObsInfo* table, short count) {
+  return Complete(table == nullptr ? ObsInfo("ObsInfo") : ObsInfo(*table), count,
+                  [](ObsInfo& info, short i) { return info.AddObs(i, ""); });
+}
+
+VarInfo CompleteVarInfo(const VarInfo* table, short count) {
+  return Complete(table == nullptr ? VarInfo("VarInfo") : VarInfo(*table), count,
+                  [](VarInfo& info, short j) { return info.AddVar(j, ""); });
+}
+
+}  // namespace zemva

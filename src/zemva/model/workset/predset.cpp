@@ -1,0 +1,162 @@
+#include "zemva/model/workset/predset.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "zemva/data/names.h"
+#include "zemva/data/selection.h"
+#include "zemva/errors/listing.h"
+#include "zemva/errors/status.h"
+#include "zemva/model/workset/extraction.h"
+
+namespace zemva {
+namespace {
+
+NameOrder OrderOfNames(const VarInfo& variables) {
+  std::vector<std::string_view> names;
+  for (int j = 1; j <= variables.GetNVar(); ++j) {
+    names.emplace_back(variables.GetVNam(static_cast<short>(j)));
+  }
+  return NameOrder(names);
+}
+
+}  // namespace
+
+Predset::Predset(const char* name, Dataset& dataset, const Workset& workset, StreamWindow& window)
+    : name_(name), dataset_(dataset), workset_(workset), window_(window) {
+  status_ = MemoryGuarded([&] { return Init(); });
+}
+
+int Predset::Init() {
+  if (!dataset_.IsLoaded()) {
+    const int status = dataset_.Load();
+    if (status != status::kOk) return status;
+  }
+  ObsInfo observations = CompleteObsInfo(dataset_.GetOIPtr(), dataset_.GetNObsDS());
+  VarInfo variables = CompleteVarInfo(dataset_.GetVIPtr(), dataset_.GetNVarDS());
+  is_of_workset_ = &dataset_ == &workset_.GetDataset() &&
+                   observations.GetNItm() == workset_.GetNObsDS() &&
+                   variables.GetNVar() == workset_.GetNVarDS();
+  columns_ = is_of_workset_ ? Identity(variables.GetNVar()) : MatchVars(variables);
+  is_told_.assign(columns_.size(), false);
+  is_in_.assign(static_cast<std::size_t>(observations.GetNItm()), true);
+  // Without observations the rest is not used: they come last.
+  variables_ = std::move(variables);
+  observations_ = std::move(observations);
+  return status::kOk;
+}
+
+std::vector<short> Predset::MatchVars(const VarInfo& own) const {
+  std::vector<short> columns(static_cast<std::size_t>(workset_.GetNVarDS()), 0);
+  const NameOrder wanted_names = OrderOfNames(workset_.variables_);
+  const NameOrder own_names = OrderOfNames(own);
+  // Both are in order, so that equal names meet, each pair once.
+  auto wanted = wanted_names.GetEntries().begin();
+  auto found = own_names.GetEntries().begin();
+  while (wanted != wanted_names.GetEntries().end() && found != own_names.GetEntries().end()) {
+    const auto order = wanted->name.compare(found->name);
+    if (order == 0 && !wanted->name.empty()) {
+      columns[Slot(wanted->position)] = static_cast<short>(found->position);
+    }
+    if (order <= 0) ++wanted;
+    if (order >= 0) ++found;
+  }
+  return columns;
+}
+
+short Predset::GetNObs() const {
+  return static_cast<short>(std::ranges::count(is_in_, true));
+}
+
+bool Predset::IsObsIn(short i) const {
+  return IsObs(i) && is_in_[Slot(i)];
+}
+
+int Predset::SetIsObsIn(short i, bool is_in) {
+  if (!IsObs(i)) return status_ = status::mva::kObservationNotAvailable;
+  is_in_[Slot(i)] = is_in;
+  return status_ = status::kOk;
+}
+
+XI1Vector Predset::SelectObs() const {
+  return SelectIf(GetNObsDS(), [&](short i) { return IsObsIn(i); });
+}
+
+// Tells of the sources that are not there.
+int Predset::CheckSources(EBlock block, const std::vector<short>& sources) {
+  const auto is_there = [&](short j) { return columns_[Slot(j)] != 0; };
+  if (block == EBlock::kX && std::ranges::none_of(sources, is_there)) {
+    return status::mva::kNoCommonElements;
+  }
+  for (const short j : sources) {
+    if (is_there(j) || is_told_[Slot(j)]) continue;
+    is_told_[Slot(j)] = true;
+    Listing(window_)
+        .Text("Variable ")
+        .Text(workset_.GetVNam(j))
+        .Text(" is not in the data set, its values are missing.")
+        .EndLine();
+  }
+  return status::kOk;
+}
+
+int Predset::MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& matrix) const {
+  std::vector<char> row_classes;
+  for (const short i : Positions(SelectObs())) {
+    row_classes.push_back(is_of_workset_ ? workset_.GetOClass(i) : Workset::kNoClass);
+  }
+  return Workset::MakeClassMatrix(row_classes, classes, matrix);
+}
+
+int Predset::MakeMatrix(EModType type, EBlock block, char selector,
+                        std::unique_ptr<XFMatrix>& matrix) {
+  const Workset::Selection selection = {SelectObs(), workset_.SelectVars(type, block)};
+  int status = Workset::Check(type, block, selector, selection);
+  if (status != status::kOk) return status;
+  if (IsClassBlock(type, block)) return MakeClassMatrix(selection.variables, matrix);
+  const ColumnPlan plan = workset_.MakePlan(selection.variables);
+  status = CheckSources(block, plan.GetSources());
+  if (status != status::kOk) return status;
+  const DataSource source = {dataset_, observations_, variables_, Positions(selection.observations),
+                             columns_};
+  return ExtractColumns(plan, source, window_, matrix);
+}
+
+XFMatrix* Predset::ExtMatrix(EModType type, EBlock block, char selector) {
+  return HandOver<XFMatrix>(
+      status_, [&](auto& matrix) { return MakeMatrix(type, block, selector, matrix); });
+}
+
+ObsInfo* Predset::ExtObsInfo() {
+  return HandOver<ObsInfo>(status_, [&](auto& table) {
+    const XI1Vector selection = SelectObs();
+    table = Owned(observations_.ExtObsInfo(&selection));
+    return status::kOk;
+  });
+}
+
+I2Vector* Predset::ExtObsIx() {
+  return HandOver<I2Vector>(status_, [&](auto& positions) {
+    const std::vector<short> rows = Positions(SelectObs());
+    positions = std::make_unique<I2Vector>(static_cast<int>(rows.size()), short{0});
+    if (positions->GetStatus() != status::kOk) return status::mva::kMemory;
+    std::ranges::copy(rows, positions->Values().begin());
+    return status::kOk;
+  });
+}
+
+I1Vector* Predset::ExtMembership(EModType type, char selector) {
+  return HandOver<I1Vector>(status_, [&](auto& memberships) {
+    const std::vector<short> rows = Positions(SelectObs());
+    memberships = std::make_unique<I1Vector>(static_cast<int>(rows.size()), kNotSelected);
+    if (memberships->GetStatus() != status::kOk) return status::mva::kMemory;
+    if (!is_of_workset_) return status::kOk;
+    const XI1Vector members = workset_.SelectObs(type, selector);
+    std::ranges::transform(rows, memberships->Values().begin(),
+                           [&](short i) { return members.GetElement(i); });
+    return status::kOk;
+  });
+}
+
+}  // namespace zemva

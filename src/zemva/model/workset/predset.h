@@ -1,0 +1,108 @@
+// The observations that the models of a work set are to predict.
+#ifndef ZEMVA_MODEL_WORKSET_PREDSET_H
+#define ZEMVA_MODEL_WORKSET_PREDSET_H
+
+#include <memory>
+#include <vector>
+
+#include "zemva/base/export.h"
+#include "zemva/base/fixed_text.h"
+#include "zemva/data/dataset.h"
+#include "zemva/data/obs_info.h"
+#include "zemva/errors/stream_window.h"
+#include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/workset.h"
+#include "zemva/numeric/vector.h"
+#include "zemva/numeric/x_matrix.h"
+
+namespace zemva {
+
+// Which observations of a data set are predicted, and how its variables become those of a work set.
+// As the work set does, it reads the values from the data set each time that a model asks; it puts
+// them through the work set's lags, transformations and expansion as they are at that time. Lagged
+// variables look back over the observations that are in.
+//
+// The variables of the work set's data set are matched by name: the first of a name with the first
+// of that name, the second with the second. A variable without name matches none. Where both sets
+// are of the same Dataset, of the same size for both, each variable is its own match.
+//
+// Every operation that can fail returns a status code, or a null pointer, and keeps the code for
+// GetStatus. A failed one changes nothing. 8002 is returned by all when memory runs out. Messages
+// go to the window, each on its own line.
+class ZEMVA_API Predset {
+ public:
+  // All observations are in. Loads the data set, which like work set and window must outlive the
+  // prediction set; where that fails the status is the code of Load and there are no observations.
+  Predset(const char* name, Dataset& dataset, const Workset& workset, StreamWindow& window);
+  Predset(const Predset&) = delete;
+  Predset& operator=(const Predset&) = delete;
+
+  // At most 24 characters.
+  const char* GetNam() const { return name_.Get(); }
+  void SetNam(const char* name) { name_.Set(name); }
+  const Dataset& GetDataset() const { return dataset_; }
+  int GetStatus() const { return status_; }
+
+  // How many observations are in, and how many the data set has.
+  short GetNObs() const;
+  short GetNObsDS() const { return observations_.GetNItm(); }
+  // The position of the first with this number or exactly this name, 0 if there is none.
+  short GetOIx(short onum) const { return observations_.GetOIx(onum); }
+  short GetOIx(const char* name) const { return observations_.GetOIx(name); }
+  // Whether an observation is in; false for a bad position. Setting: 8037 for a bad position.
+  bool IsObsIn(short i) const;
+  int SetIsObsIn(short i, bool is_in);
+
+  // --- Extraction ---
+  //
+  // Each returns a new object, the caller's, with a row or element for each observation that is in,
+  // in order. Type and selector are those of the work set's extraction.
+
+  // The columns are those of the work set's ExtMatrix, which tells what they hold. A variable that
+  // the data set has not is missing throughout, which a message tells once in the life of the
+  // prediction set; so is what is made of it.
+  //
+  // The classes, which are the Y of models of classes, are known where both sets are of the same
+  // Dataset, as for the variables, and the work set puts the observation into one of the classes of
+  // the model; the row is missing otherwise.
+  //
+  // 8013 as for the work set; 8020 where no observation is in; 8017 and 8018 where the work set has
+  // no variables for the block; 8033 where X has nothing of the data set, while such a Y is missing
+  // throughout; 8046 when the data set has other observations or variables than it had; the code of
+  // Load when it has to be loaded and cannot.
+  XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
+  ObsInfo* ExtObsInfo();
+  // The positions of the observations in the data set.
+  I2Vector* ExtObsIx();
+  // 1 for the observations that a model of the type is made of: those of the same Dataset that the
+  // work set selects for it. 0 for others, and so for all where the data sets differ.
+  I1Vector* ExtMembership(EModType type, char selector);
+
+ private:
+  int Init();
+  std::vector<short> MatchVars(const VarInfo& own) const;
+  bool IsObs(int i) const { return i >= 1 && i <= GetNObsDS(); }
+  XI1Vector SelectObs() const;
+  int CheckSources(EBlock block, const std::vector<short>& sources);
+  int MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& matrix) const;
+  int MakeMatrix(EModType type, EBlock block, char selector, std::unique_ptr<XFMatrix>& matrix);
+
+  FixedText<24> name_;
+  Dataset& dataset_;
+  const Workset& workset_;
+  StreamWindow& window_;
+  // Whether both sets are of the same Dataset, of the same size.
+  bool is_of_workset_ = false;
+  ObsInfo observations_{"ObsInfo"};
+  std::vector<bool> is_in_;
+  VarInfo variables_{"VarInfo"};
+  // For each variable of the work set's data set its column here, 0 for none, and whether that was
+  // told.
+  std::vector<short> columns_;
+  std::vector<bool> is_told_;
+  int status_ = 0;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_WORKSET_PREDSET_H

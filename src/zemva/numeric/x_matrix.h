@@ -1,0 +1,134 @@
+// Named matrices with counts of present values.
+#ifndef ZEMVA_NUMERIC_X_MATRIX_H
+#define ZEMVA_NUMERIC_X_MATRIX_H
+
+#include <memory>
+
+#include "zemva/base/export.h"
+#include "zemva/numeric/f_matrix.h"
+#include "zemva/numeric/named.h"
+#include "zemva/numeric/x_vector.h"
+
+namespace zemva {
+
+// Asks for a matrix whose contents are left as allocated.
+struct Unfilled {};
+
+// Writing elements does not change the counts: SetActValInfo counts anew.
+class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
+ public:
+  // Filled; the counts of rows and columns are not: SetActValInfo sets them.
+  XFMatrix(const char* name, int row_count, int column_count, float fill);
+  // Contents as allocated, all counts 0: for a caller that fills row by row.
+  XFMatrix(const char* name, int row_count, int column_count, Unfilled);
+  // A copy of rows[1..row_count][1..column_count], counted. Empty with status 5007 for null.
+  XFMatrix(const char* name, float** rows, int row_count, int column_count);
+  XFMatrix(const XFMatrix& other);
+  explicit XFMatrix(const XFMatrix* other);
+  XFMatrix& operator=(const XFMatrix& other);
+  ~XFMatrix() override;
+
+  // Copies name, contents and counts of a matrix of the same size, with the codes of the base.
+  int Copy(const XFMatrix* other);
+
+  // As in the base; the values are counted anew.
+  int DelCols(const XI1Vector* keep) override;
+  int DelRows(const XI1Vector* keep) override;
+  int ExpCols(int count, float value) override;
+  int ExpRows(int count, float value) override;
+
+  // As in the base, with the counts kept in step.
+  int DelRows(int first, int last);
+  int Transp();
+  int SwapRow(int i, int k);
+  int SwapCol(int j, int k);
+  int Read(const char* path);
+
+  void Show(StreamWindow& window, bool is_wrapped) const override;
+
+  // Counts of present values as counted last: in all, in row i, in column j. The counts of rows and
+  // columns are kept modulo 2^16.
+  int NValA() const { return present_count_; }
+  short NValARow(int i) const { return row_counts_[static_cast<std::size_t>(i)]; }
+  short NValACol(int j) const { return column_counts_[static_cast<std::size_t>(j)]; }
+  // The counts of the rows, 1..NRow(), and of the columns, 1..NCol().
+  short* GetNValARowPtr() const { return row_counts_.get(); }
+  short* GetNValAColPtr() const { return column_counts_.get(); }
+
+  // Counts the present values.
+  void SetActValInfo();
+
+  // The same in steps, for a caller that has just filled a row: StartActValInfo takes all values as
+  // present, then AddRowToActValInfo takes off what is missing in row i, once for each row.
+  void StartActValInfo();
+  void AddRowToActValInfo(int row);
+
+  // Statistics of the columns and rows over their present values, each a new vector of that name
+  // that is the caller's; null with status 5001 when memory runs out. Sums are in double.
+
+  // The means of the columns; kMissing where no value is present.
+  XFVector* Avg(const char* name) const;
+
+  // The sums of squares; 0 where no value is present.
+  XFVector* SSCol(const char* name) const;
+  XFVector* SSRow(const char* name) const;
+
+  // The variances as FVector::S2 defines them, where N is the count of present values as counted
+  // last: where that is 0 the variance about the mean is not a number.
+  XFVector* S2Col(const char* name, float centre, int df_loss, float df_factor) const;
+  XFVector* S2Row(const char* name, float centre, int df_loss, float df_factor) const;
+
+  // The smallest and the largest value of each column; kMissing where no value is present.
+  XFVector* MinCol(const char* name) const;
+  XFVector* MaxCol(const char* name) const;
+  using FMatrix::MaxCol;
+  using FMatrix::MinCol;
+
+  // Column j and row i; null with status 5004 when there is no such column or row.
+  XFVector* ExtCol(const char* name, int j) const;
+  XFVector* ExtRow(const char* name, int i) const;
+
+  // The weights that scale the columns to unit variance about `centre`:
+  // 1 / sqrt(sum of (x - centre)^2 / (n - 1)); kMissing where fewer than two values are present or
+  // the sum is 0. Null with status 5004 when `centre` has not an element for each column, 5007 when
+  // it is null.
+  XFVector* Autoweig(const char* name, const XFVector* centre) const;
+
+  // Scales the columns: x becomes (x - centre) * weight with the weights of Autoweig, and missing
+  // where the weight or the centre is; counts anew. The weights, named "Weig", with the codes of
+  // Autoweig; the matrix is then unchanged.
+  XFVector* Autoscale(const XFVector* centre);
+
+  // Subtract the vector's element from every present value of its column, multiply them by it;
+  // what meets a missing element becomes missing, and is then counted anew. 5004 when the vector
+  // has not an element for each column, 5007 for null.
+  int MSubVp(const XFVector* vector);
+  int MDotMulVp(const XFVector* vector);
+
+  // Add (subtract) t p': x becomes x + t[i] * p[j] in float, where x and t[i] are present. 5004
+  // when t has not an element for each row or p for each column, 5007 for null.
+  int Addcomp(const XFVector* t, const XFVector* p);
+  int Subcomp(const XFVector* t, const XFVector* p);
+
+  static constexpr const char* kNullText = "XFMatrix is NULL.";
+
+ private:
+  // Makes room for counts, all 0; the matrix is left empty with status 5001 when there is none.
+  void InitCounts();
+  // Counts anew where `result`, which it returns, is no failure.
+  int CountIf(int result);
+  int CheckColumns(const XFVector* vector) const;
+  int CombineRows(const XFVector* vector, void (*operation)(float*, const float*, int));
+  int AddMultiples(const XFVector* t, const XFVector* p,
+                   void (*operation)(float*, float, const float*, int));
+  void CopyCounts(const XFMatrix& other);
+  int CellCount() const;
+
+  int present_count_ = 0;
+  std::unique_ptr<short[]> row_counts_;
+  std::unique_ptr<short[]> column_counts_;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_NUMERIC_X_MATRIX_H

@@ -1,0 +1,215 @@
+#include "zemva/project/project.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "zemva/errors/memory_guard.h"
+#include "zemva/data/names.h"
+#include "zemva/errors/status.h"
+
+namespace zemva {
+namespace {
+
+constexpr short kMostOfAKind = std::numeric_limits<short>::max();
+
+// What stands under a number, null where there is nothing.
+template <typename Map>
+auto* Find(Map& all, short number) {
+  const auto found = all.find(number);
+  return found == all.end() ? nullptr : &found->second;
+}
+
+// One more than the last, or where that is the most there can be, the smallest that is free.
+template <typename Map>
+short NextNumber(const Map& all, short most) {
+  if (all.empty()) return 1;
+  if (all.rbegin()->first < most) return static_cast<short>(all.rbegin()->first + 1);
+  short number = 1;
+  while (all.contains(number)) ++number;
+  return number;
+}
+
+}  // namespace
+
+Project::Project(const char* name, StreamWindow& window)
+    : name_(name), window_(window), options_(true) {}
+
+Project::~Project() = default;
+
+template <typename Owned, typename Make>
+short Project::Add(Numbered<Owned>& all, short most, Make make) {
+  short number = 0;
+  SetStatus(MemoryGuarded([&] {
+    if (all.size() >= static_cast<std::size_t>(most)) return status::mva::kTooManyModels;
+    Owned owned{};
+    const short free = NextNumber(all, most);
+    const int status = make(free, owned);
+    if (status != status::kOk) return status;
+    all.emplace(free, std::move(owned));
+    number = free;
+    return status::kOk;
+  }));
+  return status_ == status::kOk ? number : short{0};
+}
+
+short Project::AddDataset(Dataset* dataset) {
+  std::unique_ptr<Dataset> taken(dataset);
+  return Add(datasets_, kMostOfAKind, [&](short, std::unique_ptr<Dataset>& owned) {
+    if (taken == nullptr) return status::mva::kNullPointer;
+    owned = std::move(taken);
+    return status::kOk;
+  });
+}
+
+short Project::AddWorkset(short dataset, const char* name) {
+  return Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
+    Dataset* const source = GetDataset(dataset);
+    if (source == nullptr) return status::mva::kNoSuchNumber;
+    owned = std::make_unique<Workset>(name, *source, window_);
+    return owned->GetStatus();
+  });
+}
+
+short Project::AddPredset(short dataset, short workset, const char* name) {
+  return Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
+    Dataset* const source = GetDataset(dataset);
+    owned.workset = GetWorkset(workset);
+    if (source == nullptr || owned.workset == nullptr) return status::mva::kNoSuchNumber;
+    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset, window_);
+    return owned.predset->GetStatus();
+  });
+}
+
+short Project::AddModel(short workset, EModType type, char selector) {
+  Workset* const source = GetWorkset(workset);
+  const short number =
+      Add(models_, kMaxModels, [&](short free, std::unique_ptr<WorksetModel>& owned) {
+        if (source == nullptr) return status::mva::kNoSuchNumber;
+        owned = std::make_unique<WorksetModel>(*this, *source, type, selector, window_);
+        if (owned->GetStatus() != status::kOk) return owned->GetStatus();
+        owned->GetModel()->SetModNum(free);
+        owned->GetModel()->SetModNam(NumberedName("M", free).c_str());
+        return status::kOk;
+      });
+  if (number == 0) return 0;
+  WorksetModel* const added = GetModel(number);
+  const char* const name = added->GetModel()->GetModNam();
+  if (SetStatus(models_info_.AddWM(number, name, added)) != status::kOk) {
+    models_.erase(number);
+    return 0;
+  }
+  source->SetIsFrozen(true);
+  return number;
+}
+
+Dataset* Project::GetDataset(short number) const {
+  const auto* const found = Find(datasets_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+Workset* Project::GetWorkset(short number) const {
+  const auto* const found = Find(worksets_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+Predset* Project::GetPredset(short number) const {
+  const auto* const found = Find(predsets_, number);
+  return found == nullptr ? nullptr : found->predset.get();
+}
+
+WorksetModel* Project::GetModel(short number) const {
+  const auto* const found = Find(models_, number);
+  return found == nullptr ? nullptr : found->get();
+}
+
+int Project::Compute(short number) {
+  WorksetModel* const workset_model = GetModel(number);
+  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  Model& model = *workset_model->GetModel();
+  const ModOpt& options = workset_model->GetModOpt();
+  const bool has_all =
+      !options.GetIsRule() && options.GetNComp() > 0 && model.GetA() >= options.GetNComp();
+  int status = has_all ? status::kOk : model.Compute();
+  while (status == status::mva::kNotCompleted) status = model.Compute();
+  if (status == status::mva::kComponentAborted) status = status::kOk;
+  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(char{0});
+  return SetStatus(status);
+}
+
+int Project::ExecPS(short number, short predset) {
+  WorksetModel* const workset_model = GetModel(number);
+  const PredsetOfWorkset* const executed = Find(predsets_, predset);
+  if (workset_model == nullptr || executed == nullptr) {
+    return SetStatus(status::mva::kNoSuchNumber);
+  }
+  if (executed->workset != &workset_model->GetWorkset()) {
+    return SetStatus(status::mva::kInconsistentWorksets);
+  }
+  return SetStatus(workset_model->ExecPS(*executed->predset));
+}
+
+char Project::Ask(const char* /*question*/) {
+  return 'y';
+}
+
+bool Project::HasModels(const Workset& workset) const {
+  return std::ranges::any_of(
+      models_, [&](const auto& model) { return &model.second->GetWorkset() == &workset; });
+}
+
+int Project::DelModel(short number) {
+  const WorksetModel* const deleted = GetModel(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  Workset& workset = deleted->GetWorkset();
+  models_info_.DelWM(models_info_.GetWMIx(number));
+  models_.erase(number);
+  workset.SetIsFrozen(HasModels(workset));
+  return SetStatus(status::kOk);
+}
+
+int Project::DelPSResults(short number) {
+  WorksetModel* const workset_model = GetModel(number);
+  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  return SetStatus(workset_model->DeletePSResults());
+}
+
+int Project::DelPredset(short number) {
+  const Predset* const deleted = GetPredset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  const bool has_results = std::ranges::any_of(
+      models_, [&](const auto& model) { return model.second->GetPredset() == deleted; });
+  if (has_results) return SetStatus(status::mva::kDeletePredsetFirst);
+  predsets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+int Project::DelWorkset(short number) {
+  const Workset* const deleted = GetWorkset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (HasModels(*deleted)) return SetStatus(status::mva::kDeleteModelsFirst);
+  const bool has_predsets = std::ranges::any_of(
+      predsets_, [&](const auto& predset) { return predset.second.workset == deleted; });
+  if (has_predsets) return SetStatus(status::mva::kDeletePredsetFirst);
+  worksets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+bool Project::IsUsed(const Dataset& dataset) const {
+  return std::ranges::any_of(
+             worksets_,
+             [&](const auto& workset) { return &workset.second->GetDataset() == &dataset; }) ||
+         std::ranges::any_of(predsets_, [&](const auto& predset) {
+           return &predset.second.predset->GetDataset() == &dataset;
+         });
+}
+
+int Project::DelDataset(short number) {
+  const Dataset* const deleted = GetDataset(number);
+  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (IsUsed(*deleted)) return SetStatus(status::mva::kWorksetGenerated);
+  datasets_.erase(number);
+  return SetStatus(status::kOk);
+}
+
+}  // namespace zemva

@@ -1,0 +1,118 @@
+// A project: data sets, work sets, prediction sets and models, and who owns them.
+#ifndef ZEMVA_PROJECT_PROJECT_H
+#define ZEMVA_PROJECT_PROJECT_H
+
+#include <map>
+#include <memory>
+
+#include "zemva/base/export.h"
+#include "zemva/base/fixed_text.h"
+#include "zemva/data/dataset.h"
+#include "zemva/errors/stream_window.h"
+#include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/predset.h"
+#include "zemva/model/workset/workset.h"
+#include "zemva/project/wm_info.h"
+#include "zemva/project/workset_model.h"
+#include "zemva/settings/options/prj_opt.h"
+
+namespace zemva {
+
+// Owns all that is added to it or made by it, each kind numbered from 1 on in its own right: one
+// more than the last, or where there can be no larger number the smallest that is free. What
+// depends on something else is deleted before it, and stands against its deletion: a model and a
+// prediction set depend on their work set, both sets on their data set.
+//
+// What makes something returns its number, or 0 with the status; what else can fail returns the
+// status. 8002 when memory runs out. 8014 for a number that there is not.
+class ZEMVA_API Project {
+ public:
+  static constexpr short kMaxModels = 99;
+
+  // Without anything; the options have their defaults. The window outlives the project.
+  Project(const char* name, StreamWindow& window);
+  Project(const Project&) = delete;
+  Project& operator=(const Project&) = delete;
+  virtual ~Project();
+
+  const char* GetNam() const { return name_.Get(); }
+  int GetStatus() const { return status_; }
+  // What new models take over.
+  PrjOpt& GetPrjOpt() { return options_; }
+  const PrjOpt& GetPrjOpt() const { return options_; }
+
+  // --- Making ---
+
+  // Takes the data set over, also when it fails. 8022 for null.
+  short AddDataset(Dataset* dataset);
+  // Of all observations and variables of a data set. The code of Workset when it fails.
+  short AddWorkset(short dataset, const char* name);
+  // The observations of a data set for the models of a work set. The code of Predset.
+  short AddPredset(short dataset, short workset, const char* name);
+  // A model to be computed, named after its number; the selector is the class of a kPC1Cl model,
+  // else 0. From then on the work set is frozen. 8031 beyond 99 models, and the codes of
+  // WorksetModel.
+  short AddModel(short workset, EModType type, char selector);
+
+  // --- Access; null where there is none ---
+
+  Dataset* GetDataset(short number) const;
+  Workset* GetWorkset(short number) const;
+  Predset* GetPredset(short number) const;
+  WorksetModel* GetModel(short number) const;
+  // All models; good until one is added or deleted.
+  WMInfo& GetWMInfo() { return models_info_; }
+
+  // --- Computing ---
+
+  // Fits components while there are more to fit, and executes the model on its work set. Nothing is
+  // fitted to a model that has as many as it is to have. The code of the model; 0 too when the
+  // rules have refused a component, whatever the number before it.
+  int Compute(short model);
+  // Executes a model on a prediction set of its work set; 8040 for one of another.
+  int ExecPS(short model, short predset);
+
+  // --- Deleting ---
+
+  int DelModel(short number);
+  // 8041 while a model holds results of it: DelPSResults first.
+  int DelPredset(short number);
+  int DelPSResults(short model);
+  // 8049 while there are models of it, 8041 while there are prediction sets.
+  int DelWorkset(short number);
+  // 8054 while there are work sets or prediction sets of it.
+  int DelDataset(short number);
+
+  // The reply to what a model asks, as ModelOwner says; a host may override it.
+  virtual char Ask(const char* question);
+
+ private:
+  struct PredsetOfWorkset {
+    std::unique_ptr<Predset> predset;
+    Workset* workset;
+  };
+  template <typename Owned>
+  using Numbered = std::map<short, Owned>;
+
+  int SetStatus(int status) { return status_ = status; }
+  // Adds what `make` hands over under the next number, unless its status stands against it.
+  template <typename Owned, typename Make>
+  short Add(Numbered<Owned>& all, short most, Make make);
+  bool HasModels(const Workset& workset) const;
+  bool IsUsed(const Dataset& dataset) const;
+
+  FixedText<24> name_;
+  StreamWindow& window_;
+  PrjOpt options_;
+  // In the order that makes what depends go first.
+  Numbered<std::unique_ptr<Dataset>> datasets_;
+  Numbered<std::unique_ptr<Workset>> worksets_;
+  Numbered<PredsetOfWorkset> predsets_;
+  Numbered<std::unique_ptr<WorksetModel>> models_;
+  WMInfo models_info_{"WMInfo"};
+  int status_ = 0;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_PROJECT_PROJECT_H

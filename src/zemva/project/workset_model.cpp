@@ -1,0 +1,54 @@
+#include "zemva/project/workset_model.h"
+
+#include "zemva/errors/memory_guard.h"
+#include "zemva/errors/status.h"
+#include "zemva/model/pc/pc_model.h"
+#include "zemva/model/workset/model_type.h"
+#include "zemva/project/project.h"
+
+namespace zemva {
+
+WorksetModel::WorksetModel(Project& project, Workset& workset, EModType type, char selector,
+                           StreamWindow& window)
+    : project_(project), workset_(workset), options_(&project.GetPrjOpt()) {
+  status_ = MemoryGuarded([&] { return Init(type, selector, window); });
+}
+
+WorksetModel::~WorksetModel() = default;
+
+int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
+  if (!IsPCFamily(type) && type != EModType::kNoVarianceCheck) {
+    return status::mva::kFunctionNotAvailable;
+  }
+  const std::unique_ptr<VarInfo> variables(workset_.ExtVarInfo(type, EBlock::kX, selector));
+  if (variables == nullptr) return workset_.GetStatus();
+  ScaInfo scalings("ScaInfoX");
+  const int status = scalings.SetScaInfo(variables.get(), nullptr, &workset_, false);
+  if (status != status::kOk) return status;
+  options_.SetIsCenter(scalings.IsAnyVarCtd());
+  model_ = std::make_unique<PCModel>(this, type, window, &options_, selector);
+  return status::kOk;
+}
+
+int WorksetModel::ExecPS(Predset& predset) {
+  DeletePSResults();
+  predset_ = &predset;
+  const int status = model_->ExecPS();
+  if (status != status::kOk) predset_ = nullptr;
+  return status;
+}
+
+int WorksetModel::DeletePSResults() {
+  predset_ = nullptr;
+  return model_->DeletePSResults();
+}
+
+const PrjOpt& WorksetModel::GetOptions() const {
+  return project_.GetPrjOpt();
+}
+
+char WorksetModel::Ask(const char* question) {
+  return project_.Ask(question);
+}
+
+}  // namespace zemva
