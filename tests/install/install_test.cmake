@@ -42,7 +42,7 @@ if(PKG_CONFIG AND NOT TOOLCHAIN)
   execute_process(COMMAND ${PKG_CONFIG} --cflags --libs zemva
     OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(flags UNIX_COMMAND ${flags})
-  run(${CXX} -${CMAKE_CURRENT_LIST_DIR}/consumer/classes.cpp ${flags}
+  run(${CXX} ${CMAKE_CURRENT_LIST_DIR}/consumer/classes.cpp ${flags}
     -Wl,-rpath,${prefix}/${LIBDIR} -o ${work}/by_pkg_config)
   expect_output("50 4 Alabama 13.2\n" ${work}/by_pkg_config ${SAMPLE}.vdo)
 endif()
