@@ -21,7 +21,7 @@
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/driver/model.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/pc/pc_model.h"
 #include "zemva/model/preprocess/exp_info.h"
 #include "zemva/model/preprocess/lag_info.h"

@@ -8,7 +8,7 @@
 
 #include "zemva/data/dataset.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/pc/pc_model.h"
 #include "model/small_dataset.h"
 #include "zemva/model/workset/predset.h"

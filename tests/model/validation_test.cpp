@@ -23,14 +23,14 @@ TEST(SetQ2, FollowsBothDefinitions) {
   const Stage initial = StageOf(20, {10, 10, 0});
   const Stage before = StageOf(8, {8, 0, 0});
   // Before: Q2(cum) 0.5, of the variables 0.25, 0.75 and none.
-  CompInfo first(1, 1, 3);
+  CompInfo first(1, 1, 3, 0);
   first.q2_cum = 0.5f;
   first.q2v_cum[1] = 0.25f;
   first.q2v_cum[2] = 0.75f;
 
   // 1 - 2/8 = 0.75 in all, since only the first variable had anything left; 1 - 0.25 * 0.5 = 0.875
   // and 1 - 0.25 * 0.75 = 0.8125 cumulated.
-  CompInfo second(2, 1, 3);
+  CompInfo second(2, 1, 3, 0);
   SetQ2(2, std::vector<double>{2, 0, 0}, before, initial, &first, false, second);
   EXPECT_EQ(second.q2, 0.75f);
   EXPECT_EQ(second.q2_cum, 0.875f);
@@ -107,7 +107,7 @@ TEST(Rule2, NeedsMoreVariablesFromEachCubeOn) {
 TEST(Rules, KeepAVerdictThatStands) {
   test::RecordingWindow window;
   ModelLog log(window);
-  CompInfo component(1, 1, 3);
+  CompInfo component(1, 1, 3, 0);
   component.q2 = 0.2f;
   component.q2_limit = 0.1f;
   component.verdict = EVerdict::kRule3;

@@ -7,7 +7,7 @@
 #include "zemva/base/export.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/driver/model.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/settings/options/mod_opt.h"

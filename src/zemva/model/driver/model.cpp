@@ -1,15 +1,13 @@
 #include "zemva/model/driver/model.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "zemva/base/time_stamp.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/data_block.h"
-#include "zemva/model/driver/distances.h"
-#include "zemva/model/workset/predset.h"
+#include "zemva/model/block/data_block.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/base/paths.h"
 
@@ -63,6 +61,10 @@ Model::Model(const Model& other)
       observations_(other.observations_),
       classes_(other.classes_),
       x_(std::make_unique<DataBlock>(*other.x_)),
+      y_(other.y_ == nullptr ? nullptr : std::make_unique<DataBlock>(*other.y_)),
+      components_(other.components_),
+      workset_results_(other.workset_results_),
+      predictions_(other.predictions_),
       a0_(other.a0_),
       log_(other.log_),
       is_overrun_(other.is_overrun_),
@@ -71,14 +73,24 @@ Model::Model(const Model& other)
 
 Model::~Model() = default;
 
+void Model::AddResponses() {
+  y_ = std::make_unique<DataBlock>(EBlock::kY);
+}
+
+std::vector<DataBlock*> Model::GetBlocks() const {
+  std::vector<DataBlock*> blocks = {x_.get()};
+  if (y_ != nullptr) blocks.push_back(y_.get());
+  return blocks;
+}
+
 bool Model::HasFailed() const {
   return status_ != status::kOk && status_ != status::mva::kNotCompleted &&
          status_ != status::mva::kComponentAborted;
 }
 
 int Model::Compute() {
-  if (!HasFailed() && !IsSearchOver()) Load();
-  if (!HasFailed() && IsLoaded() && !x_->IsCentered()) Center();
+  if (!HasFailed() && !is_search_over_) Load();
+  if (!HasFailed() && IsLoaded() && !x_->IsCentred()) Center();
   const int count_before = GetComponentCount();
   const int status = HasFailed() ? status_ : CalcComp();
   if (status != status::kOk) return status;
@@ -96,68 +108,68 @@ int Model::LoadWS() {
   return Run([&] {
     Workset* const workset = owner_->GetCurrentWorkset();
     if (workset == nullptr) return status::mva::kWorksetNotAvailable;
-    auto block = std::make_unique<DataBlock>(EBlock::kX);
-    int status = block->Extract(*workset, type_, selector_);
-    if (status != status::kOk) return status;
-    std::unique_ptr<ObsInfo> observations(workset->ExtObsInfo(type_, selector_));
-    if (observations == nullptr) return workset->GetStatus();
-    std::unique_ptr<ClaInfo> classes(workset->ExtClaInfo(type_, selector_));
-    if (classes == nullptr && workset->GetStatus() != status::kOk) return workset->GetStatus();
-    status = CheckX(*block, *observations);
-    if (status != status::kOk) return status;
-    if (GetComponentCount() > 0 && !block->HasDataOf(*x_)) {
-      return status::mva::kInconsistentWorksets;
+    RowTables rows;
+    std::vector<std::unique_ptr<DataBlock>> loaded;
+    for (const DataBlock* const block : GetBlocks()) {
+      loaded.push_back(std::make_unique<DataBlock>(block->GetBlock()));
+      int status = loaded.back()->Extract(*workset, type_, selector_);
+      if (status == status::kOk) status = ExtractRowTables(*workset, rows);
+      if (status == status::kOk) status = Check(*loaded.back(), *rows.observations);
+      if (status != status::kOk) return status;
+      if (GetComponentCount() > 0 && !loaded.back()->HasDataOf(*block)) {
+        return status::mva::kInconsistentWorksets;
+      }
     }
-    x_ = std::move(block);
-    observations_ = std::move(observations);
-    classes_ = std::move(classes);
+    x_ = std::move(loaded.front());
+    if (y_ != nullptr) y_ = std::move(loaded.back());
+    observations_ = std::move(rows.observations);
+    classes_ = std::move(rows.classes);
     dataset_name_.Set(workset->GetDataset().GetDSNam());
     return status::kOk;
   });
 }
 
-int Model::CheckX(DataBlock& block, const ObsInfo& observations) {
+int Model::ExtractRowTables(Workset& workset, RowTables& rows) const {
+  if (rows.observations != nullptr) return status::kOk;
+  rows.observations.reset(workset.ExtObsInfo(type_, selector_));
+  if (rows.observations == nullptr) return workset.GetStatus();
+  // Null without a code stands for observations without classes.
+  rows.classes.reset(workset.ExtClaInfo(type_, selector_));
+  return rows.classes == nullptr ? workset.GetStatus() : status::kOk;
+}
+
+int Model::Check(DataBlock& block, const ObsInfo& observations) {
   if (block.GetRowCount() < kFewestObservations) return status::mva::kTooFewObservations;
   const MissingLimits limits{options_->GetMaxMisValVarLS(), options_->GetMaxMisValObsLS()};
-  const int status = block.CheckMissing(observations, limits, *owner_, log_);
+  int status = block.CheckMissing(observations, limits, *owner_, log_);
   if (status != status::kOk) return status;
-  if (type_ != EModType::kNoVarianceCheck) block.CheckVariance(log_);
-  return block.FindWeights(log_);
+  if (block.GetBlock() == EBlock::kY) {
+    status = block.CheckConstants(log_);
+  } else if (type_ != EModType::kNoVarianceCheck) {
+    block.CheckVariance(log_);
+  }
+  return status == status::kOk ? block.FindWeights(log_) : status;
 }
 
 int Model::Center() {
   return Run([&] {
     if (!IsLoaded()) return status::mva::kDataNotAvailable;
     // Components that there are stay those of the centre that they were fitted about.
-    if (GetComponentCount() == 0) a0_ = options_->GetIsCenter() ? 1 : 0;
-    return x_->Center(a0_ != 0, log_);
-  });
-}
-
-int Model::ExecLS(char a) {
-  return Run([&] {
-    if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
-    if (a < 0 || a > GetComponentCount()) return status::mva::kComponentNotAvailable;
-    options_->SetAUseLS(a);
-    log_.Write(std::string("Executing WS: Model ") + GetModNam() + "\n");
-    return ExecLS(static_cast<XFMatrix*>(nullptr));
-  });
-}
-
-int Model::ExecPS() {
-  return Run([&] {
-    if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
-    DeletePSResults();
-    Predset* const predset = owner_->GetCurrentPredset();
-    if (predset == nullptr) return status::mva::kPredsetNotAvailable;
-    const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(type_, EBlock::kX, selector_));
-    if (data == nullptr) return predset->GetStatus();
-    const std::unique_ptr<ObsInfo> observations(predset->ExtObsInfo());
-    if (observations == nullptr) return predset->GetStatus();
-    const std::unique_ptr<I1Vector> selection(predset->ExtMembership(type_, selector_));
-    if (selection == nullptr) return predset->GetStatus();
-    for (char& byte : selection->Values()) byte = byte != 0 ? kMemberRow : kNewRow;
-    return ExecPS(observations.get(), data.get(), selection.get());
+    const int a0 = GetComponentCount() > 0 ? a0_ : options_->GetIsCenter() ? 1 : 0;
+    std::vector<std::unique_ptr<DataBlock>> centred;
+    for (const DataBlock* const block : GetBlocks()) {
+      const int status = block->MakeCentred(a0 != 0, log_, centred.emplace_back());
+      if (status != status::kOk) return status;
+      // A model that was unloaded has them already.
+      for (const CompInfo& component : components_) {
+        centred.back()->GetResiduals().Subtract(component.t.Values(),
+                                                component.LoadingsOf(block->GetBlock()).Values());
+      }
+    }
+    x_ = std::move(centred.front());
+    if (y_ != nullptr) y_ = std::move(centred.back());
+    a0_ = a0;
+    return status::kOk;
   });
 }
 
@@ -166,7 +178,7 @@ int Model::RSEqn(StreamWindow& /*window*/) {
 }
 
 int Model::Unload() {
-  x_->Unload();
+  for (DataBlock* const block : GetBlocks()) block->Unload();
   observations_.reset();
   classes_.reset();
   return status::kOk;
@@ -197,11 +209,6 @@ int Model::DeleteFiles() {
 
 bool Model::IsLoaded() const {
   return x_->IsLoaded();
-}
-
-int Model::GetUsed(short asked) const {
-  const int count = GetComponentCount();
-  return asked <= 0 ? count : std::min<int>(asked, count);
 }
 
 }  // namespace zemva

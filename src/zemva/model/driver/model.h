@@ -3,6 +3,10 @@
 #define ZEMVA_MODEL_DRIVER_MODEL_H
 
 #include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "zemva/base/export.h"
 #include "zemva/data/blk_info.h"
@@ -12,10 +16,12 @@
 #include "zemva/data/object_header.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/errors/stream_window.h"
-#include "zemva/model/driver/comp_info.h"
-#include "zemva/model/driver/distance_results.h"
-#include "zemva/model/driver/model_log.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/comp_info.h"
+#include "zemva/model/execution/distance_results.h"
+#include "zemva/model/block/model_log.h"
+#include "zemva/model/block/model_owner.h"
+#include "zemva/model/execution/distances.h"
+#include "zemva/model/execution/predictions.h"
 #include "zemva/model/preprocess/lag_info.h"
 #include "zemva/model/workset/model_type.h"
 #include "zemva/numeric/f_matrix.h"
@@ -30,16 +36,22 @@ class ExpInfo;
 class ScaInfo;
 class TraInfo;
 class VarInfo;
-struct ModelSize;
+struct Cap;
+struct Gauge;
+struct Validation;
 
 // A model of the N observations and K X variables of a work set, which takes A components out of
-// them, one after the other. What is written to the window on the way is the log.
+// them, one after the other; models by partial least squares relate them to M responses, block Y.
+// What is written to the window on the way is the log.
 //
 //   created -> loaded (LoadWS) -> centred (Center) -> components (CalcComp) -> executed (ExecLS)
 //
 // Compute does the first three, a component a call; its caller goes on while it returns 8012, and
 // then calls ExecLS. Observations, variables and components count from 1; component 0 is the data
 // centred and scaled, component -1 the data as loaded.
+//
+// What is done to X is done to Y, once for both; a kind of model says how a component is fitted, what
+// its cross-validation leaves unpredicted, and what scores a row has.
 //
 // Every operation returns a status code and keeps it for GetStatus. While that is a failure all
 // others return it at once, until Reset; 8012 and 8029 are none. 8002 when memory runs out, 8011
@@ -64,151 +76,164 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   Model& operator=(const Model&) = delete;
   ~Model() override;
 
-  // --- What the kinds do differently, and the statistics, in the order of the interface ---
+  // --- Operations and statistics, in the order of the interface ---
 
   // Keep and drop the results of an execution on the work set (LS) and on a prediction set (PS).
-  virtual int AddLSResults() = 0;
-  virtual int AddPSResults() = 0;
+  virtual int AddLSResults();
+  virtual int AddPSResults();
   // Fits one further component; nothing, with status 0, where none is possible. 8013 for a
   // validation setting that there is not; 8029 for a component that the rules refuse, which is not
   // kept; 8042 (8043 in a cross-validation) for a variable without usable observation; 8005 where
-  // values leave the range of a float.
-  virtual int CalcComp() = 0;
-  // Centres and scales. 8005 where values leave the range of a float.
+  // values leave the range of a float; 8024 where what is left of X and Y has nothing in common.
+  virtual int CalcComp();
+  // Centres and scales. 8005 where values leave the range of a float; nothing changes then.
   virtual int Center();
   // Fits one further component, having loaded and centred the data if that is still to do. 8012
   // when another one is to be asked for: without the rules while there are fewer than asked for,
   // with them while components are significant.
   virtual int Compute();
-  virtual int DeleteLSResults() = 0;
-  virtual int DeletePSResults() = 0;
+  virtual int DeleteLSResults();
+  virtual int DeletePSResults();
   // Makes the results of the components in use. Where `residuals` is not null it gets what they
   // leave of X, centred and scaled; it has N rows and K columns, else 8021.
-  virtual int ExecLS(XFMatrix* residuals) = 0;
+  virtual int ExecLS(XFMatrix* residuals);
   // Makes the results of other observations: rows of `data`, which has a column for each X
   // variable, transformed, neither centred nor scaled. The byte of a row in `selection` is one of
   // those below, or 0 to leave it out. An observation that misses more values than the options
   // allow is left out too, as the log tells, unless the owner wants it. 8022 for null, 8021 when
   // the sizes do not fit together.
-  virtual int ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) = 0;
+  virtual int ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection);
   // The components in use for the prediction set.
-  virtual char GetASelPS() const = 0;
+  virtual char GetASelPS() const;
   virtual float GetAvgX(char a, short k) const;
-  virtual float GetAvgY(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetB0(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual BlkInfo* GetBIYPtr() const { return nullptr; }
-  virtual FMatrix* GetBMat(char /*a*/) const { return nullptr; }
-  virtual float GetC(char /*a*/, short /*m*/) const { return kMissing; }
+  virtual float GetAvgY(char a, short m) const;
+  // The constant that goes with GetCoeff.
+  virtual float GetB0(char a, short m) const;
+  virtual BlkInfo* GetBIYPtr() const;
+  // The coefficients of a components for the variables centred and scaled, K rows by M columns: a
+  // new matrix, the caller's. Null where there are none.
+  virtual FMatrix* GetBMat(char a) const;
+  virtual float GetC(char a, short m) const;
   // The largest distances to the model at the level of significance, for observations that it was
   // not fitted to (Tr) and for those that it was (Te).
-  virtual float GetDCritTeSLS() const = 0;
-  virtual float GetDCritTeSPS() const = 0;
-  virtual float GetDCritTrSLS() const = 0;
-  virtual float GetDCritTrSPS() const = 0;
+  virtual float GetDCritTeSLS() const;
+  virtual float GetDCritTeSPS() const;
+  virtual float GetDCritTrSLS() const;
+  virtual float GetDCritTrSPS() const;
   // Degrees of freedom of the residuals.
   virtual float GetDFX(char a) const;
-  virtual float GetDFY(char /*a*/) const { return 0.0f; }
+  virtual float GetDFY(char a) const;
   // The distance to the model: the residual standard deviation of an observation.
-  virtual float GetDModXLS(char a, short i) const = 0;
-  virtual float GetDModXPS(char a, short i) const = 0;
-  virtual float GetDModYLS(char /*a*/, short /*i*/) const { return kMissing; }
-  virtual float GetDModYPS(char /*a*/, short /*i*/) const { return kMissing; }
+  virtual float GetDModXLS(char a, short i) const;
+  virtual float GetDModXPS(char a, short i) const;
+  virtual float GetDModYLS(char a, short i) const;
+  virtual float GetDModYPS(char a, short i) const;
   virtual float GetEig(char a) const;
   // The contribution of variable k to the gap between the scores of observations i and j, where
   // j = 0 stands for the average: the difference of their values, centred and scaled, times the
   // loading (P. Miller, R. E. Swanson, C. F. Heckler, Contribution plots, Applied Mathematics and
-  // Computer Science 8 (1998) 775-792).
-  virtual float GetGapCont(char a, short i, short j, short k) const = 0;
-  virtual LagInfo* GetLIYPtr() const { return nullptr; }
-  virtual float GetMaxIY(short /*m*/) const { return kMissing; }
-  virtual float GetMinIY(short /*m*/) const { return kMissing; }
+  // Computer Science 8 (1998) 775-792); with responses times w*, of which t is made.
+  virtual float GetGapCont(char a, short i, short j, short k) const;
+  virtual LagInfo* GetLIYPtr() const;
+  // The largest and the smallest value of a response, as loaded.
+  virtual float GetMaxIY(short m) const;
+  virtual float GetMinIY(short m) const;
   // Modelling power of a variable, 0 to 1.
   virtual float GetMPowX(char a, short k) const;
   virtual short GetNIter(char a) const;
-  virtual short GetNObsPS() const = 0;
-  virtual short GetNPredErrTeS(short /*m*/) const { return 0; }
-  virtual short GetNPredErrTrS(short /*m*/) const { return 0; }
-  virtual short GetNVarLagY() const { return 0; }
-  virtual short GetNVarY() const { return 0; }
-  virtual short GetNVarYDS() const { return 0; }
+  virtual short GetNObsPS() const;
+  // How many predicted values of a response can be compared with observed ones in the prediction
+  // set: of new observations, and of those that the model was fitted to.
+  virtual short GetNPredErrTeS(short m) const;
+  virtual short GetNPredErrTrS(short m) const;
+  // The responses: those that are lagged, all, and those that are variables of the data set.
+  virtual short GetNVarLagY() const;
+  virtual short GetNVarY() const;
+  virtual short GetNVarYDS() const;
   // The observations of the prediction set, and the position that each had in what was executed.
-  virtual ObsInfo* GetObsInfoPS() const = 0;
-  virtual short GetObsIxPS(short i) const = 0;
-  // The leverage of an observation on components 1..a.
+  virtual ObsInfo* GetObsInfoPS() const;
+  virtual short GetObsIxPS(short i) const;
+  // The leverage of an observation on components 1..a, by its scores t and by its scores u.
   virtual float GetOLevX(char a, short i) const;
-  virtual float GetOLevY(char /*a*/, short /*i*/) const { return kMissing; }
+  virtual float GetOLevY(char a, short i) const;
   virtual float GetP(char a, short k) const;
   // The probability that an observation belongs to the model.
-  virtual float GetPModXLS(char a, short i) const = 0;
-  virtual float GetPModXPS(char a, short i) const = 0;
-  virtual float GetPModYLS(char /*a*/, short /*i*/) const { return kMissing; }
-  virtual float GetPModYPS(char /*a*/, short /*i*/) const { return kMissing; }
+  virtual float GetPModXLS(char a, short i) const;
+  virtual float GetPModXPS(char a, short i) const;
+  virtual float GetPModYLS(char a, short i) const;
+  virtual float GetPModYPS(char a, short i) const;
   // The distances of the prediction set's observations; null before its execution.
-  virtual const DistanceResults* GetPSResults() const = 0;
-  // What cross-validation predicts: of a component (A), cumulative, by variable (V).
-  virtual float GetQ2AX(char /*a*/) const { return 0.0f; }
-  virtual float GetQ2AY(char /*a*/) const { return 0.0f; }
-  virtual float GetQ2VAX(char /*a*/, short /*k*/) const { return kMissing; }
-  virtual float GetQ2VAY(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetQ2VX(char /*a*/, short /*k*/) const { return kMissing; }
-  virtual float GetQ2VY(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetQ2X(char /*a*/) const { return 0.0f; }
-  virtual float GetQ2Y(char /*a*/) const { return 0.0f; }
-  virtual float GetR2AY(char /*a*/) const { return 0.0f; }
-  virtual float GetR2AYadj(char /*a*/) const { return 0.0f; }
-  virtual float GetR2VAY(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetR2VAYadj(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetR2VY(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetR2VYadj(char /*a*/, short /*m*/) const { return kMissing; }
-  virtual float GetR2Y(char /*a*/) const { return 0.0f; }
-  virtual float GetR2Y() const { return 0.0f; }
-  virtual float GetR2Yadj(char /*a*/) const { return 0.0f; }
-  virtual float GetR2Yadj() const { return 0.0f; }
+  virtual const DistanceResults* GetPSResults() const;
+  // What cross-validation predicts of Y or, without responses, of X: of a component (A), cumulative,
+  // by variable (V).
+  virtual float GetQ2AX(char a) const;
+  virtual float GetQ2AY(char a) const;
+  virtual float GetQ2VAX(char a, short k) const;
+  virtual float GetQ2VAY(char a, short m) const;
+  virtual float GetQ2VX(char a, short k) const;
+  virtual float GetQ2VY(char a, short m) const;
+  virtual float GetQ2X(char a) const;
+  virtual float GetQ2Y(char a) const;
+  virtual float GetR2AY(char a) const;
+  virtual float GetR2AYadj(char a) const;
+  virtual float GetR2VAY(char a, short m) const;
+  virtual float GetR2VAYadj(char a, short m) const;
+  virtual float GetR2VY(char a, short m) const;
+  virtual float GetR2VYadj(char a, short m) const;
+  virtual float GetR2Y(char a) const;
+  virtual float GetR2Y() const { return GetR2Y(GetA()); }
+  virtual float GetR2Yadj(char a) const;
+  virtual float GetR2Yadj() const { return GetR2Yadj(GetA()); }
   virtual float GetS2OX(char a, short i) const;
-  virtual float GetS2OY(char /*a*/, short /*i*/) const { return kMissing; }
+  virtual float GetS2OY(char a, short i) const;
   // The mean square of a score vector.
   virtual float GetS2T(char a) const;
-  virtual float GetS2U(char /*a*/) const { return 0.0f; }
+  virtual float GetS2U(char a) const;
   virtual float GetS2VX(char a, short k) const;
-  virtual float GetS2VY(char /*a*/, short /*m*/) const { return kMissing; }
+  virtual float GetS2VY(char a, short m) const;
   virtual float GetS2X(char a) const;
-  virtual float GetS2Y(char /*a*/) const { return 0.0f; }
-  virtual float GetSEYPredLLS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetSEYPredLPS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetSEYPredULS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetSEYPredUPS(short /*i*/, short /*m*/) const { return kMissing; }
+  virtual float GetS2Y(char a) const;
+  // The limits between which an observed value of a response lies at the level of significance,
+  // about the predicted one: s sqrt(1 + h) times Student's t, with s from the residuals and h the
+  // leverage (see docs/numerics.md).
+  virtual float GetSEYPredLLS(short i, short m) const;
+  virtual float GetSEYPredLPS(short i, short m) const;
+  virtual float GetSEYPredULS(short i, short m) const;
+  virtual float GetSEYPredUPS(short i, short m) const;
   // What the components leave of an element of X, centred and scaled.
-  virtual float GetXResLS(char a, short i, short k) const = 0;
-  virtual float GetXResPS(short i, short k) const = 0;
-  virtual float GetYObsLS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetYObsPS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetYPredLS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetYPredPS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetYPredErrLS(short /*i*/, short /*m*/) const { return kMissing; }
-  virtual float GetYPredErrPS(short /*i*/, short /*m*/) const { return kMissing; }
-  // Takes the X data out of the owner's work set and checks them; messages tell what is unusual.
-  // 8020 for fewer than 4 observations; 8039 for a variable with fewer than 4 values; 8038 for an
-  // undefined weight; 8040 for other data than those that there are components of. A failure
-  // changes nothing.
+  virtual float GetXResLS(char a, short i, short k) const;
+  virtual float GetXResPS(short i, short k) const;
+  // Responses observed, predicted by the components in use, and observed less predicted, in their
+  // own units; transformed ones stay so where the options do not want them back.
+  virtual float GetYObsLS(short i, short m) const;
+  virtual float GetYObsPS(short i, short m) const;
+  virtual float GetYPredLS(short i, short m) const;
+  virtual float GetYPredPS(short i, short m) const;
+  virtual float GetYPredErrLS(short i, short m) const;
+  virtual float GetYPredErrPS(short i, short m) const;
+  // Takes the data out of the owner's work set and checks them; messages tell what is unusual. 8020
+  // for fewer than 4 observations; 8039 for a variable with fewer than 4 values; 8038 for an
+  // undefined weight; 8028 for a response that does not vary; 8040 for other data than those that
+  // there are components of. A failure changes nothing.
   virtual int LoadWS();
   // Makes what components 1..a leave of X, centred and scaled: a new matrix, the caller's. Null,
   // with the status, when it cannot.
-  virtual XFMatrix* MakeResid(char a) = 0;
+  virtual XFMatrix* MakeResid(char a);
   // Drops the components after a, and a failure. 8021 for a negative a.
-  virtual int Reset(short a) = 0;
+  virtual int Reset(short a);
   // Lists the response surface, for models that have one; 8045 for others.
   virtual int RSEqn(StreamWindow& window);
   // List the model in a table, its centring, component a, the results of its execution, and what
   // it was made of. They return 0.
-  virtual int Show(StreamWindow& window) = 0;
+  virtual int Show(StreamWindow& window);
   virtual int ShowCent(StreamWindow& window);
-  virtual int ShowComp(char a, StreamWindow& window) = 0;
+  virtual int ShowComp(char a, StreamWindow& window);
   virtual int ShowInit(StreamWindow& window);
-  virtual int ShowRes(StreamWindow& window) = 0;
+  virtual int ShowRes(StreamWindow& window);
   // Frees the loaded data and tables; components and results stay.
   virtual int Unload();
   // All listings but the table.
-  virtual int ShowAll(StreamWindow& window) = 0;
+  virtual int ShowAll(StreamWindow& window);
 
   // LoadWS, unless the data are loaded.
   int Load() { return IsLoaded() ? status::kOk : LoadWS(); }
@@ -251,6 +276,49 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual const char* GetSignRule(char a) const;
   EVerdict GetVerdict(char a) const;
 
+  // --- Of the work set; distances and T2 need no execution ---
+
+  // Hotelling's T2 of an observation: the sum of t^2 / S2t over components 1..a, or first..last.
+  virtual float GetT2LS(char a, short i) const;
+  virtual float GetT2RangeLS(char first, char last, short i) const;
+  // The half-axis of the confidence ellipse in a plot of two score vectors, for the upper-tail
+  // probability `p`: sqrt(S2t 2 F (N - 1) / (N - 2)) with F of 2 and N - 2 degrees of freedom.
+  virtual float GetTCritAxisLen(char a, float p) const;
+  // Whether distances are divided by the standard deviation of all residuals, and whether residuals
+  // are weighted by modelling power.
+  virtual bool IsNormDistLS() const { return GetOptions().GetIsNormDistLS(); }
+  virtual bool IsWResLS() const { return GetOptions().GetIsWResLS(); }
+
+  // --- Of the prediction set; missing for another number of components than was executed ---
+
+  // Whether the model was fitted to the observation; false for a bad position.
+  virtual bool IsMembPS(short i) const;
+  virtual float GetTPredPS(char a, short i) const;
+  virtual float GetT2PS(char a, short i) const;
+  virtual float GetT2RangePS(char first, char last, short i) const;
+  virtual bool IsNormDistPS() const { return GetOptions().GetIsNormDistPS(); }
+  virtual bool IsWResPS() const { return GetOptions().GetIsWResPS(); }
+
+  // --- Of models with responses ---
+
+  float GetSSY(char a) const;
+  float GetSSVY(char a, short m) const;
+  float GetSSOY(char a, short i) const;
+  float GetU(char a, short i) const;
+  float GetW(char a, short k) const;
+  float GetWStar(char a, short k) const;
+  // The influence of an X variable on the responses in components 1..a; the squares add up to K.
+  float GetVIP(char a, short k) const;
+  // The coefficients of a components, Y = X B: for variables centred and scaled, and for values as
+  // loaded, to which GetB0 is to be added.
+  float GetCoeffCS(char a, short k, short m) const;
+  float GetCoeff(char a, short k, short m) const;
+  // sqrt(sum of squared errors / (n - A0 - a)) of the work set for the components in use, in the units
+  // of GetYPredLS.
+  float GetRMSEE(short m) const;
+  // The errors of the prediction set; null before its execution and without responses.
+  const PredictionErrors* GetPredictionErrorsPS() const;
+
   // --- What the model is made of ---
 
   short GetNObs() const;
@@ -260,6 +328,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   char GetA() const { return static_cast<char>(GetComponentCount()); }
   char GetA0() const { return static_cast<char>(a0_); }
   float GetWeigX(short k) const;
+  float GetWeigY(short m) const;
   // The model's own; null while nothing is loaded.
   ObsInfo* GetObsInfo() const { return observations_.get(); }
   ClaInfo* GetClaInfo() const { return classes_.get(); }
@@ -271,6 +340,13 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   LagInfo* GetLagInfoX() const;
   BlkInfo* GetBIXPtr() const;
   const XFMatrix* GetXPtr() const;
+  // Whether the model has responses, and their tables, which are null without.
+  bool HasY() const { return y_ != nullptr; }
+  VarInfo* GetVarInfoY() const;
+  ScaInfo* GetScaInfoY() const;
+  TraInfo* GetTraInfoY() const;
+  ExpInfo* GetExpInfoY() const;
+  const XFMatrix* GetYPtr() const;
   bool IsLoaded() const;
 
   EModType GetModType() const { return type_; }
@@ -306,10 +382,37 @@ class ZEMVA_API Model : public ConstructDestructMessage {
 
  protected:
   Model(const Model& other);
+  // Gives the model its block Y; for constructors.
+  void AddResponses();
+
+  // --- What a kind of model says ---
+
+  struct Rules {
+    // X variables that take part; there are no more components than these.
+    int variable_count;
+    bool has_eigenvalue_rule;
+    // Of how many variables Q2 must exceed its limit by rule 2.
+    int required_count;
+    // What rule 4 wants explained of some variable.
+    double least_share;
+  };
+  virtual Rules GetRules() const = 0;
+  // Fits the component to the residuals: scores, loadings and the count of iterations.
+  virtual int Fit(CompInfo& component) = 0;
+  // Adds the squares of what cross-validation leaves unpredicted to `errors`, an element for each
+  // variable of Y or, without responses, of X. The component is fitted and not yet taken off.
+  virtual int AddPredictionErrors(const CompInfo& component, std::span<double> errors) = 0;
+  // Completes the last component, which is taken off and was judged.
+  virtual int Complete(CompInfo& component);
+  // Sets the scores of an observation, given its values centred and scaled; to missing where the
+  // present ones do not determine them.
+  virtual int Project(const XFVector& values, FVector& scores) = 0;
+
+  // --- For the kinds ---
 
   // Component a, 1..A, null for any other.
-  virtual const CompInfo* GetComponent(int a) const = 0;
-  virtual int GetComponentCount() const = 0;
+  const CompInfo* GetComponent(int a) const;
+  int GetComponentCount() const { return static_cast<int>(components_.size()); }
   // Runs an operation unless a failure stands, and keeps its status.
   template <typename Operation>
   int Run(Operation operation) {
@@ -319,32 +422,118 @@ class ZEMVA_API Model : public ConstructDestructMessage {
     return status_;
   }
   bool HasFailed() const;
-  // Whether the rules have refused a component.
-  bool IsSearchOver() const { return is_search_over_; }
+  int SetStatus(int status) { return status_ = status; }
+
+  // How far a correction for missing values may go for a loading.
+  float GetLoadingLimit() const { return options_->comp_lim_loa_; }
+  // A cap whose overruns are told as `text`, the number and the factor.
+  Cap MakeCap(double limit, bool is_reported, const char* text);
+  DataBlock& GetX() { return *x_; }
+  const DataBlock& GetX() const { return *x_; }
+  // Null without responses.
+  const DataBlock* GetY() const { return y_.get(); }
+  // What cross-validation predicts.
+  const DataBlock& GetTarget() const { return y_ ? *y_ : *x_; }
+  // Null where there is no such stage, or no such block.
+  const Stage* GetStage(EBlock block, int a) const;
+  ModelOwner& GetOwner() const { return *owner_; }
+  ModOpt& GetOptions() const { return *options_; }
+  ModelLog& GetLog() { return log_; }
+  void SetIsOverrun() { is_overrun_ = true; }
+
+ private:
+  // --- Loading (model.cpp) ---
+
+  int Check(DataBlock& block, const ObsInfo& observations);
+  // The tables of the rows, which the blocks share.
+  struct RowTables {
+    std::unique_ptr<ObsInfo> observations;
+    std::unique_ptr<ClaInfo> classes;
+  };
+  // Unless they are there.
+  int ExtractRowTables(Workset& workset, RowTables& rows) const;
+  // The blocks that the model has, X first.
+  std::vector<DataBlock*> GetBlocks() const;
+  int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
   // For a model that has dropped components.
   int ClearStatus() {
     is_search_over_ = false;
     return status_ = status::kOk;
   }
-  int SetStatus(int status) { return status_ = status; }
 
-  // How far a correction for missing values may go for a loading.
-  float GetLoadingLimit() const { return options_->comp_lim_loa_; }
-  DataBlock& GetX() { return *x_; }
-  const DataBlock& GetX() const { return *x_; }
-  // Null where there is no such stage.
-  const Stage* GetStageX(int a) const;
-  ModelSize GetSize(int a) const;
-  ModelOwner& GetOwner() const { return *owner_; }
-  ModOpt& GetOptions() const { return *options_; }
-  ModelLog& GetLog() { return log_; }
-  void SetIsOverrun() { is_overrun_ = true; }
+  // --- The loop over components (model_fit.cpp) ---
+
+  int FitComponent();
+  int CrossValidate(CompInfo& component);
+  // Takes the component over and off the residuals, and measures and judges it. It is dropped again
+  // where that fails.
+  int AddComp(CompInfo component, const Validation& validation);
+  void DropComp();
+  void Measure(CompInfo& component);
+  void MeasureWeighted(CompInfo& component);
+  void ReportExplained(const char* text, const Stage& after, const Stage& initial);
+  // 8029 for a verdict against the component that ends the search.
+  int Judge(const Validation& validation, const Rules& rules, CompInfo& component);
+
+  // --- Statistics (model_statistics.cpp) ---
+
+  float GetExplained(EBlock block, float Stage::*sum, int from, int to) const;
+  float GetExplained(EBlock block, XFVector Stage::*sums, short k, int from, int to) const;
+
+  // --- Execution (model_execution.cpp, model_prediction.cpp, model_responses.cpp) ---
+
+  // What the options say of distances, on the work set and on a prediction set.
+  struct Measurement {
+    bool is_weighted;
+    bool is_normalised;
+  };
+  Measurement GetMeasurementLS() const { return {IsWResLS(), IsNormDistLS()}; }
+  Measurement GetMeasurementPS() const { return {IsWResPS(), IsNormDistPS()}; }
   // The components in use: `asked`, or all where that is 0 or too many.
   int GetUsed(short asked) const;
+  BlockSize GetSize(EBlock block, int a) const;
+  // For stages 0..A. Residuals of Y are not weighted.
+  Gauge MakeGauge(EBlock block, int a, Measurement measurement) const;
+  // The residual variance of an observation of the work set; missing where it is not defined.
+  double GetVarianceLS(EBlock block, const Gauge& gauge, int a, int i) const;
+  float GetDistanceLS(EBlock block, int a, int i) const;
+  float GetProbabilityLS(EBlock block, int a, int i) const;
+  // 8004 where there is no critical value.
+  int SetLimits(const Gauge& gauge, float level, DistanceLimits& limits);
+  template <typename Score>
+  float SumT2(char first, char last, Score score) const;
 
- private:
-  int CheckX(DataBlock& block, const ObsInfo& observations);
-  int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
+  int ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const XFMatrix* observed,
+                  const I1Vector& selection);
+  // Reports an observation with too many missing values, and asks.
+  bool IsExcluded(const ObsInfo& observations, const XFMatrix& data, short i);
+  // Sets scores, residuals and distances of observation `to` of the results.
+  int Predict(std::span<const float> row, short to);
+  std::vector<float> TakeOffScores(const XFVector& values, const FVector& scores) const;
+  void SetDistance(std::span<const float> row, std::span<const float> residuals, short to);
+  const Predictions* GetPredictions(char a) const;
+  bool IsInClassPS(short i) const;
+
+  // A predicted response of so many scores, centred and scaled.
+  template <typename Score>
+  double PredictResponse(int a, short m, Score score) const;
+  // In the units of GetYPredLS.
+  float RestoreResponse(double scaled, short m, bool is_back_transformed) const;
+  float BackTransform(float value, short m, bool is_back_transformed) const;
+  // Half of the width between the limits of an observed value, centred and scaled.
+  double GetHalfWidth(int a, short m, double leverage, float level) const;
+  double GetPredictionLS(short i, short m) const;
+  float GetLimitLS(short i, short m, double side) const;
+  void PredictResponses(const XFMatrix* observed, short to);
+  void SetDistanceY(std::span<const double> residuals, short to);
+  void FinishResponses();
+  PredictionErrors MakeErrorsLS() const;
+
+  // --- Listings (model_listing.cpp, model_listing_results.cpp) ---
+
+  void ShowCentre(const DataBlock& block, StreamWindow& window) const;
+  void ShowCoefficients(char a, StreamWindow& window) const;
+  void ShowErrors(const PredictionErrors& errors, StreamWindow& window) const;
 
   ModelOwner* owner_;  // nobody where none was given
   EModType type_;
@@ -357,6 +546,10 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   std::shared_ptr<ObsInfo> observations_;
   std::shared_ptr<ClaInfo> classes_;
   std::unique_ptr<DataBlock> x_;
+  std::unique_ptr<DataBlock> y_;
+  std::vector<CompInfo> components_;
+  std::optional<WorksetResults> workset_results_;
+  std::shared_ptr<Predictions> predictions_;
   int a0_ = 0;
   ModelLog log_;
   bool is_overrun_ = false;

@@ -6,7 +6,7 @@
 #include "zemva/base/positions.h"
 #include "zemva/errors/listing.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/data_block.h"
+#include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/driver/value_listing.h"
 
@@ -35,30 +35,39 @@ int Model::ShowInit(StreamWindow& window) {
   list.Text("Address: ").Text(GetModAddr()).Text(" Title: ").Text(GetModTitle()).EndLine();
   list.Text(" From data set: ").Text(dataset_name_.View()).EndLine();
   list.Text(" Created       : ").Text(header_.creation_date.View()).EndLine();
-  list.Text(" NObs = ").Number(GetNObs()).Text(", NVarX= ").Number(GetNVarX()).EndLine();
+  list.Text(" NObs = ").Number(GetNObs()).Text(", NVarX= ").Number(GetNVarX());
+  if (HasY()) list.Text(", NVarY= ").Number(GetNVarY());
+  list.EndLine();
   AddValue(list.Text("S2X[-1]= "), 0, GetS2X(-1));
-  AddValue(list.Text(", DFX[-1]=  "), 0, GetDFX(-1)).EndLine();
+  AddValue(list.Text(", DFX[-1]=  "), 0, GetDFX(-1));
+  if (HasY()) AddValue(list.Text(" S2Y[-1]= "), 0, GetS2Y(-1));
+  list.EndLine();
   return status::kOk;
 }
 
 int Model::ShowCent(StreamWindow& window) {
-  const auto& info = x_->GetInfo();
-  const bool is_centred = a0_ != 0;
   Listing list(window);
-  list.Text(is_centred ? "Data for centering." : "Data not centered.").EndLine();
-  if (!info) return status::kOk;
-  list.Right(6, "VNum").Right(26, "VNam").Right(14, "RefX[0]").Right(14, "Weig");
-  list.Right(14, "SSVX[0]").Right(14, "S2VX[0]").EndLine();
-  for (const short k : PositionsUpTo(GetNVarX())) {
-    const VarInfo* const variables = GetVarInfoX();
+  list.Text(a0_ != 0 ? "Data for centering." : "Data not centered.").EndLine();
+  for (const DataBlock* const block : GetBlocks()) ShowCentre(*block, window);
+  return status::kOk;
+}
+
+void Model::ShowCentre(const DataBlock& block, StreamWindow& window) const {
+  const auto& info = block.GetInfo();
+  if (!info) return;
+  Listing list(window);
+  list.Right(6, "VNum").Right(26, "VNam").Right(14, info->reference.GetName()).Right(14, "Weig");
+  list.Right(14, info->centred.ssv.GetName()).Right(14, info->centred.s2v.GetName()).EndLine();
+  const VarInfo* const variables = block.GetVarInfo();
+  for (const short k : PositionsUpTo(block.GetColumnCount())) {
     list.Right(6, variables == nullptr ? k : variables->GetVNum(k));
     list.Right(26, variables == nullptr ? "" : TextOrEmpty(variables->GetVNam(k)));
-    for (const float value : {info->reference[k], info->weights[k], GetSSVX(0, k), GetS2VX(0, k)}) {
+    for (const float value :
+         {info->reference[k], info->weights[k], info->centred.ssv[k], info->centred.s2v[k]}) {
       AddValue(list, 14, value);
     }
     list.EndLine();
   }
-  return status::kOk;
 }
 
 int Model::WriteListing(const char* path, int (Model::*list)(StreamWindow&)) {

@@ -4,8 +4,8 @@
 
 #include <span>
 
-#include "zemva/model/driver/comp_info.h"
-#include "zemva/model/driver/model_log.h"
+#include "zemva/model/block/comp_info.h"
+#include "zemva/model/block/model_log.h"
 #include "zemva/settings/options/mod_opt.h"
 
 namespace zemva {

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "zemva/model/driver/model_log.h"
+#include "zemva/model/block/model_log.h"
 
 namespace zemva {
 

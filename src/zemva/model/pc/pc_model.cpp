@@ -1,12 +1,37 @@
 #include "zemva/model/pc/pc_model.h"
 
-#include <memory>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+#include <string>
+#include <vector>
 
-#include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/data_block.h"
+#include "zemva/model/block/data_block.h"
+#include "zemva/model/kernels/left_out.h"
+#include "zemva/model/kernels/nipals.h"
+#include "zemva/model/kernels/residual_matrix.h"
+#include "zemva/model/pc/cross_validation.h"
+#include "zemva/numeric/f_matrix.h"
 
 namespace zemva {
+namespace {
+
+constexpr double kLeastVariableShare = 0.02;
+
+// Whether an inverse of a matrix whose elements are at most 1 has digits that mean something.
+bool IsDetermined(const FMatrix& inverse) {
+  constexpr float kLargest = 1e6f;
+  for (int c = 1; c <= inverse.NRow(); ++c) {
+    for (const float element : inverse.Row(c)) {
+      if (!(std::fabs(element) < kLargest)) return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
 
 PCModel::PCModel(ModelOwner* owner, EModType type, StreamWindow& window, ModOpt* options,
                  char selector)
@@ -21,71 +46,105 @@ const ClassID& PCModel::GetClassID() {
   return id;
 }
 
-const CompInfo* PCModel::GetComponent(int a) const {
-  const bool is_there = a >= 1 && a <= GetComponentCount();
-  return is_there ? &components_[static_cast<std::size_t>(a - 1)] : nullptr;
+Model::Rules PCModel::GetRules() const {
+  const int used_columns = GetNVarXUsed();
+  return {used_columns, true, GetRequiredCount(used_columns), kLeastVariableShare};
 }
 
-int PCModel::Center() {
-  const int status = Model::Center();
-  if (status != status::kOk) return status;
-  // A model that was unloaded has them already.
-  for (const PCCompInfo& component : components_) {
-    GetX().GetResiduals().Subtract(component.t.Values(), component.p.Values());
+int PCModel::Fit(CompInfo& component) {
+  const std::span<const float> squares = GetStage(EBlock::kX, GetComponentCount())->ssv.Values();
+  const auto largest = std::ranges::max_element(squares) - squares.begin();
+  GetX().GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.t.Values());
+  return Nipals(LeftOut(), component.p, component.t, component.iteration_count);
+}
+
+int PCModel::Nipals(const LeftOut& left_out, XFVector& p, XFVector& t, short& iteration_count) {
+  // In a round of G groups the limits of the corrections are G / (G - 1) times as wide.
+  const double group_count = GetOptions().GetNCV();
+  const double widening = left_out.IsNothing() ? 1.0 : group_count / (group_count - 1.0);
+  const NipalsSettings settings{
+      GetOptions().GetMaxIter(),
+      MakeCap(static_cast<double>(GetLoadingLimit()) * widening, GetOptions().GetIsShoLoaLim(),
+              "CompLimLoa overrun for p, VarIx "),
+      MakeCap(static_cast<double>(GetOptions().GetCLS()) * widening,
+              GetOptions().GetIsShoScrLim(), "CompLimScr overrun for t, ObsIx ")};
+  const NipalsResult result =
+      zemva::Nipals(GetX().GetResiduals(), left_out, settings, t.Values(), p.Values());
+  if (result.status != status::kOk) return result.status;
+  iteration_count =
+      static_cast<short>(std::min<int>(result.iterations, std::numeric_limits<short>::max()));
+  const auto is_finite = [](float value) { return std::isfinite(value); };
+  const bool is_in_range =
+      std::ranges::all_of(t.Values(), is_finite) && std::ranges::all_of(p.Values(), is_finite);
+  t.SetActValInfo();
+  p.SetActValInfo();
+  return is_in_range ? status::kOk : status::mva::kDomain;
+}
+
+int PCModel::AddPredictionErrors(const CompInfo& component, std::span<double> errors) {
+  const int element_count = GetNObs() * GetNVarX();
+  if (GetOptions().GetNCV() > element_count) {
+    GetOptions().SetNCV(static_cast<short>(element_count));
+    GetLog().Write("NCV is reduced to NObs*NVar: " + std::to_string(element_count) + "\n");
   }
-  return status;
+  const short group_count = GetGroupCount(GetOptions().GetNCV(), GetNVarXUsed(), GetLog());
+  if (group_count == 0) return status::mva::kArgument;
+  GetOptions().SetNCV(group_count);
+
+  const ResidualMatrix& residuals = GetX().GetResiduals();
+  std::vector<char> takes_part;
+  for (int k = 0; k < GetNVarX(); ++k) {
+    takes_part.push_back(residuals.TakesPart(static_cast<std::size_t>(k)));
+  }
+  GroupLabels labels(group_count, takes_part);
+  for (int round = 1; round <= group_count; ++round) {
+    if (round > 1) labels.Rotate();
+    const LeftOut left_out = LeftOut::Elements(group_count, labels.Get());
+    XFVector p(component.p);
+    XFVector t(component.t);
+    short iteration_count = 0;
+    const int status = Nipals(left_out, p, t, iteration_count);
+    if (status != status::kOk) return status;
+    zemva::AddPredictionErrors(residuals, left_out, t.Values(), p.Values(), errors);
+  }
+  return status::kOk;
 }
 
-int PCModel::Reset(short a) {
-  if (a < 0) return SetStatus(status::mva::kIndexOutOfRange);
-  while (GetComponentCount() > a) DropComp();
-  return ClearStatus();
-}
-
-void PCModel::DropComp() {
-  const PCCompInfo& last = components_.back();
-  if (GetX().IsCentered()) GetX().GetResiduals().Add(last.t.Values(), last.p.Values());
-  components_.pop_back();
-}
-
-XFMatrix* PCModel::MakeResid(char a) {
-  std::unique_ptr<XFMatrix> matrix;
-  Run([&] {
-    if (!GetX().IsCentered()) return status::mva::kDataNotAvailable;
-    if (a < 0 || a > GetA()) return status::mva::kComponentNotAvailable;
-    matrix = std::make_unique<XFMatrix>("LSResiduals", GetNObs(), GetNVarX(), kMissing);
-    if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
-    GetX().GetResiduals().CopyTo(*matrix);
-    // Nothing is left of a variable that takes no part.
-    for (const short k : PositionsUpTo(GetNVarX())) {
-      if (GetWeigX(k) != 0.0f) continue;
-      for (const short i : PositionsUpTo(GetNObs())) {
-        if (!IsMissing(GetX().GetValues()[i][k])) (*matrix)[i][k] = 0.0f;
-      }
+int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
+  const int a = scores.NVal();
+  FMatrix cross_products(a, a, 0.0f);
+  FVector projections(a, 0.0f);
+  if (cross_products.NRow() != a || projections.NVal() != a) return status::mva::kMemory;
+  const auto sum_present = [&](auto term) {
+    double sum = 0.0;
+    for (int k = 1; k <= values.NVal(); ++k) {
+      if (!IsMissing(values[k])) sum += term(k);
     }
-    for (int c = GetA(); c > a; --c) {
-      matrix->Addcomp(&GetComponent(c)->t, &GetComponent(c)->p);
+    return static_cast<float>(sum);
+  };
+  const auto loading = [&](int c, int k) { return static_cast<double>(GetComponent(c)->p[k]); };
+  for (int c = 1; c <= a; ++c) {
+    projections[c] =
+        sum_present([&](int k) { return loading(c, k) * static_cast<double>(values[k]); });
+    for (int d = 1; d <= a; ++d) {
+      cross_products[c][d] = sum_present([&](int k) { return loading(c, k) * loading(d, k); });
     }
-    matrix->SetActValInfo();
+  }
+  const int status = cross_products.MInv();
+  if (status == status::mat::kMemory) return status::mva::kMemory;
+  if (status != status::kOk || !IsDetermined(cross_products)) {
+    GetLog().Write("Matrix singular!\n");
+    SetIsOverrun();
     return status::kOk;
-  });
-  return HasFailed() ? nullptr : matrix.release();  // the caller's
-}
-
-float PCModel::GetQ2AX(char a) const {
-  return GetComponent(a) == nullptr ? kMissing : GetComponent(a)->q2;
-}
-
-float PCModel::GetQ2X(char a) const {
-  return GetComponent(a) == nullptr ? kMissing : GetComponent(a)->q2_cum;
-}
-
-float PCModel::GetQ2VAX(char a, short k) const {
-  return GetComponent(a) == nullptr ? kMissing : GetComponent(a)->q2v.GetElement(k);
-}
-
-float PCModel::GetQ2VX(char a, short k) const {
-  return GetComponent(a) == nullptr ? kMissing : GetComponent(a)->q2v_cum.GetElement(k);
+  }
+  for (int c = 1; c <= a; ++c) {
+    double score = 0.0;
+    for (int d = 1; d <= a; ++d) {
+      score += static_cast<double>(cross_products[c][d]) * static_cast<double>(projections[d]);
+    }
+    scores[c] = AsPresent(static_cast<float>(score));
+  }
+  return status::kOk;
 }
 
 }  // namespace zemva

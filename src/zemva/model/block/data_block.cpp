@@ -1,4 +1,4 @@
-#include "zemva/model/driver/data_block.h"
+#include "zemva/model/block/data_block.h"
 
 #include <algorithm>
 #include <cmath>
@@ -75,6 +75,9 @@ void DataBlock::DescribeLoaded() {
   for (int i = 1; i <= values_->NRow(); ++i) {
     info_->row_counts[static_cast<std::size_t>(i - 1)] = values_->NValARow(i);
   }
+  for (int k = 1; k <= values_->NCol(); ++k) {
+    info_->column_counts[static_cast<std::size_t>(k - 1)] = values_->NValACol(k);
+  }
   Take(values_->SSRow(""), info_->loaded.sso);
   Take(values_->SSCol(""), info_->loaded.ssv);
   Fill({}, Widened(info_->loaded.sso), Widened(info_->loaded.ssv), info_->loaded);
@@ -108,6 +111,22 @@ int DataBlock::FindWeights(ModelLog& log) {
   return weights.NValA() == weights.NVal() ? status::kOk : status::mva::kUndefinedWeights;
 }
 
+int DataBlock::MakeCentred(bool is_centred, ModelLog& log,
+                           std::unique_ptr<DataBlock>& centred) const {
+  auto made = std::make_unique<DataBlock>(block_);
+  made->values_ = values_;
+  made->variables_ = variables_;
+  made->scalings_ = scalings_;
+  made->transformations_ = transformations_;
+  made->terms_ = terms_;
+  made->lags_ = lags_;
+  made->blocks_ = blocks_;
+  made->info_ = info_;
+  const int status = made->Center(is_centred, log);
+  if (status == status::kOk) centred = std::move(made);
+  return status;
+}
+
 int DataBlock::Center(bool is_centred, ModelLog& log) {
   XFVector& reference = info_->reference;
   std::ranges::fill(reference.Values(), 0.0f);
@@ -122,24 +141,47 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
   for (const float weight : info_->weights.Values()) takes_part.push_back(weight != 0.0f);
   residuals_.emplace(*values_, takes_part);
   residuals_->CenterAndScale(reference.Values(), info_->weights.Values());
-  Measure({is_centred ? 1 : 0, 0}, info_->centred);
+  Measure({is_centred ? 1 : 0, 0, 0}, info_->centred);
   if (!std::isfinite(info_->centred.ss)) {
     for (int k = 1; k <= info_->centred.ssv.NVal(); ++k) {
       if (std::isfinite(info_->centred.ssv[k])) continue;
       log.Write(std::string(1, GetLetter()) + " variable " + std::to_string(GetNumber(k)) + ", " +
                 GetName(k) + " is out of range when centred and scaled.\n");
     }
-    residuals_.reset();
-    info_->centred = Stage(GetLetter(), 0, GetRowCount(), GetColumnCount());
     return status::mva::kDomain;
   }
   // The average is a linear function of the data.
   for (int k = 1; k <= info_->average.NVal(); ++k) {
-    info_->average[k] =
-        CenteredAndScaled(info_->loaded_average[k], reference[k], info_->weights[k]);
+    info_->average[k] = CenterAndScale(info_->loaded_average[k], k);
   }
   info_->average.SetActValInfo();
   return status::kOk;
+}
+
+const Stage* DataBlock::GetStage(int a) const {
+  if (!info_) return nullptr;
+  if (a == -1) return &info_->loaded;
+  return a == 0 && !IsMissing(info_->centred.ss) ? &info_->centred : nullptr;
+}
+
+float DataBlock::GetResidual(int i, int k) const {
+  if (IsMissing((*values_)[i][k])) return kMissing;
+  return residuals_->Row(static_cast<std::size_t>(i - 1))[static_cast<std::size_t>(k - 1)];
+}
+
+float DataBlock::GetCentredValue(int i, int k) const {
+  return CenterAndScale((*values_)[i][k], k);
+}
+
+float DataBlock::CenterAndScale(float value, int k) const {
+  return IsMissing(value) ? value
+                          : CenteredAndScaled(value, info_->reference[k], info_->weights[k]);
+}
+
+double DataBlock::Restore(double value, int k) const {
+  const auto weight = static_cast<double>(info_->weights[k]);
+  if (IsMissing(value) || weight == 0.0) return static_cast<double>(kMissing);
+  return value / weight + static_cast<double>(info_->reference[k]);
 }
 
 void DataBlock::Measure(LostFreedom lost, Stage& stage) const {
@@ -158,9 +200,9 @@ void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
                      std::span<const double> column_squares, Stage& stage) const {
   const double row_count = values_->NRow();
   const double column_count = values_->NCol();
-  const double free_rows = row_count - lost.average - lost.components;
-  const VarianceRule of_column{0.0f, lost.average + lost.components, 1.0f};
-  const VarianceRule of_row{0.0f, lost.components, static_cast<float>(free_rows / row_count)};
+  const double free_rows = row_count - lost.average - lost.of_column;
+  const VarianceRule of_column{0.0f, lost.average + lost.of_column, 1.0f};
+  const VarianceRule of_row{0.0f, lost.of_row, static_cast<float>(free_rows / row_count)};
   for (int i = 1; i <= stage.sso.NVal(); ++i) {
     const double squares = row_squares[static_cast<std::size_t>(i - 1)];
     stage.sso[i] = static_cast<float>(squares);
@@ -176,7 +218,7 @@ void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
   }
   const double ss = std::accumulate(column_squares.begin(), column_squares.end(), 0.0);
   const double missing_count = row_count * column_count - values_->NValA();
-  const double df = free_rows * (column_count - lost.components) - missing_count;
+  const double df = free_rows * (column_count - lost.of_row) - missing_count;
   stage.ss = static_cast<float>(ss);
   stage.df = static_cast<float>(std::max(df, 1.0));
   stage.s2 = static_cast<float>(ss / static_cast<double>(stage.df));

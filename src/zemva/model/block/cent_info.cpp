@@ -1,4 +1,4 @@
-#include "zemva/model/driver/cent_info.h"
+#include "zemva/model/block/cent_info.h"
 
 #include <cstddef>
 
@@ -12,6 +12,7 @@ CentInfo::CentInfo(char letter, int row_count, int column_count)
       smallest(MakeVector("Min", letter, -1, column_count)),
       largest(MakeVector("Max", letter, -1, column_count)),
       row_counts(static_cast<std::size_t>(row_count)),
+      column_counts(static_cast<std::size_t>(column_count)),
       loaded(letter, -1, row_count, column_count),
       centred(letter, 0, row_count, column_count) {}
 

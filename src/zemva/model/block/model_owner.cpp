@@ -1,4 +1,4 @@
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/model_owner.h"
 
 namespace zemva {
 

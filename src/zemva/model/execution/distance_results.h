@@ -1,6 +1,6 @@
 // The distances of observations to a model.
-#ifndef ZEMVA_MODEL_DRIVER_DISTANCE_RESULTS_H
-#define ZEMVA_MODEL_DRIVER_DISTANCE_RESULTS_H
+#ifndef ZEMVA_MODEL_EXECUTION_DISTANCE_RESULTS_H
+#define ZEMVA_MODEL_EXECUTION_DISTANCE_RESULTS_H
 
 #include "zemva/numeric/missing.h"
 #include "zemva/numeric/x_vector.h"
@@ -27,4 +27,4 @@ struct DistanceResults {
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_DISTANCE_RESULTS_H
+#endif  // ZEMVA_MODEL_EXECUTION_DISTANCE_RESULTS_H

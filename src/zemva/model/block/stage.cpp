@@ -1,4 +1,4 @@
-#include "zemva/model/driver/stage.h"
+#include "zemva/model/block/stage.h"
 
 #include <new>
 #include <string>

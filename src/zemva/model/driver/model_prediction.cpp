@@ -1,4 +1,4 @@
-// The execution of PCModel on a prediction set.
+// The execution of Model on a prediction set.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,27 +10,17 @@
 #include "zemva/base/positions.h"
 #include "zemva/data/selection.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/data_block.h"
-#include "zemva/model/driver/distances.h"
+#include "zemva/model/block/data_block.h"
+#include "zemva/model/driver/model.h"
+#include "zemva/model/execution/distances.h"
+#include "zemva/model/execution/gauge.h"
 #include "zemva/model/kernels/lanes.h"
-#include "zemva/model/kernels/residual_matrix.h"
-#include "zemva/model/pc/pc_model.h"
+#include "zemva/model/workset/predset.h"
 #include "zemva/numeric/f_matrix.h"
 #include "zemva/numeric/present.h"
 
 namespace zemva {
 namespace {
-
-// Whether an inverse of a matrix whose elements are at most 1 has digits that mean something.
-bool IsDetermined(const FMatrix& inverse) {
-  constexpr float kLargest = 1e6f;
-  for (int c = 1; c <= inverse.NRow(); ++c) {
-    for (const float element : inverse.Row(c)) {
-      if (!(std::fabs(element) < kLargest)) return false;
-    }
-  }
-  return true;
-}
 
 bool AreFinite(std::span<const float> values) {
   return std::ranges::all_of(values, [](float value) { return std::isfinite(value); });
@@ -38,19 +28,41 @@ bool AreFinite(std::span<const float> values) {
 
 }  // namespace
 
-int PCModel::AddPSResults() {
+int Model::AddPSResults() {
   return Run([&] {
-    predictions_ = std::make_shared<PCPredictions>(GetUsed(GetOptions().GetAUsePS()), GetNVarX());
+    predictions_ = std::make_shared<Predictions>(GetUsed(options_->GetAUsePS()), GetNVarX(), GetNVarY());
     return status::kOk;
   });
 }
 
-int PCModel::DeletePSResults() {
+int Model::DeletePSResults() {
   predictions_.reset();
   return status::kOk;
 }
 
-int PCModel::ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) {
+int Model::ExecPS() {
+  return Run([&] {
+    if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
+    DeletePSResults();
+    Predset* const predset = owner_->GetCurrentPredset();
+    if (predset == nullptr) return status::mva::kPredsetNotAvailable;
+    const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(type_, EBlock::kX, selector_));
+    if (data == nullptr) return predset->GetStatus();
+    std::unique_ptr<XFMatrix> observed;
+    if (HasY()) observed.reset(predset->ExtMatrix(type_, EBlock::kY, selector_));
+    if (HasY() && observed == nullptr) return predset->GetStatus();
+    const std::unique_ptr<ObsInfo> observations(predset->ExtObsInfo());
+    if (observations == nullptr) return predset->GetStatus();
+    const std::unique_ptr<I1Vector> selection(predset->ExtMembership(type_, selector_));
+    if (selection == nullptr) return predset->GetStatus();
+    for (char& byte : selection->Values()) byte = byte != 0 ? kMemberRow : kNewRow;
+    const int status = ExecuteRows(*observations, *data, observed.get(), *selection);
+    if (status != status::kOk) DeletePSResults();
+    return status;
+  });
+}
+
+int Model::ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) {
   return Run([&] {
     if (observations == nullptr || data == nullptr || selection == nullptr) {
       return status::mva::kNullPointer;
@@ -59,15 +71,15 @@ int PCModel::ExecPS(ObsInfo* observations, XFMatrix* data, I1Vector* selection) 
     const bool fits = data->NCol() == GetNVarX() && data->NRow() == selection->NVal() &&
                       data->NRow() == observations->GetNItm();
     if (!fits) return status::mva::kIndexOutOfRange;
-    const int status = ExecuteRows(*observations, *data, *selection);
+    const int status = ExecuteRows(*observations, *data, nullptr, *selection);
     if (status != status::kOk) DeletePSResults();
     return status;
   });
 }
 
-int PCModel::ExecuteRows(const ObsInfo& observations, const XFMatrix& data,
-                         const I1Vector& selection) {
-  GetLog().Write(std::string("Executing PS: Model ") + GetModNam() + "\n");
+int Model::ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const XFMatrix* observed,
+                       const I1Vector& selection) {
+  log_.Write(std::string("Executing PS: Model ") + GetModNam() + "\n");
   int status = AddPSResults();
   if (status != status::kOk) return status;
   XI1Vector kept("Selection", data.NRow(), kNotSelected);
@@ -85,46 +97,42 @@ int PCModel::ExecuteRows(const ObsInfo& observations, const XFMatrix& data,
   for (const short to : PositionsUpTo(GetNObsPS())) {
     status = Predict(data.Row(GetObsIxPS(to)), to);
     if (status != status::kOk) return status;
+    if (HasY()) PredictResponses(observed, to);
   }
   DistanceResults& distance = predictions_->distance;
   predictions_->residuals.SetActValInfo();
   distance.distances.SetActValInfo();
   distance.probabilities.SetActValInfo();
-  return SetLimits(GetGaugePS(distance.component_count), GetOptions().GetSignLevPS(),
-                   distance.limits);
+  if (HasY()) FinishResponses();
+  return SetLimits(MakeGauge(EBlock::kX, distance.component_count, GetMeasurementPS()),
+                   options_->GetSignLevPS(), distance.limits);
 }
 
-bool PCModel::IsExcluded(const ObsInfo& observations, const XFMatrix& data, short i) {
+bool Model::IsExcluded(const ObsInfo& observations, const XFMatrix& data, short i) {
   const double percent = 100.0 - static_cast<double>(data.NValARow(i)) / data.NCol() * 100.0;
-  if (percent <= static_cast<double>(GetOptions().GetMaxMisValObsPS())) return false;
+  if (percent <= static_cast<double>(options_->GetMaxMisValObsPS())) return false;
   char message[100];
   std::snprintf(message, sizeof message, "Observation %d %s has %6.2f%% missing values.\n",
                 observations.GetONum(i), observations.GetONam(i), percent);
-  GetLog().Write(message);
-  const char reply = GetOwner().Ask((std::string(message) + "Exclude this observation?").c_str());
+  log_.Write(message);
+  const char reply = owner_->Ask((std::string(message) + "Exclude this observation?").c_str());
   const bool is_excluded = reply == 'y' || reply == 'Y';
-  if (is_excluded) GetLog().Write("Observation excluded.\n");
+  if (is_excluded) log_.Write("Observation excluded.\n");
   return is_excluded;
 }
 
-float PCModel::CenterAndScale(float value, short k) const {
-  if (IsMissing(value)) return value;
-  const CentInfo& info = *GetX().GetInfo();
-  return CenteredAndScaled(value, info.reference[k], info.weights[k]);
-}
-
-int PCModel::Predict(std::span<const float> row, short to) {
+int Model::Predict(std::span<const float> row, short to) {
   const int a = GetASelPS();
   XFVector values("x", GetNVarX(), kMissing);
   FVector scores(a, kMissing);
   if (values.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
   for (const short k : PositionsUpTo(GetNVarX())) {
-    values[k] = CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
+    values[k] = x_->CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
   }
-  const int status = CalcTPred(values, scores);
+  const int status = Project(values, scores);
   if (status != status::kOk) return status;
   if (!AreFinite(values.Values()) || !AreFinite(scores.Values())) {
-    GetLog()
+    log_
         .Line()
         .Text("Can not execute observation ")
         .Number(GetObsInfoPS()->GetONum(to))
@@ -145,7 +153,7 @@ int PCModel::Predict(std::span<const float> row, short to) {
 }
 
 // 0 for what is missing.
-std::vector<float> PCModel::TakeOffScores(const XFVector& values, const FVector& scores) const {
+std::vector<float> Model::TakeOffScores(const XFVector& values, const FVector& scores) const {
   std::vector<float> residuals;
   for (int k = 1; k <= values.NVal(); ++k) {
     double residual = IsMissing(values[k]) ? 0.0 : static_cast<double>(values[k]);
@@ -157,122 +165,84 @@ std::vector<float> PCModel::TakeOffScores(const XFVector& values, const FVector&
   return residuals;
 }
 
-void PCModel::SetDistance(std::span<const float> row, std::span<const float> residuals, short to) {
+void Model::SetDistance(std::span<const float> row, std::span<const float> residuals, short to) {
   DistanceResults& distance = predictions_->distance;
-  const Gauge gauge = GetGaugePS(distance.component_count);
+  const int a = distance.component_count;
+  const Gauge gauge = MakeGauge(EBlock::kX, a, GetMeasurementPS());
   const int present_count = CountPresent(row);
   double variance = 0.0;
   if (gauge.is_weighted) {
-    const ResidualWeights weights(GetComponent(gauge.component_count)->x.mpow);
-    variance = WeightedVariance(weights.Sum(residuals, row, present_count), gauge.component_count);
+    const ResidualWeights weights(GetComponent(a)->x.mpow);
+    variance = WeightedVariance(weights.Sum(residuals, row, present_count), gauge.size.of_row);
   } else {
     const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
       return static_cast<double>(residuals[k]) * static_cast<double>(residuals[k]);
     });
-    variance = ObservationVariance(squares, present_count, gauge.component_count);
+    variance = ObservationVariance(squares, present_count, gauge.size.of_row);
   }
   const bool is_member = IsMembPS(to);
-  if (is_member && !IsMissing(variance)) {
-    variance *= GetSize(gauge.component_count).MembershipCorrection();
-  }
-  distance.distances[to] = GetDistance(gauge, variance);
-  distance.probabilities[to] = GetProbability(gauge, variance, is_member);
-}
-
-int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
-  const int a = scores.NVal();
-  FMatrix cross_products(a, a, 0.0f);
-  FVector projections(a, 0.0f);
-  if (cross_products.NRow() != a || projections.NVal() != a) return status::mva::kMemory;
-  const auto sum_present = [&](auto term) {
-    double sum = 0.0;
-    for (int k = 1; k <= values.NVal(); ++k) {
-      if (!IsMissing(values[k])) sum += term(k);
-    }
-    return static_cast<float>(sum);
-  };
-  const auto loading = [&](int c, int k) { return static_cast<double>(GetComponent(c)->p[k]); };
-  for (int c = 1; c <= a; ++c) {
-    projections[c] =
-        sum_present([&](int k) { return loading(c, k) * static_cast<double>(values[k]); });
-    for (int d = 1; d <= a; ++d) {
-      cross_products[c][d] = sum_present([&](int k) { return loading(c, k) * loading(d, k); });
-    }
-  }
-  const int status = cross_products.MInv();
-  if (status == status::mat::kMemory) return status::mva::kMemory;
-  if (status != status::kOk || !IsDetermined(cross_products)) {
-    GetLog().Write("Matrix singular!\n");
-    SetIsOverrun();
-    return status::kOk;
-  }
-  for (int c = 1; c <= a; ++c) {
-    double score = 0.0;
-    for (int d = 1; d <= a; ++d) {
-      score += static_cast<double>(cross_products[c][d]) * static_cast<double>(projections[d]);
-    }
-    scores[c] = AsPresent(static_cast<float>(score));
-  }
-  return status::kOk;
+  if (is_member && !IsMissing(variance)) variance *= gauge.size.MembershipCorrection();
+  distance.distances[to] = gauge.Distance(variance);
+  distance.probabilities[to] = gauge.Probability(variance, is_member);
 }
 
 // Null for another number of components than was executed.
-const PCPredictions* PCModel::GetPredictions(char a) const {
+const Predictions* Model::GetPredictions(char a) const {
   return predictions_ != nullptr && predictions_->distance.component_count == a ? predictions_.get()
                                                                                 : nullptr;
 }
 
-const DistanceResults* PCModel::GetPSResults() const {
+const DistanceResults* Model::GetPSResults() const {
   return predictions_ == nullptr ? nullptr : &predictions_->distance;
 }
 
-char PCModel::GetASelPS() const {
+char Model::GetASelPS() const {
   return predictions_ == nullptr ? char{0}
                                  : static_cast<char>(predictions_->distance.component_count);
 }
 
-short PCModel::GetNObsPS() const {
+short Model::GetNObsPS() const {
   return predictions_ == nullptr ? short{0} : static_cast<short>(predictions_->positions.size());
 }
 
-ObsInfo* PCModel::GetObsInfoPS() const {
+ObsInfo* Model::GetObsInfoPS() const {
   return predictions_ == nullptr ? nullptr : predictions_->observations.get();
 }
 
-short PCModel::GetObsIxPS(short i) const {
+short Model::GetObsIxPS(short i) const {
   const bool is_row = i >= 1 && i <= GetNObsPS();
   return is_row ? predictions_->positions[static_cast<std::size_t>(i - 1)] : short{0};
 }
 
-bool PCModel::IsMembPS(short i) const {
+bool Model::IsMembPS(short i) const {
   const bool is_row = i >= 1 && i <= GetNObsPS();
   return is_row && predictions_->is_member[static_cast<std::size_t>(i - 1)] != 0;
 }
 
-float PCModel::GetTPredPS(char a, short i) const {
+float Model::GetTPredPS(char a, short i) const {
   if (a < 1 || a > GetASelPS()) return kMissing;
   return predictions_->scores[static_cast<std::size_t>(a - 1)].GetElement(i);
 }
 
-float PCModel::GetDModXPS(char a, short i) const {
-  const PCPredictions* const predictions = GetPredictions(a);
+float Model::GetDModXPS(char a, short i) const {
+  const Predictions* const predictions = GetPredictions(a);
   return predictions == nullptr ? kMissing : predictions->distance.distances.GetElement(i);
 }
 
-float PCModel::GetPModXPS(char a, short i) const {
-  const PCPredictions* const predictions = GetPredictions(a);
+float Model::GetPModXPS(char a, short i) const {
+  const Predictions* const predictions = GetPredictions(a);
   return predictions == nullptr ? kMissing : predictions->distance.probabilities.GetElement(i);
 }
 
-float PCModel::GetDCritTrSPS() const {
+float Model::GetDCritTrSPS() const {
   return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_others;
 }
 
-float PCModel::GetDCritTeSPS() const {
+float Model::GetDCritTeSPS() const {
   return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_members;
 }
 
-float PCModel::GetXResPS(short i, short k) const {
+float Model::GetXResPS(short i, short k) const {
   return predictions_ == nullptr ? kMissing : predictions_->residuals.GetElement(i, k);
 }
 

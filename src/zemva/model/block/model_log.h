@@ -1,6 +1,6 @@
 // What a model writes on the way.
-#ifndef ZEMVA_MODEL_DRIVER_MODEL_LOG_H
-#define ZEMVA_MODEL_DRIVER_MODEL_LOG_H
+#ifndef ZEMVA_MODEL_BLOCK_MODEL_LOG_H
+#define ZEMVA_MODEL_BLOCK_MODEL_LOG_H
 
 #include <string>
 
@@ -34,4 +34,4 @@ class ModelLog {
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_MODEL_LOG_H
+#endif  // ZEMVA_MODEL_BLOCK_MODEL_LOG_H

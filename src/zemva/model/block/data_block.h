@@ -1,6 +1,6 @@
 // One block, X or Y, of the data of a model.
-#ifndef ZEMVA_MODEL_DRIVER_DATA_BLOCK_H
-#define ZEMVA_MODEL_DRIVER_DATA_BLOCK_H
+#ifndef ZEMVA_MODEL_BLOCK_DATA_BLOCK_H
+#define ZEMVA_MODEL_BLOCK_DATA_BLOCK_H
 
 #include <memory>
 #include <optional>
@@ -9,9 +9,9 @@
 #include "zemva/data/blk_info.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
-#include "zemva/model/driver/cent_info.h"
-#include "zemva/model/driver/model_log.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/cent_info.h"
+#include "zemva/model/block/model_log.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/kernels/residual_matrix.h"
 #include "zemva/model/preprocess/exp_info.h"
 #include "zemva/model/preprocess/lag_info.h"
@@ -23,10 +23,12 @@
 
 namespace zemva {
 
-// The degrees of freedom that a stage has lost: 1 to the average or 0, and one a component.
+// The degrees of freedom that a stage has lost: 1 to the average or 0 and, of each column, so many
+// to the components; of each row so many to its scores.
 struct LostFreedom {
   int average = 0;
-  int components = 0;
+  int of_column = 0;
+  int of_row = 0;
 };
 
 // The matrix of a block as loaded and its tables, which copies of a model share, and the residuals:
@@ -35,6 +37,7 @@ class DataBlock {
  public:
   explicit DataBlock(EBlock block) : block_(block) {}
 
+  EBlock GetBlock() const { return block_; }
   char GetLetter() const { return block_ == EBlock::kX ? 'X' : 'Y'; }
 
   // --- Loading ---
@@ -48,13 +51,14 @@ class DataBlock {
   // Frees matrix, tables and residuals; the record of component 0 stays.
   void Unload();
 
-  // Reports variables with fewer than 4 present values, and variables and observations with more
-  // missing ones than the limits allow. 8039 for the first, and when the owner, asked about each of
-  // the others, does not want to go on.
+  // Reports variables with fewer than 4 present values, and variables and, in X, observations with
+  // more missing ones than the limits allow. 8039 for the first, and when the owner, asked about
+  // each of the others, does not want to go on.
   int CheckMissing(const ObsInfo& observations, const MissingLimits& limits, ModelOwner& owner,
                    ModelLog& log) const;
-  // Reports the columns that do not vary.
+  // Reports the columns that hardly vary; those of which all values are the same, with 8028.
   void CheckVariance(ModelLog& log) const;
+  int CheckConstants(ModelLog& log) const;
   // The weights of the columns: those of the work set, or where it leaves them undecided those that
   // give unit variance, each times the weight of its block. 8038, and a report, where one is
   // undefined.
@@ -62,12 +66,12 @@ class DataBlock {
 
   // --- Centring ---
 
-  // Makes the residuals of component 0. Where `is_centred`, the average of each column with a
-  // centred scaling is taken off. 8005, and a report, when values leave the range of a float.
-  // Throws std::bad_alloc.
-  int Center(bool is_centred, ModelLog& log);
+  // The block with the residuals of component 0, which shares matrix and tables with this one.
+  // Where `is_centred`, the average of each column with a centred scaling is taken off. 8005, and a
+  // report, when values leave the range of a float. Throws std::bad_alloc.
+  int MakeCentred(bool is_centred, ModelLog& log, std::unique_ptr<DataBlock>& centred) const;
   // Whether there are residuals.
-  bool IsCentered() const { return residuals_.has_value(); }
+  bool IsCentred() const { return residuals_.has_value(); }
 
   // Sets the sums, variances and modelling powers of a stage from the residuals.
   void Measure(LostFreedom lost, Stage& stage) const;
@@ -90,8 +94,21 @@ class DataBlock {
   // The record of component 0: there once anything was loaded.
   const std::optional<CentInfo>& GetInfo() const { return info_; }
 
+  // Null where there is no such stage: -1 and 0.
+  const Stage* GetStage(int a) const;
+  // What is left of an element, in the units of the residuals; missing where the element is. Rows
+  // and columns count from 1.
+  float GetResidual(int i, int k) const;
+  // The element, centred and scaled.
+  float GetCentredValue(int i, int k) const;
+  // A value of column k in and out of the units of the residuals. Missing stays missing, and is what
+  // comes back from a weight of 0.
+  float CenterAndScale(float value, int k) const;
+  double Restore(double value, int k) const;
+
  private:
   void DescribeLoaded();
+  int Center(bool is_centred, ModelLog& log);
   void Fill(LostFreedom lost, std::span<const double> row_squares,
             std::span<const double> column_squares, Stage& stage) const;
   const char* GetName(int column) const;
@@ -111,4 +128,4 @@ class DataBlock {
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_DATA_BLOCK_H
+#endif  // ZEMVA_MODEL_BLOCK_DATA_BLOCK_H

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/data_block.h"
+#include "zemva/model/block/data_block.h"
 
 namespace zemva {
 namespace {
@@ -52,7 +52,7 @@ int DataBlock::CheckMissing(const ObsInfo& observations, const MissingLimits& li
     questions.push_back(subject + OverLimit(GetName(k), "values", percent));
     log.Write(questions.back());
   }
-  for (int i = 1; i <= values_->NRow(); ++i) {
+  for (int i = 1; i <= values_->NRow() && block_ == EBlock::kX; ++i) {
     const double percent = MissingPercent(values_->NValARow(i), values_->NCol());
     if (percent <= static_cast<double>(limits.observation_percent)) continue;
     const auto position = static_cast<short>(i);
@@ -85,6 +85,17 @@ void DataBlock::CheckVariance(ModelLog& log) const {
     log.Write(std::string("Variance for ") + GetLetter() + "-variable " +
               std::to_string(GetNumber(k)) + " " + GetName(k) + " is (close to) zero.\n");
   }
+}
+
+int DataBlock::CheckConstants(ModelLog& log) const {
+  int status = status::kOk;
+  for (int k = 1; k <= values_->NCol(); ++k) {
+    if (info_->largest[k] != info_->smallest[k]) continue;
+    log.Write(std::string("Variance for ") + GetLetter() + "-variable " +
+              std::to_string(GetNumber(k)) + " " + GetName(k) + " is zero.\n");
+    status = status::mva::kZeroVariance;
+  }
+  return status;
 }
 
 }  // namespace zemva

@@ -1,6 +1,6 @@
 // What a model asks of the one who owns it.
-#ifndef ZEMVA_MODEL_DRIVER_MODEL_OWNER_H
-#define ZEMVA_MODEL_DRIVER_MODEL_OWNER_H
+#ifndef ZEMVA_MODEL_BLOCK_MODEL_OWNER_H
+#define ZEMVA_MODEL_BLOCK_MODEL_OWNER_H
 
 #include "zemva/base/export.h"
 #include "zemva/settings/options/prj_opt.h"
@@ -29,4 +29,4 @@ class ZEMVA_API ModelOwner {
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_MODEL_OWNER_H
+#endif  // ZEMVA_MODEL_BLOCK_MODEL_OWNER_H

@@ -1,6 +1,6 @@
-#include "zemva/model/driver/distance_results.h"
+#include "zemva/model/execution/distance_results.h"
 
-#include "zemva/model/driver/stage.h"
+#include "zemva/model/block/stage.h"
 
 namespace zemva {
 

@@ -1,4 +1,4 @@
-#include "zemva/model/driver/distances.h"
+#include "zemva/model/execution/distances.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,16 +41,16 @@ Column PresentOrZero(std::span<const float> scores) {
 
 }  // namespace
 
-double ModelSize::FreeObservations() const {
-  return std::max(static_cast<double>(observation_count - a0 - component_count), 1.0);
+double BlockSize::FreeObservations() const {
+  return std::max(static_cast<double>(observation_count - a0 - of_column), 1.0);
 }
 
-double ModelSize::MembershipCorrection() const {
+double BlockSize::MembershipCorrection() const {
   return observation_count / FreeObservations();
 }
 
-double ObservationVariance(double squares, int present_count, int component_count) {
-  const int df = present_count - component_count;
+double ObservationVariance(double squares, int present_count, int of_row) {
+  const int df = present_count - of_row;
   return df < 1 ? static_cast<double>(kMissing) : squares / df;
 }
 
@@ -77,19 +77,19 @@ WeightedSums ResidualWeights::Sum(std::span<const float> residuals, std::span<co
   return {present_count, weights, squares};
 }
 
-double WeightedVariance(const WeightedSums& sums, int component_count) {
+double WeightedVariance(const WeightedSums& sums, int of_row) {
   if (!(sums.weights > kNoWeight)) return 0.0;
-  const int df = sums.present_count - component_count;
+  const int df = sums.present_count - of_row;
   const double variance = sums.squares / sums.weights;
   return df > 1 ? variance * sums.present_count / df : variance;
 }
 
-DistanceTest::DistanceTest(const ModelSize& size, double df) : r_(size.MembershipCorrection()) {
+DistanceTest::DistanceTest(const BlockSize& size, double df) : r_(size.MembershipCorrection()) {
   const double k = size.variable_count;
-  const double a = size.component_count;
-  v2_ = std::max(df / std::max(k - a, 1.0), 1.0);
+  const double r = size.of_row;
+  v2_ = std::max(df / std::max(k - r, 1.0), 1.0);
   const double dependent = v2_ < k ? std::sqrt(k - v2_) : 0.0;
-  v1_ = std::max(std::min({k, kMostIndependent, v2_}) + dependent - a, 1.0);
+  v1_ = std::max(std::min({k, kMostIndependent, v2_}) + dependent - r, 1.0);
 }
 
 float DistanceTest::Numerator(bool is_member) const {

@@ -1,6 +1,6 @@
 // How far observations are from a model, within it and beside it.
-#ifndef ZEMVA_MODEL_DRIVER_DISTANCES_H
-#define ZEMVA_MODEL_DRIVER_DISTANCES_H
+#ifndef ZEMVA_MODEL_EXECUTION_DISTANCES_H
+#define ZEMVA_MODEL_EXECUTION_DISTANCES_H
 
 #include <span>
 #include <vector>
@@ -9,22 +9,25 @@
 
 namespace zemva {
 
-// A model of N observations and K variables after a components; A0 is 1 when it is centred, else 0.
-struct ModelSize {
+// A block of N observations and K variables in a model; A0 is 1 when it is centred, else 0. Its
+// residuals have lost so many degrees of freedom: a variable c to the components, an observation r
+// to its scores. stage.h tells how many in X and in Y.
+struct BlockSize {
   int observation_count;
   int variable_count;
   int a0;
-  int component_count;
+  int of_column;
+  int of_row;
 
-  // N - A0 - a, at least 1.
+  // N - A0 - c, at least 1.
   double FreeObservations() const;
   // What the variance of an observation that the model was fitted to is multiplied with, since its
-  // residuals are smaller than those of a new one: N / (N - A0 - a).
+  // residuals are smaller than those of a new one: N / (N - A0 - c).
   double MembershipCorrection() const;
 };
 
-// sum e^2 / (m - a) over the m present residuals of an observation; missing where m <= a.
-double ObservationVariance(double squares, int present_count, int component_count);
+// sum e^2 / (m - r) over the m present residuals of an observation; missing where m <= r.
+double ObservationVariance(double squares, int present_count, int of_row);
 
 // Sums over the present residuals of an observation: their number m, w and w e^2.
 struct WeightedSums {
@@ -47,19 +50,19 @@ class ResidualWeights {
   double total_;
 };
 
-// (sum w e^2 / sum w) m / (m - a), the last factor where m - a > 1; 0 where sum w is no more than
+// (sum w e^2 / sum w) m / (m - r), the last factor where m - r > 1; 0 where sum w is no more than
 // 1e-30.
-double WeightedVariance(const WeightedSums& sums, int component_count);
+double WeightedVariance(const WeightedSums& sums, int of_row);
 
 // The F test of an observation's variance against that of the model. v2, the residual degrees of
-// freedom per observation, is DF / (K - a), at least 1, which without missing values is N - A0 - a.
-// v1 is min(K, 100, v2), plus sqrt(K - v2) when v2 < K, minus a, at least 1: where there are more
+// freedom per observation, is DF / (K - r), at least 1, which without missing values is N - A0 - c.
+// v1 is min(K, 100, v2), plus sqrt(K - v2) when v2 < K, minus r, at least 1: where there are more
 // variables than observations they cannot be independent. An observation that the model was fitted
 // to has v1 / r, r the correction for its membership.
 class DistanceTest {
  public:
   // `df` is that of the model's residuals.
-  DistanceTest(const ModelSize& size, double df);
+  DistanceTest(const BlockSize& size, double df);
 
   // The largest ratio of variances at this level of significance, -1 where there is none.
   double GetLimit(bool is_member, float level) const;
@@ -82,4 +85,4 @@ std::vector<float> Leverages(std::span<const std::span<const float>> scores, int
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_DISTANCES_H
+#endif  // ZEMVA_MODEL_EXECUTION_DISTANCES_H

@@ -1,10 +1,10 @@
 // What a model keeps of its data as they were before the first component.
-#ifndef ZEMVA_MODEL_DRIVER_CENT_INFO_H
-#define ZEMVA_MODEL_DRIVER_CENT_INFO_H
+#ifndef ZEMVA_MODEL_BLOCK_CENT_INFO_H
+#define ZEMVA_MODEL_BLOCK_CENT_INFO_H
 
 #include <vector>
 
-#include "zemva/model/driver/stage.h"
+#include "zemva/model/block/stage.h"
 
 namespace zemva {
 
@@ -20,11 +20,12 @@ struct CentInfo {
   XFVector weights;             // "Weig[0]"
   XFVector smallest;            // "MinX[-1]"
   XFVector largest;             // "MaxX[-1]"
-  std::vector<int> row_counts;  // the present values of each row
+  std::vector<int> row_counts;  // the present values of each row, and of each column
+  std::vector<int> column_counts;
   Stage loaded;                 // stage -1
   Stage centred;                // stage 0
 };
 
 }  // namespace zemva
 
-#endif  // ZEMVA_MODEL_DRIVER_CENT_INFO_H
+#endif  // ZEMVA_MODEL_BLOCK_CENT_INFO_H

@@ -1,0 +1,299 @@
+// What Model predicts of its responses.
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "zemva/base/positions.h"
+#include "zemva/errors/status.h"
+#include "zemva/model/block/data_block.h"
+#include "zemva/model/driver/model.h"
+#include "zemva/model/execution/gauge.h"
+#include "zemva/model/preprocess/tra_info.h"
+#include "zemva/numeric/distributions.h"
+
+namespace zemva {
+namespace {
+
+constexpr double kNone = static_cast<double>(kMissing);
+
+// Observed less predicted; missing where one of them is.
+float ErrorOf(float observed, float predicted) {
+  return IsMissing(observed) || IsMissing(predicted) ? kMissing : AsPresent(observed - predicted);
+}
+
+}  // namespace
+
+// y = sum over components of t c, missing where a score is.
+template <typename Score>
+double Model::PredictResponse(int a, short m, Score score) const {
+  double sum = 0.0;
+  for (int c = 1; c <= a; ++c) {
+    const float t = score(c);
+    if (IsMissing(t)) return kNone;
+    sum += static_cast<double>(t) * static_cast<double>(GetComponent(c)->c[m]);
+  }
+  return sum;
+}
+
+float Model::RestoreResponse(double scaled, short m, bool is_back_transformed) const {
+  const double value = y_->Restore(scaled, m);
+  if (IsMissing(value) || !std::isfinite(static_cast<float>(value))) return kMissing;
+  return BackTransform(AsPresent(static_cast<float>(value)), m, is_back_transformed);
+}
+
+float Model::BackTransform(float value, short m, bool is_back_transformed) const {
+  const TraInfo* const transformations = y_->GetTraInfo();
+  if (!is_back_transformed || transformations == nullptr) return value;
+  const short row = transformations->GetIx(y_->GetVarInfo()->GetVNum(m));
+  return row == 0 ? value : transformations->GetItm(row)->BackTra(value);
+}
+
+// t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance of
+// the response and df its degrees of freedom (S. de Vries and C. J. F. ter Braak, Prediction error
+// in partial least squares regression, Chemometrics and Intelligent Laboratory Systems 30 (1995)
+// 239-245).
+double Model::GetHalfWidth(int a, short m, double leverage, float level) const {
+  const BlockSize size = GetSize(EBlock::kY, a);
+  const int df = y_->GetInfo()->column_counts[static_cast<std::size_t>(m - 1)] - size.a0 -
+                 size.of_column;
+  if (df < 1 || IsMissing(leverage) || !(level > 0.0f && level < 1.0f)) return kNone;
+  const double t = static_cast<double>(TCrit(1.0f - level, df));
+  const double variance = static_cast<double>(GetStage(EBlock::kY, a)->s2v[m]);
+  return t * std::sqrt(variance * (1.0 + leverage));
+}
+
+// --- Of the work set ---
+
+double Model::GetPredictionLS(short i, short m) const {
+  const bool is_element = i >= 1 && i <= GetNObs() && m >= 1 && m <= GetNVarY();
+  const int a = GetUsed(options_->GetAUseLS());
+  if (!is_element || a == 0 || !y_->IsLoaded()) return kNone;
+  return PredictResponse(a, m, [&](int c) { return GetComponent(c)->t[i]; });
+}
+
+float Model::GetYPredLS(short i, short m) const {
+  const double scaled = GetPredictionLS(i, m);
+  return IsMissing(scaled) ? kMissing : RestoreResponse(scaled, m, options_->GetIsBackTraYLS());
+}
+
+float Model::GetYObsLS(short i, short m) const {
+  const bool is_element = i >= 1 && i <= GetNObs() && m >= 1 && m <= GetNVarY();
+  if (!is_element || !y_->IsLoaded()) return kMissing;
+  return BackTransform(y_->GetValues()[i][m], m, options_->GetIsBackTraYLS());
+}
+
+float Model::GetYPredErrLS(short i, short m) const {
+  return ErrorOf(GetYObsLS(i, m), GetYPredLS(i, m));
+}
+
+float Model::GetLimitLS(short i, short m, double side) const {
+  const double scaled = GetPredictionLS(i, m);
+  if (IsMissing(scaled)) return kMissing;
+  const int a = GetUsed(options_->GetAUseLS());
+  const auto leverage = static_cast<double>(GetComponent(a)->leverages[i]);
+  const double half = GetHalfWidth(a, m, leverage, options_->GetSignLevLS());
+  if (IsMissing(half)) return kMissing;
+  return RestoreResponse(scaled + side * half, m, options_->GetIsBackTraYLS());
+}
+
+float Model::GetSEYPredLLS(short i, short m) const {
+  return GetLimitLS(i, m, -1.0);
+}
+
+float Model::GetSEYPredULS(short i, short m) const {
+  return GetLimitLS(i, m, 1.0);
+}
+
+PredictionErrors Model::MakeErrorsLS() const {
+  PredictionErrors errors(GetNVarY());
+  const BlockSize size = GetSize(EBlock::kY, GetUsed(options_->GetAUseLS()));
+  std::vector<float> of_response(static_cast<std::size_t>(GetNObs()));
+  const std::vector<char> is_member(of_response.size(), 1);
+  for (const short m : PositionsUpTo(GetNVarY())) {
+    for (const short i : PositionsUpTo(GetNObs())) {
+      of_response[static_cast<std::size_t>(i - 1)] = GetYPredErrLS(i, m);
+    }
+    errors.Set(m, of_response, is_member, size.a0 + size.of_column);
+  }
+  return errors;
+}
+
+float Model::GetRMSEE(short m) const {
+  if (m < 1 || m > GetNVarY() || GetComponentCount() == 0 || !y_->IsLoaded()) return kMissing;
+  return MakeErrorsLS().sd_adj_ls[m];
+}
+
+// --- Of the prediction set ---
+
+void Model::PredictResponses(const XFMatrix* observed, short to) {
+  ResponsePredictions& results = *predictions_->y;
+  const int a = results.distance.component_count;
+  const bool is_back = options_->GetIsBackTraYPS();
+  const auto score = [&](int c) { return GetTPredPS(static_cast<char>(c), to); };
+  // h = A0 / N + sum of t^2 / (N S2t)
+  double leverage = static_cast<double>(a0_) / GetNObs();
+  for (int c = 1; c <= a && !IsMissing(leverage); ++c) {
+    const float t = score(c);
+    const double squares = static_cast<double>(GetComponent(c)->s2t) * GetNObs();
+    if (IsMissing(t)) {
+      leverage = kNone;
+    } else if (squares > 0.0) {
+      leverage += static_cast<double>(t) * static_cast<double>(t) / squares;
+    }
+  }
+  std::vector<double> residuals;
+  for (const short m : PositionsUpTo(GetNVarY())) {
+    const float value = observed == nullptr ? kMissing : (*observed)[GetObsIxPS(to)][m];
+    results.observed[to][m] = BackTransform(value, m, is_back);
+    const double scaled = PredictResponse(a, m, score);
+    if (IsMissing(scaled)) continue;
+    results.predicted[to][m] = RestoreResponse(scaled, m, is_back);
+    const double half = GetHalfWidth(a, m, leverage, options_->GetSignLevPS());
+    if (!IsMissing(half)) {
+      results.lower[to][m] = RestoreResponse(scaled - half, m, is_back);
+      results.upper[to][m] = RestoreResponse(scaled + half, m, is_back);
+    }
+    if (!IsMissing(value)) {
+      residuals.push_back(static_cast<double>(y_->CenterAndScale(value, m)) - scaled);
+    }
+  }
+  SetDistanceY(residuals, to);
+}
+
+void Model::SetDistanceY(std::span<const double> residuals, short to) {
+  DistanceResults& distance = predictions_->y->distance;
+  const Gauge gauge = MakeGauge(EBlock::kY, distance.component_count, GetMeasurementPS());
+  double squares = 0.0;
+  for (const double residual : residuals) squares += residual * residual;
+  double variance =
+      ObservationVariance(squares, static_cast<int>(residuals.size()), gauge.size.of_row);
+  const bool is_member = IsMembPS(to);
+  if (is_member && !IsMissing(variance)) variance *= gauge.size.MembershipCorrection();
+  distance.distances[to] = gauge.Distance(variance);
+  distance.probabilities[to] = gauge.Probability(variance, is_member);
+}
+
+void Model::FinishResponses() {
+  ResponsePredictions& results = *predictions_->y;
+  const BlockSize size = GetSize(EBlock::kY, results.distance.component_count);
+  std::vector<float> of_response(static_cast<std::size_t>(GetNObsPS()));
+  for (const short m : PositionsUpTo(GetNVarY())) {
+    for (const short i : PositionsUpTo(GetNObsPS())) {
+      of_response[static_cast<std::size_t>(i - 1)] = GetYPredErrPS(i, m);
+    }
+    results.errors.Set(m, of_response, predictions_->is_member, size.a0 + size.of_column);
+  }
+  for (XFMatrix* matrix : {&results.observed, &results.predicted, &results.lower, &results.upper}) {
+    matrix->SetActValInfo();
+  }
+  results.distance.distances.SetActValInfo();
+  results.distance.probabilities.SetActValInfo();
+}
+
+namespace {
+
+float ElementOf(const Predictions* predictions, XFMatrix ResponsePredictions::*matrix, short i,
+                short m) {
+  const bool is_there = predictions != nullptr && predictions->y.has_value();
+  return is_there ? (*predictions->y.*matrix).GetElement(i, m) : kMissing;
+}
+
+short CountOf(const PredictionErrors* errors, XFVector PredictionErrors::*counts, short m) {
+  const float count = errors == nullptr ? 0.0f : (errors->*counts).GetElement(m);
+  return IsMissing(count) ? short{0} : static_cast<short>(count);
+}
+
+}  // namespace
+
+float Model::GetYObsPS(short i, short m) const {
+  return ElementOf(predictions_.get(), &ResponsePredictions::observed, i, m);
+}
+
+float Model::GetYPredPS(short i, short m) const {
+  return ElementOf(predictions_.get(), &ResponsePredictions::predicted, i, m);
+}
+
+float Model::GetYPredErrPS(short i, short m) const {
+  return ErrorOf(GetYObsPS(i, m), GetYPredPS(i, m));
+}
+
+float Model::GetSEYPredLPS(short i, short m) const {
+  return ElementOf(predictions_.get(), &ResponsePredictions::lower, i, m);
+}
+
+float Model::GetSEYPredUPS(short i, short m) const {
+  return ElementOf(predictions_.get(), &ResponsePredictions::upper, i, m);
+}
+
+float Model::GetDModYPS(char a, short i) const {
+  const Predictions* const predictions = GetPredictions(a);
+  if (predictions == nullptr || !predictions->y) return kMissing;
+  return predictions->y->distance.distances.GetElement(i);
+}
+
+float Model::GetPModYPS(char a, short i) const {
+  const Predictions* const predictions = GetPredictions(a);
+  if (predictions == nullptr || !predictions->y) return kMissing;
+  return predictions->y->distance.probabilities.GetElement(i);
+}
+
+const PredictionErrors* Model::GetPredictionErrorsPS() const {
+  return predictions_ == nullptr || !predictions_->y ? nullptr : &predictions_->y->errors;
+}
+
+short Model::GetNPredErrTeS(short m) const {
+  return CountOf(GetPredictionErrorsPS(), &PredictionErrors::np_ts, m);
+}
+
+short Model::GetNPredErrTrS(short m) const {
+  return CountOf(GetPredictionErrorsPS(), &PredictionErrors::np_ws, m);
+}
+
+// --- Coefficients ---
+
+// B = W (P'W)^-1 C'
+float Model::GetCoeffCS(char a, short k, short m) const {
+  const CompInfo* const last = GetComponent(a);
+  const bool is_element = k >= 1 && k <= GetNVarX() && m >= 1 && m <= GetNVarY();
+  if (last == nullptr || !is_element) return kMissing;
+  double sum = 0.0;
+  for (int c = 1; c <= a; ++c) {
+    sum += static_cast<double>(GetComponent(c)->w[k]) * last->inv_ppw_cp[c][m];
+  }
+  return AsPresent(static_cast<float>(sum));
+}
+
+// b = B weight of x / weight of y
+float Model::GetCoeff(char a, short k, short m) const {
+  const float scaled = GetCoeffCS(a, k, m);
+  const float weight = GetWeigY(m);
+  if (IsMissing(scaled) || weight == 0.0f) return kMissing;
+  return AsPresent(static_cast<float>(static_cast<double>(scaled) *
+                                      static_cast<double>(GetWeigX(k)) /
+                                      static_cast<double>(weight)));
+}
+
+// b0 = centre of y - sum of b times centre of x
+float Model::GetB0(char a, short m) const {
+  if (IsMissing(GetCoeff(a, 1, m))) return kMissing;
+  double constant = static_cast<double>(y_->GetInfo()->reference[m]);
+  for (const short k : PositionsUpTo(GetNVarX())) {
+    constant -= static_cast<double>(GetCoeff(a, k, m)) *
+                static_cast<double>(x_->GetInfo()->reference[k]);
+  }
+  return AsPresent(static_cast<float>(constant));
+}
+
+FMatrix* Model::GetBMat(char a) const {
+  if (GetComponent(a) == nullptr || !HasY()) return nullptr;
+  auto matrix = std::make_unique<FMatrix>(GetNVarX(), GetNVarY(), 0.0f);
+  if (matrix->GetStatus() != status::kOk) return nullptr;
+  for (const short k : PositionsUpTo(GetNVarX())) {
+    for (const short m : PositionsUpTo(GetNVarY())) (*matrix)[k][m] = GetCoeffCS(a, k, m);
+  }
+  return matrix.release();  // the caller's
+}
+
+}  // namespace zemva

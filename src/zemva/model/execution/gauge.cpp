@@ -1,0 +1,32 @@
+#include "zemva/model/execution/gauge.h"
+
+#include <cmath>
+
+#include "zemva/numeric/missing.h"
+
+namespace zemva {
+
+float Gauge::Distance(double variance) const {
+  if (IsMissing(variance)) return kMissing;
+  if (!is_normalised) return static_cast<float>(std::sqrt(variance));
+  return pooled_variance > 0.0 ? static_cast<float>(std::sqrt(variance / pooled_variance))
+                               : kMissing;
+}
+
+float Gauge::Probability(double variance, bool is_member) const {
+  if (IsMissing(variance) || !(pooled_variance > 0.0)) return kMissing;
+  return DistanceTest(size, df).GetProbability(is_member, variance / pooled_variance);
+}
+
+bool Gauge::FindLimits(float level, DistanceLimits& limits) const {
+  const DistanceTest test(size, df);
+  const double others = test.GetLimit(false, level);
+  const double members = test.GetLimit(true, level);
+  if (others < 0.0 || members < 0.0) return false;
+  const double scale = is_normalised ? 1.0 : pooled_variance;
+  limits.of_others = static_cast<float>(std::sqrt(scale * others));
+  limits.of_members = static_cast<float>(std::sqrt(scale * members));
+  return true;
+}
+
+}  // namespace zemva

@@ -1,0 +1,75 @@
+// What the execution of a model gives.
+#ifndef ZEMVA_MODEL_EXECUTION_PREDICTIONS_H
+#define ZEMVA_MODEL_EXECUTION_PREDICTIONS_H
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "zemva/data/obs_info.h"
+#include "zemva/model/execution/distance_results.h"
+#include "zemva/numeric/x_matrix.h"
+#include "zemva/numeric/x_vector.h"
+
+namespace zemva {
+
+// The errors of the predicted responses, observed less predicted: of the observations that the model
+// was fitted to, and of others. A vector has an element for each response.
+struct PredictionErrors {
+  // All missing. Throws std::bad_alloc.
+  explicit PredictionErrors(int response_count);
+
+  // Sums up a response: the error of each observation, and whether the model was fitted to it. An
+  // error that is missing does not count. `lost` degrees of freedom went to the average and the
+  // components.
+  void Set(int response, std::span<const float> of_rows, std::span<const char> is_member, int lost);
+
+  XFVector rss;        // "RSS", the sum of squares of members
+  XFVector press;      // "PRESS", of others
+  XFVector sd_adj_ls;  // "SDadjLS", sqrt(RSS / (n - lost)); missing where n <= lost
+  XFVector sd_ts;      // "SDTS", sqrt(PRESS / n)
+  XFVector np_ws;      // "NPWS", how many members
+  XFVector np_ts;      // "NPTS", how many others
+};
+
+// Of the work set.
+struct WorksetResults {
+  DistanceResults x;
+  std::optional<DistanceResults> y;
+  std::optional<PredictionErrors> errors;
+};
+
+// The responses of a prediction set, in their own units unless they stay transformed.
+struct ResponsePredictions {
+  ResponsePredictions(int component_count, int row_count, int response_count);
+
+  XFMatrix observed;   // "YPS"
+  XFMatrix predicted;  // "YPredPS"
+  // The limits of an observed value.
+  XFMatrix lower;           // "SerrLPS"
+  XFMatrix upper;           // "SerrUPS"
+  DistanceResults distance;  // of the responses that are present, centred and scaled
+  PredictionErrors errors;
+};
+
+// Of a prediction set, with a components. Copies of a model share it.
+struct Predictions {
+  // Without observations. Throws std::bad_alloc.
+  Predictions(int component_count, int column_count, int response_count);
+  // Makes room for these observations, everything missing. Throws std::bad_alloc.
+  void SetRows(std::unique_ptr<ObsInfo> rows, std::vector<short> row_positions,
+               std::vector<char> membership);
+
+  std::unique_ptr<ObsInfo> observations;
+  std::vector<short> positions;  // in the data that were executed
+  std::vector<char> is_member;   // whether the model was fitted to the observation
+  std::vector<XFVector> scores;  // "tPS[c]" for components 1..a
+  XFMatrix residuals;            // "PSResiduals", of X centred and scaled
+  DistanceResults distance;
+  std::optional<ResponsePredictions> y;  // none without responses
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_EXECUTION_PREDICTIONS_H
