@@ -23,6 +23,7 @@
 #include "zemva/model/driver/model.h"
 #include "zemva/model/block/model_owner.h"
 #include "zemva/model/pc/pc_model.h"
+#include "zemva/model/pls/pls_model.h"
 #include "zemva/model/preprocess/exp_info.h"
 #include "zemva/model/preprocess/lag_info.h"
 #include "zemva/model/preprocess/sca_info.h"

@@ -3,6 +3,7 @@
 #include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/pc/pc_model.h"
+#include "zemva/model/pls/pls_model.h"
 #include "zemva/model/workset/model_type.h"
 #include "zemva/project/project.h"
 
@@ -17,7 +18,8 @@ WorksetModel::WorksetModel(Project& project, Workset& workset, EModType type, ch
 WorksetModel::~WorksetModel() = default;
 
 int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
-  if (!IsPCFamily(type) && type != EModType::kNoVarianceCheck) {
+  const bool is_pls = IsPLSFamily(type);
+  if (!is_pls && !IsPCFamily(type) && type != EModType::kNoVarianceCheck) {
     return status::mva::kFunctionNotAvailable;
   }
   const std::unique_ptr<VarInfo> variables(workset_.ExtVarInfo(type, EBlock::kX, selector));
@@ -26,7 +28,11 @@ int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
   const int status = scalings.SetScaInfo(variables.get(), nullptr, &workset_, false);
   if (status != status::kOk) return status;
   options_.SetIsCenter(scalings.IsAnyVarCtd());
-  model_ = std::make_unique<PCModel>(this, type, window, &options_, selector);
+  if (is_pls) {
+    model_ = std::make_unique<PLSModel>(this, type, window, &options_, selector);
+  } else {
+    model_ = std::make_unique<PCModel>(this, type, window, &options_, selector);
+  }
   return status::kOk;
 }
 

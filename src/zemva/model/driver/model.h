@@ -404,9 +404,9 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual int AddPredictionErrors(const CompInfo& component, std::span<double> errors) = 0;
   // Completes the last component, which is taken off and was judged.
   virtual int Complete(CompInfo& component);
-  // Sets the scores of an observation, given its values centred and scaled; to missing where the
-  // present ones do not determine them.
-  virtual int Project(const XFVector& values, FVector& scores) = 0;
+  // Sets the scores of an observation, given its values centred and scaled, and its position for
+  // reports; to missing where the present ones do not determine them.
+  virtual int Project(const XFVector& values, int number, FVector& scores) = 0;
 
   // --- For the kinds ---
 

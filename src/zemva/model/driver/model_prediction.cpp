@@ -129,9 +129,10 @@ int Model::Predict(std::span<const float> row, short to) {
   for (const short k : PositionsUpTo(GetNVarX())) {
     values[k] = x_->CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
   }
-  const int status = Project(values, scores);
+  const int status = Project(values, to, scores);
   if (status != status::kOk) return status;
-  if (!AreFinite(values.Values()) || !AreFinite(scores.Values())) {
+  const bool is_hopeless = HasY() && IsMissing(scores[1]);
+  if (is_hopeless || !AreFinite(values.Values()) || !AreFinite(scores.Values())) {
     log_
         .Line()
         .Text("Can not execute observation ")

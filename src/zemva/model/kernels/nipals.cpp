@@ -20,6 +20,16 @@ bool IsConverged(const ScoreSums& sums) {
   return !(sums.change_squares / sums.squares > kConverged);
 }
 
+// values * scale, with 0 for what is tiny beside a vector of length 1.
+void Round(std::span<const double> values, double scale, std::span<float> loadings) {
+  const double size = std::sqrt(static_cast<double>(values.size()));
+  const auto tiny = static_cast<float>(kTinyLoading / size);
+  for (std::size_t k = 0; k < values.size(); ++k) {
+    const auto loading = static_cast<float>(values[k] * scale);
+    loadings[k] = std::fabs(loading) < tiny ? 0.0f : loading;
+  }
+}
+
 }  // namespace
 
 NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
@@ -48,12 +58,11 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
 void Normalise(std::span<const double> sums, std::span<float> loadings) {
   const double length =
       std::sqrt(SumInLanes(sums.size(), [&](std::size_t k) { return sums[k] * sums[k]; }));
-  const auto tiny = static_cast<float>(kTinyLoading / std::sqrt(static_cast<double>(sums.size())));
-  const double scale = length == 0 ? 0 : 1 / length;
-  for (std::size_t k = 0; k < sums.size(); ++k) {
-    const auto loading = static_cast<float>(sums[k] * scale);
-    loadings[k] = std::fabs(loading) < tiny ? 0.0f : loading;
-  }
+  Round(sums, length == 0 ? 0 : 1 / length, loadings);
+}
+
+void RoundLoadings(std::span<const double> values, std::span<float> loadings) {
+  Round(values, 1.0, loadings);
 }
 
 void AddPredictionErrors(const ResidualMatrix& residuals, const LeftOut& left_out,

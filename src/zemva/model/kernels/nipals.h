@@ -36,6 +36,8 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
 // Sets `loadings` to `sums` scaled to length 1, with 0 for elements below 1e-6 / sqrt(K), as many
 // as there are; all 0 when the sums are.
 void Normalise(std::span<const double> sums, std::span<float> loadings);
+// As they are, with 0 for the same elements.
+void RoundLoadings(std::span<const double> values, std::span<float> loadings);
 
 // Adds to column_errors[k] the squares of E[i][k] - scores[i] * loadings[k] over the elements that
 // are left out and present, in double. A missing score predicts nothing and adds nothing.

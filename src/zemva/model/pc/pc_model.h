@@ -42,7 +42,9 @@ class ZEMVA_API PCModel : public Model {
   Rules GetRules() const override;
   int Fit(CompInfo& component) override;
   int AddPredictionErrors(const CompInfo& component, std::span<double> errors) override;
-  int Project(const XFVector& values, FVector& scores) override { return CalcTPred(values, scores); }
+  int Project(const XFVector& values, int /*number*/, FVector& scores) override {
+    return CalcTPred(values, scores);
+  }
 
  private:
   // Fits loadings and scores, which hold what to start from.
