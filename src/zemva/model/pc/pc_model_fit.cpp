@@ -12,7 +12,6 @@
 #include "zemva/model/driver/data_block.h"
 #include "zemva/model/driver/distances.h"
 #include "zemva/model/driver/validation.h"
-#include "zemva/model/kernels/lanes.h"
 #include "zemva/model/kernels/left_out.h"
 #include "zemva/model/kernels/nipals.h"
 #include "zemva/model/kernels/residual_matrix.h"

@@ -7,12 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/base/positions.h"
 #include "zemva/data/selection.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/driver/data_block.h"
 #include "zemva/model/driver/distances.h"
-#include "zemva/model/kernels/lanes.h"
 #include "zemva/model/kernels/residual_matrix.h"
 #include "zemva/model/pc/pc_model.h"
 #include "zemva/numeric/f_matrix.h"
