@@ -59,11 +59,11 @@ struct Fit {
 };
 
 Fit FitOf(const ResidualMatrix& residuals, const LeftOut& left_out, NipalsSettings settings = {200},
-          const Lanes& lanes = BestLanes()) {
+          const ProjectionLoops& loops = BestProjectionLoops()) {
   Fit fit{
       {}, std::vector<float>(residuals.RowCount()), std::vector<float>(residuals.ColumnCount())};
   residuals.CopyStart(0, fit.t);
-  fit.result = Nipals(residuals, left_out, settings, fit.t, fit.p, lanes);
+  fit.result = Nipals(residuals, left_out, settings, fit.t, fit.p, loops);
   return fit;
 }
 
@@ -163,9 +163,9 @@ TEST(Nipals, GivesTheSameBitsOnEveryInstructionSet) {
   for (const Case& c : kCases) {
     const ResidualMatrix residuals(MatrixOf(RandomTable(c.rows, c.columns, c.missing_share)));
     const LeftOut left_out = LeftOutIn(c);
-    const Fit expected = FitOf(residuals, left_out, {200}, Sse2Lanes());
-    for (const Lanes* lanes : UsableLanes()) {
-      EXPECT_EQ(FitOf(residuals, left_out, {200}, *lanes), expected);
+    const Fit expected = FitOf(residuals, left_out, {200}, FloorProjectionLoops());
+    for (const ProjectionLoops* loops : UsableProjectionLoops()) {
+      EXPECT_EQ(FitOf(residuals, left_out, {200}, *loops), expected);
     }
   }
 }

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
+#include "zemva/numeric/d_matrix.h"
 
 namespace zemva {
 namespace {
@@ -54,6 +54,40 @@ TEST(XFMatrix, KeepsCountsInStepWithItsShape) {
   EXPECT_EQ(matrix.NValACol(1), 0);
   EXPECT_EQ(matrix[0], nullptr);
   EXPECT_EQ(matrix[1][0], kMissing);
+}
+
+TEST(XFMatrix, CountsAnewWhatWasChangedThroughItsBase) {
+  XFMatrix matrix = MatrixOf(3, {11, kMissing, 13});
+  FMatrix& base = matrix;
+  EXPECT_EQ(base.Transp(), 0);
+  EXPECT_EQ(matrix.NValARow(2), 0) << "not counted yet";
+  const XFMatrix copy(matrix);
+  EXPECT_EQ(copy.NValARow(3), 0);
+  XFMatrix sized("sized", 1, 1, 0.0f);
+  static_cast<FMatrix&>(sized) = matrix;
+  EXPECT_EQ(sized.Copy(&matrix), 0);
+  for (XFMatrix* each : {&matrix, &sized}) {
+    EXPECT_EQ(each->SetActValInfo(), 0);
+    EXPECT_EQ(each->NValACol(1), 2);
+    EXPECT_EQ(each->NValARow(3), 1);
+    EXPECT_EQ(each->NValARow(4), 0);
+  }
+}
+
+TEST(XFMatrix, HasNoMoreRowsThanItCounts) {
+  constexpr int kMost = 32767;
+  EXPECT_EQ(XFMatrix("M", kMost + 1, 0, 0.0f).GetStatus(), 5004);
+  EXPECT_EQ(XFMatrix("M", 0, kMost + 1, Unfilled{}).GetStatus(), 5004);
+  XFMatrix matrix("M", kMost, 1, 1.0f);
+  EXPECT_EQ(matrix.SetActValInfo(), 0);
+  EXPECT_EQ(matrix.NValACol(1), kMost);
+  EXPECT_EQ(matrix.ExpRows(1, 0), 5004);
+  EXPECT_EQ(matrix.ExpCols(kMost, 0), 5004);
+  EXPECT_EQ(matrix.NRow(), kMost);
+  FMatrix& base = matrix;
+  base = FMatrix(kMost + 1, 1, 0.0f);
+  EXPECT_EQ(matrix.SetActValInfo(), 5004);
+  EXPECT_EQ(XFMatrix(matrix).GetStatus(), 5004);
 }
 
 TEST(FMatrix, TransposesWhatIsLargerThanATile) {

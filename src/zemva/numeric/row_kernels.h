@@ -2,21 +2,18 @@
 #ifndef ZEMVA_NUMERIC_ROW_KERNELS_H
 #define ZEMVA_NUMERIC_ROW_KERNELS_H
 
+#include <span>
+
+#include "zemva/base/lane_sums.h"
 #include "zemva/numeric/present.h"
 
 namespace zemva {
 
-// `n` rounded up to whole groups of lanes.
-constexpr int PaddedCount(int n) {
-  return (n + 7) / 8 * 8;
-}
-
 // Each comes once for every instruction set, all giving the same bits. A row is n consecutive
 // values, counted from 0 here; missing values are left out unless said otherwise.
 struct RowKernels {
-  // Sums over one row, in 8 lanes that are added up at the end from the first to the last: of the
-  // values, in double and in float; of their squares; of both; of the products with another row,
-  // where both are present.
+  // Sums over one row, in lanes: of the values, in double and in float; of their squares; of both;
+  // of the products with another row, where both are present.
   PresentSum (*sum)(const float* values, int n);
   PresentSum (*sum_in_float)(const float* values, int n);
   PresentSum (*sum_of_squares)(const float* values, int n);
@@ -65,13 +62,13 @@ struct RowKernels {
                    int n);
 };
 
-// Those that suit this processor.
-const RowKernels& GetRowKernels();
+const RowKernels& Avx512RowKernels();
+const RowKernels& Avx2RowKernels();
+const RowKernels& FloorRowKernels();
 
-// Those that every processor of the target runs, and those for AVX2, null where the processor has
-// none.
-const RowKernels& GetBaselineKernels();
-const RowKernels* GetAvx2Kernels();
+// Those that can run here, the widest first; and the widest.
+std::span<const RowKernels* const> UsableRowKernels();
+const RowKernels& GetRowKernels();
 
 }  // namespace zemva
 

@@ -1,12 +1,9 @@
-// The inner loops for AVX2. Nothing else belongs here: what this file defines may run only where
-// the processor has AVX2.
+// Nothing else belongs here: what this file defines may run only where the processor has AVX2.
 #include "zemva/numeric/row_kernels_body.h"
 
 namespace zemva {
 
-const RowKernels& GetCompiledAvx2Kernels();
-
-const RowKernels& GetCompiledAvx2Kernels() {
+const RowKernels& Avx2RowKernels() {
   return kRowKernels;
 }
 

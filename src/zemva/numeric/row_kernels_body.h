@@ -3,13 +3,20 @@
 #ifndef ZEMVA_NUMERIC_ROW_KERNELS_BODY_H
 #define ZEMVA_NUMERIC_ROW_KERNELS_BODY_H
 
-#include "zemva/numeric/lanes.h"
+#include "zemva/base/lanes.h"
+#include "zemva/numeric/missing.h"
 #include "zemva/numeric/row_kernels.h"
 
 #define ZEMVA_INLINE_LAMBDA __attribute__((always_inline))
 
 namespace zemva {
 namespace {
+
+constexpr float kInfinity = __builtin_inff();
+
+ZEMVA_INLINE Mask8 IsMissing(const Float8& a) {
+  return IsEqual(a, kMissing);
+}
 
 // How eight elements are read and written: whole, and the rest at the end of a row, whose lanes
 // beyond the end are missing.
@@ -28,7 +35,7 @@ struct Rest {
 
   template <typename T>
   __attribute__((always_inline)) Eight<T> Get(const T* from) const {
-    return LoadRest(from, count);
+    return LoadRest(from, count, static_cast<T>(kMissing));
   }
   template <typename T>
   __attribute__((always_inline)) void Put(const Eight<T>& lanes, T* to) const {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <span>
+#include <limits>
 #include <utility>
 
 #include "zemva/numeric/row_kernels.h"
@@ -14,16 +14,7 @@ namespace {
 constexpr bool kUnfilled = false;
 constexpr bool kFilled = true;
 
-// Counts of `count` rows or columns, all 0; null when memory runs out.
-std::unique_ptr<short[]> MakeCounts(int count) {
-  auto counts = AllocateSlots<short>(count);
-  if (counts) std::fill_n(counts.get(), count + 1, short{0});
-  return counts;
-}
-
-std::span<short> CountsOf(const std::unique_ptr<short[]>& counts, int count) {
-  return {counts.get() + 1, static_cast<std::size_t>(count)};
-}
+constexpr int kMostCounted = std::numeric_limits<short>::max();
 
 }  // namespace
 
@@ -55,21 +46,15 @@ XFMatrix::XFMatrix(const XFMatrix* other) : Named(other) {
 }
 
 XFMatrix& XFMatrix::operator=(const XFMatrix& other) {
-  auto row_counts = MakeCounts(other.NRow());
-  auto column_counts = MakeCounts(other.NCol());
-  if (!row_counts || !column_counts) {
-    Report(status::mat::kMemory);
-  } else if (Assign(other) == status::kOk) {
-    row_counts_ = std::move(row_counts);
-    column_counts_ = std::move(column_counts);
-    CopyCounts(other);
-  }
+  if (ReserveCounts(other.NRow(), other.NCol()) != status::kOk) return *this;
+  if (Assign(other) == status::kOk) CopyCounts(other);
   return *this;
 }
 
 XFMatrix::~XFMatrix() = default;
 
 int XFMatrix::Copy(const XFMatrix* other) {
+  if (const int room = ReserveCounts(NRow(), NCol()); room != status::kOk) return room;
   const int result = Named::Copy(other);
   if (result == status::kOk) CopyCounts(*other);
   return result;
@@ -88,25 +73,18 @@ int XFMatrix::DelRows(int first, int last) {
 }
 
 int XFMatrix::ExpCols(int count, float value) {
-  auto column_counts = MakeCounts(NCol() + std::max(count, 0));
-  if (!column_counts) return Report(status::mat::kMemory);
-  const int result = FMatrix::ExpCols(count, value);
-  if (result == status::kOk) column_counts_ = std::move(column_counts);
-  return CountIf(result);
+  const int room = ReserveCounts(NRow(), std::int64_t{NCol()} + count);
+  return room == status::kOk ? CountIf(FMatrix::ExpCols(count, value)) : room;
 }
 
 int XFMatrix::ExpRows(int count, float value) {
-  auto row_counts = MakeCounts(NRow() + std::max(count, 0));
-  if (!row_counts) return Report(status::mat::kMemory);
-  const int result = FMatrix::ExpRows(count, value);
-  if (result == status::kOk) row_counts_ = std::move(row_counts);
-  return CountIf(result);
+  const int room = ReserveCounts(std::int64_t{NRow()} + count, NCol());
+  return room == status::kOk ? CountIf(FMatrix::ExpRows(count, value)) : room;
 }
 
 int XFMatrix::Transp() {
-  const int result = FMatrix::Transp();
-  if (result == status::kOk) row_counts_.swap(column_counts_);
-  return result;
+  const int room = ReserveCounts(NCol(), NRow());
+  return room == status::kOk ? CountIf(FMatrix::Transp()) : room;
 }
 
 int XFMatrix::SwapRow(int i, int k) {
@@ -119,16 +97,11 @@ int XFMatrix::SwapCol(int j, int k) {
 
 int XFMatrix::Read(const char* path) {
   FMatrix read(0, 0, kMissing);
-  const int result = read.Read(path);
-  if (result != status::kOk) return Report(result);
-  auto row_counts = MakeCounts(read.NRow());
-  auto column_counts = MakeCounts(read.NCol());
-  if (!row_counts || !column_counts) return Report(status::mat::kMemory);
-  row_counts_ = std::move(row_counts);
-  column_counts_ = std::move(column_counts);
+  if (const int result = read.Read(path); result != status::kOk) return Report(result);
+  const int room = ReserveCounts(read.NRow(), read.NCol());
+  if (room != status::kOk) return room;
   Swap(read);
-  SetActValInfo();
-  return status::kOk;
+  return SetActValInfo();
 }
 
 void XFMatrix::Show(StreamWindow& window, bool is_wrapped) const {
@@ -136,15 +109,18 @@ void XFMatrix::Show(StreamWindow& window, bool is_wrapped) const {
   FMatrix::Show(window, is_wrapped);
 }
 
-void XFMatrix::SetActValInfo() {
-  StartActValInfo();
+int XFMatrix::SetActValInfo() {
+  if (const int result = StartActValInfo(); result != status::kOk) return result;
   for (int i = 1; i <= NRow(); ++i) AddRowToActValInfo(i);
+  return status::kOk;
 }
 
-void XFMatrix::StartActValInfo() {
+int XFMatrix::StartActValInfo() {
+  if (const int room = ReserveCounts(NRow(), NCol()); room != status::kOk) return room;
   present_count_ = CellCount();
-  if (NRow() > 0) std::ranges::fill(CountsOf(row_counts_, NRow()), static_cast<short>(NCol()));
-  if (NCol() > 0) std::ranges::fill(CountsOf(column_counts_, NCol()), static_cast<short>(NRow()));
+  row_counts_.SetAll(NRow(), NCol());
+  column_counts_.SetAll(NCol(), NRow());
+  return status::kOk;
 }
 
 void XFMatrix::AddRowToActValInfo(int row) {
@@ -152,14 +128,13 @@ void XFMatrix::AddRowToActValInfo(int row) {
   const int missing_count = GetRowKernels().count_missing(values, NCol());
   if (missing_count == 0) return;
   present_count_ -= missing_count;
-  short& row_count = row_counts_[static_cast<std::size_t>(row)];
+  short& row_count = row_counts_.slots[static_cast<std::size_t>(row)];
   row_count = static_cast<short>(row_count - missing_count);
-  GetRowKernels().count_off_missing(values, NCol(), column_counts_.get() + 1);
+  GetRowKernels().count_off_missing(values, NCol(), column_counts_.slots.get() + 1);
 }
 
 int XFMatrix::CountIf(int result) {
-  if (result == status::kOk) SetActValInfo();
-  return result;
+  return result == status::kOk ? SetActValInfo() : result;
 }
 
 int XFMatrix::CellCount() const {
@@ -167,18 +142,45 @@ int XFMatrix::CellCount() const {
 }
 
 void XFMatrix::InitCounts() {
-  row_counts_ = MakeCounts(NRow());
-  column_counts_ = MakeCounts(NCol());
-  if (row_counts_ && column_counts_) return;
-  Report(status::mat::kMemory);
-  Release();
+  if (ReserveCounts(NRow(), NCol()) != status::kOk) Release();
+}
+
+// Makes room for the counts of so many rows and columns; the counts stay.
+int XFMatrix::ReserveCounts(std::int64_t row_count, std::int64_t column_count) {
+  if (std::max(row_count, column_count) > kMostCounted) return Report(status::mat::kDimension);
+  const bool has_room = row_counts_.Reserve(static_cast<int>(row_count)) &&
+                        column_counts_.Reserve(static_cast<int>(column_count));
+  return has_room ? status::kOk : Report(status::mat::kMemory);
+}
+
+// False when memory runs out. New slots are 0.
+bool XFMatrix::Counts::Reserve(int count) {
+  if (slots && count <= capacity) return true;
+  count = std::max(count, 0);
+  auto more = AllocateSlots<short>(count);
+  if (!more) return false;
+  std::fill_n(more.get(), count + 1, short{0});
+  if (slots) std::copy_n(slots.get(), size + 1, more.get());
+  slots = std::move(more);
+  capacity = count;
+  return true;
+}
+
+void XFMatrix::Counts::SetAll(int count, int value) {
+  size = count;
+  std::fill_n(slots.get() + 1, count, static_cast<short>(value));
+}
+
+void XFMatrix::Counts::Take(const Counts& other, int count) {
+  size = count;
+  for (int i = 1; i <= count; ++i) slots[static_cast<std::size_t>(i)] = other.Get(i);
 }
 
 void XFMatrix::CopyCounts(const XFMatrix& other) {
   if (NRow() != other.NRow() || NCol() != other.NCol()) return;
   present_count_ = other.present_count_;
-  std::copy_n(other.row_counts_.get(), NRow() + 1, row_counts_.get());
-  std::copy_n(other.column_counts_.get(), NCol() + 1, column_counts_.get());
+  row_counts_.Take(other.row_counts_, NRow());
+  column_counts_.Take(other.column_counts_, NCol());
 }
 
 }  // namespace zemva

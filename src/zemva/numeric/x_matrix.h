@@ -2,6 +2,7 @@
 #ifndef ZEMVA_NUMERIC_X_MATRIX_H
 #define ZEMVA_NUMERIC_X_MATRIX_H
 
+#include <cstdint>
 #include <memory>
 
 #include "zemva/base/export.h"
@@ -14,7 +15,11 @@ namespace zemva {
 // Asks for a matrix whose contents are left as allocated.
 struct Unfilled {};
 
-// Writing elements does not change the counts: SetActValInfo counts anew.
+// Writing elements does not change the counts, nor does what is done to the matrix as an FMatrix:
+// SetActValInfo counts anew.
+//
+// There are at most 32,767 rows and as many columns, as the counts are 16-bit: a constructor whose
+// matrix would be larger leaves it empty, and a member leaves it as it was, with status 5004.
 class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
  public:
   // Filled; the counts of rows and columns are not: SetActValInfo sets them.
@@ -37,30 +42,32 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   int ExpCols(int count, float value) override;
   int ExpRows(int count, float value) override;
 
-  // As in the base, with the counts kept in step.
   int DelRows(int first, int last);
   int Transp();
   int SwapRow(int i, int k);
   int SwapCol(int j, int k);
   int Read(const char* path);
 
+  // The name, the count of all values and the elements, a row a line; where `is_wrapped`, with 7
+  // values to a line.
   void Show(StreamWindow& window, bool is_wrapped) const override;
 
-  // Counts of present values as counted last: in all, in row i, in column j. The counts of rows and
-  // columns are kept modulo 2^16.
+  // Counts of present values as counted last: in all, in row i, in column j; 0 where there was no
+  // such row or column.
   int NValA() const { return present_count_; }
-  short NValARow(int i) const { return row_counts_[static_cast<std::size_t>(i)]; }
-  short NValACol(int j) const { return column_counts_[static_cast<std::size_t>(j)]; }
-  // The counts of the rows, 1..NRow(), and of the columns, 1..NCol().
-  short* GetNValARowPtr() const { return row_counts_.get(); }
-  short* GetNValAColPtr() const { return column_counts_.get(); }
+  short NValARow(int i) const { return row_counts_.Get(i); }
+  short NValACol(int j) const { return column_counts_.Get(j); }
+  // The counts of the rows, 1..NRow(), and of the columns, 1..NCol(), as counted last.
+  short* GetNValARowPtr() const { return row_counts_.slots.get(); }
+  short* GetNValAColPtr() const { return column_counts_.slots.get(); }
 
-  // Counts the present values.
-  void SetActValInfo();
+  // Counts the present values. 5004 and 5001, with the counts as they were, for a matrix that was
+  // made larger as an FMatrix, to more than 32,767 rows or columns or where memory runs out.
+  int SetActValInfo();
 
   // The same in steps, for a caller that has just filled a row: StartActValInfo takes all values as
   // present, then AddRowToActValInfo takes off what is missing in row i, once for each row.
-  void StartActValInfo();
+  int StartActValInfo();
   void AddRowToActValInfo(int row);
 
   // Statistics of the columns and rows over their present values, each a new vector of that name
@@ -113,8 +120,23 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   static constexpr const char* kNullText = "XFMatrix is NULL.";
 
  private:
-  // Makes room for counts, all 0; the matrix is left empty with status 5001 when there is none.
+  // Of the rows or columns 1..size, as counted last; slots for 1..capacity.
+  struct Counts {
+    short Get(int i) const {
+      return i >= 1 && i <= size ? slots[static_cast<std::size_t>(i)] : short{0};
+    }
+    bool Reserve(int count);
+    void SetAll(int count, int value);
+    void Take(const Counts& other, int count);
+
+    std::unique_ptr<short[]> slots;
+    int size = 0;
+    int capacity = 0;
+  };
+
+  // Makes room for counts, all 0; the matrix is left empty when there is none.
   void InitCounts();
+  int ReserveCounts(std::int64_t row_count, std::int64_t column_count);
   // Counts anew where `result`, which it returns, is no failure.
   int CountIf(int result);
   int CheckColumns(const XFVector* vector) const;
@@ -125,8 +147,8 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   int CellCount() const;
 
   int present_count_ = 0;
-  std::unique_ptr<short[]> row_counts_;
-  std::unique_ptr<short[]> column_counts_;
+  Counts row_counts_;
+  Counts column_counts_;
 };
 
 }  // namespace zemva

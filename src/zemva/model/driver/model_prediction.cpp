@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/base/positions.h"
 #include "zemva/data/selection.h"
 #include "zemva/errors/status.h"
@@ -14,7 +15,6 @@
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/distances.h"
 #include "zemva/model/execution/gauge.h"
-#include "zemva/model/kernels/lanes.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/numeric/f_matrix.h"
 #include "zemva/numeric/present.h"

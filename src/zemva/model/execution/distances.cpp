@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "zemva/model/kernels/lanes.h"
+#include "zemva/base/lane_sums.h"
 #include "zemva/numeric/distributions.h"
 #include "zemva/numeric/missing.h"
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
@@ -34,10 +35,10 @@ void Round(std::span<const double> values, double scale, std::span<float> loadin
 
 NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
                     const NipalsSettings& settings, std::span<float> scores,
-                    std::span<float> loadings, const Lanes& lanes) {
+                    std::span<float> loadings, const ProjectionLoops& loops) {
   NipalsResult result{status::kOk, 0};
   result.status = MemoryGuarded([&] {
-    Projection projection(residuals, left_out, lanes);
+    Projection projection(residuals, left_out, loops);
     std::vector<double> sums(loadings.size());
     projection.SumColumns(scores);
     while (true) {

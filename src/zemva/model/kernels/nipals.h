@@ -31,7 +31,8 @@ struct NipalsResult {
 // than 0 supports; 8002 when memory runs out. Scores and loadings are then undefined.
 NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
                     const NipalsSettings& settings, std::span<float> scores,
-                    std::span<float> loadings, const Lanes& lanes = BestLanes());
+                    std::span<float> loadings,
+                    const ProjectionLoops& loops = BestProjectionLoops());
 
 // Sets `loadings` to `sums` scaled to length 1, with 0 for elements below 1e-6 / sqrt(K), as many
 // as there are; all 0 when the sums are.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/kernels/left_out.h"
@@ -33,9 +34,9 @@ double SumOfSquares(std::span<const float> values, IsIncluded is_included) {
 class PlsComponent {
  public:
   PlsComponent(const ResidualMatrix& x, const ResidualMatrix& y, const LeftOut& left_out,
-               const PlsSettings& settings, const PlsVectors& vectors, const Lanes& lanes)
-      : x_(x, left_out, lanes),
-        y_(y, left_out, lanes),
+               const PlsSettings& settings, const PlsVectors& vectors, const ProjectionLoops& loops)
+      : x_(x, left_out, loops),
+        y_(y, left_out, loops),
         settings_(settings),
         vectors_(vectors),
         x_sums_(x.ColumnCount()),
@@ -120,10 +121,10 @@ class PlsComponent {
 }  // namespace
 
 NipalsResult PlsNipals(const ResidualMatrix& x, const ResidualMatrix& y, const LeftOut& left_out,
-                       const PlsSettings& settings, const PlsVectors& vectors, const Lanes& lanes) {
+                       const PlsSettings& settings, const PlsVectors& vectors, const ProjectionLoops& loops) {
   NipalsResult result{status::kOk, 0};
   result.status = MemoryGuarded([&] {
-    return PlsComponent(x, y, left_out, settings, vectors, lanes).Fit(result.iterations);
+    return PlsComponent(x, y, left_out, settings, vectors, loops).Fit(result.iterations);
   });
   return result;
 }

@@ -45,7 +45,7 @@ struct PlsVectors {
 // runs out. The vectors are then undefined.
 NipalsResult PlsNipals(const ResidualMatrix& x, const ResidualMatrix& y, const LeftOut& left_out,
                        const PlsSettings& settings, const PlsVectors& vectors,
-                       const Lanes& lanes = BestLanes());
+                       const ProjectionLoops& loops = BestProjectionLoops());
 
 }  // namespace zemva
 

@@ -64,10 +64,11 @@ void ReportClipped(const Cap& cap, std::vector<std::pair<int, double>>& clipped)
 
 }  // namespace
 
-Projection::Projection(const ResidualMatrix& matrix, const LeftOut& left_out, const Lanes& lanes)
+Projection::Projection(const ResidualMatrix& matrix, const LeftOut& left_out,
+                       const ProjectionLoops& loops)
     : matrix_(matrix),
       left_out_(left_out),
-      lanes_(lanes),
+      loops_(loops),
       has_gaps_(!matrix.IsComplete() || left_out.HasElements()),
       sums_(matrix.PaddedLength()),
       lost_(matrix.ColumnCount()),
@@ -138,7 +139,7 @@ void Projection::AddBlock(const Block& block, std::span<const float> scores) {
     const float score = scores[block.index[r]];
     factors[r] = IsMissing(score) ? 0.0 : static_cast<double>(score);
   }
-  lanes_.add[block.count - 1](block.rows, factors, matrix_.PaddedLength(), sums_.Data(),
+  loops_.add[block.count - 1](block.rows, factors, matrix_.PaddedLength(), sums_.Data(),
                               DistanceToNext(block));
   for (std::size_t r = 0; r < block.count; ++r) {
     const double squares = Square(factors[r]);
@@ -253,7 +254,7 @@ void Projection::UnmaskWeights(std::size_t row_class, std::span<const float> wei
 
 void Projection::ProjectBlock(const Block& block, RowPass& pass) {
   double sums[kBlockRows];
-  lanes_.dot[block.count - 1](block.rows, weights_.Data(), matrix_.PaddedLength(), sums);
+  loops_.dot[block.count - 1](block.rows, weights_.Data(), matrix_.PaddedLength(), sums);
   for (std::size_t r = 0; r < block.count; ++r) {
     float& score = pass.scores[block.index[r]];
     const float before = score;

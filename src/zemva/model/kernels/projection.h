@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "zemva/model/kernels/aligned_buffer.h"
-#include "zemva/model/kernels/lanes.h"
 #include "zemva/model/kernels/left_out.h"
+#include "zemva/model/kernels/projection_loops.h"
 #include "zemva/model/kernels/residual_matrix.h"
 
 namespace zemva {
@@ -42,7 +42,7 @@ class Projection {
  public:
   // Keeps references to the matrix and to what is left out. Throws std::bad_alloc.
   Projection(const ResidualMatrix& matrix, const LeftOut& left_out,
-             const Lanes& lanes = BestLanes());
+             const ProjectionLoops& loops = BestProjectionLoops());
 
   // loadings[k] = factor * sum of scores[i] * E[i][k] over the usable elements of column k, where
   // factor = sum of scores[i]^2 over all rows / the same over the usable ones; 0 in columns that
@@ -107,7 +107,7 @@ class Projection {
 
   const ResidualMatrix& matrix_;
   const LeftOut& left_out_;
-  const Lanes& lanes_;
+  const ProjectionLoops& loops_;
   const bool has_gaps_;
 
   // Down the columns: of scores times elements, and of the squares of the scores whose element is

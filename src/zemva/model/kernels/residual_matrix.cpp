@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "zemva/model/kernels/lanes.h"
+#include "zemva/base/lane_sums.h"
+#include "zemva/model/kernels/projection_loops.h"
 #include "zemva/numeric/missing.h"
 #include "zemva/numeric/present.h"
 
 namespace zemva {
 namespace {
-
-std::size_t PaddedTo(std::size_t multiple, std::size_t length) {
-  return (length + multiple - 1) / multiple * multiple;
-}
 
 double Square(float value) {
   return static_cast<double>(value) * static_cast<double>(value);
@@ -28,7 +25,7 @@ std::vector<char> FlagsFor(std::span<const char> takes_part, std::size_t column_
 ResidualMatrix::ResidualMatrix(const XFMatrix& values, std::span<const char> takes_part)
     : takes_part_(FlagsFor(takes_part, static_cast<std::size_t>(values.NCol()))),
       row_count_(static_cast<std::size_t>(values.NRow())),
-      stride_(PaddedTo(kLaneCount, ColumnCount())),
+      stride_(PaddedCount(ColumnCount())),
       elements_(row_count_ * stride_),
       first_hole_(row_count_ + 1) {
   for (std::size_t i = 0; i < row_count_; ++i) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"

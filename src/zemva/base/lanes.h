@@ -1,15 +1,17 @@
 // Eight floats or doubles side by side.
 //
-// A source that includes this is compiled once for the instruction set that every processor of the
-// target has and once for AVX2. Both do the same operations on the same eight lanes, so that they
-// give the same bits. The names below live in a namespace of the instruction set's own, as one of
-// the two would otherwise be linked in the place of the other.
-#ifndef ZEMVA_NUMERIC_LANES_H
-#define ZEMVA_NUMERIC_LANES_H
+// A source that includes this is compiled once for each instruction set. All do the same operations
+// on the same eight lanes, so that they give the same bits. The names below live in a namespace of
+// the instruction set's own, as one of them would otherwise be linked in the place of the others.
+#ifndef ZEMVA_BASE_LANES_H
+#define ZEMVA_BASE_LANES_H
 
-#include "zemva/numeric/missing.h"
+#include "zemva/base/lane_sums.h"
 
-#if defined(__AVX2__)
+#if defined(__AVX512F__)
+#include <immintrin.h>
+#define ZEMVA_LANES_NAMESPACE avx512_lanes
+#elif defined(__AVX2__)
 #include <immintrin.h>
 #define ZEMVA_LANES_NAMESPACE avx2_lanes
 #elif defined(__SSE2__)
@@ -19,19 +21,19 @@
 #define ZEMVA_LANES_NAMESPACE plain_lanes
 #endif
 
-#define ZEMVA_INLINE static inline __attribute__((always_inline))
-
 namespace zemva {
 inline namespace ZEMVA_LANES_NAMESPACE {
 
-constexpr int kLaneCount = 8;
-constexpr float kInfinity = __builtin_inff();
-
-// What the processor holds in one register.
-#if defined(__AVX2__)
-constexpr int kPackBytes = 32;
+// What the processor holds in one register: of floats no more than all eight.
+#if defined(__AVX512F__)
+constexpr int kFloatPackBytes = 32;
+constexpr int kDoublePackBytes = 64;
+#elif defined(__AVX2__)
+constexpr int kFloatPackBytes = 32;
+constexpr int kDoublePackBytes = 32;
 #else
-constexpr int kPackBytes = 16;
+constexpr int kFloatPackBytes = 16;
+constexpr int kDoublePackBytes = 16;
 #endif
 
 // A register of elements, and how it is read and written anywhere in memory. Each is written out:
@@ -40,24 +42,24 @@ template <typename T>
 struct PackOf;
 template <>
 struct PackOf<float> {
-  typedef float Pack __attribute__((vector_size(kPackBytes)));
-  typedef float LoosePack __attribute__((vector_size(kPackBytes), aligned(4), may_alias));
+  typedef float Pack __attribute__((vector_size(kFloatPackBytes)));
+  typedef float LoosePack __attribute__((vector_size(kFloatPackBytes), aligned(4), may_alias));
 
   ZEMVA_INLINE Pack Read(const float* from) { return *reinterpret_cast<const LoosePack*>(from); }
   ZEMVA_INLINE void Write(Pack pack, float* to) { *reinterpret_cast<LoosePack*>(to) = pack; }
 };
 template <>
 struct PackOf<double> {
-  typedef double Pack __attribute__((vector_size(kPackBytes)));
-  typedef double LoosePack __attribute__((vector_size(kPackBytes), aligned(4), may_alias));
+  typedef double Pack __attribute__((vector_size(kDoublePackBytes)));
+  typedef double LoosePack __attribute__((vector_size(kDoublePackBytes), aligned(4), may_alias));
 
   ZEMVA_INLINE Pack Read(const double* from) { return *reinterpret_cast<const LoosePack*>(from); }
   ZEMVA_INLINE void Write(Pack pack, double* to) { *reinterpret_cast<LoosePack*>(to) = pack; }
 };
 template <>
 struct PackOf<int> {
-  typedef int Pack __attribute__((vector_size(kPackBytes)));
-  typedef int LoosePack __attribute__((vector_size(kPackBytes), aligned(4), may_alias));
+  typedef int Pack __attribute__((vector_size(kFloatPackBytes)));
+  typedef int LoosePack __attribute__((vector_size(kFloatPackBytes), aligned(4), may_alias));
 
   ZEMVA_INLINE Pack Read(const int* from) { return *reinterpret_cast<const LoosePack*>(from); }
   ZEMVA_INLINE void Write(Pack pack, int* to) { *reinterpret_cast<LoosePack*>(to) = pack; }
@@ -68,7 +70,7 @@ template <typename T>
 struct Eight {
   using Pack = typename PackOf<T>::Pack;
 
-  static constexpr int kPerPack = kPackBytes / static_cast<int>(sizeof(T));
+  static constexpr int kPerPack = static_cast<int>(sizeof(Pack) / sizeof(T));
   static constexpr int kPacks = kLaneCount / kPerPack;
 
   Pack packs[kPacks];
@@ -99,9 +101,9 @@ ZEMVA_INLINE Mask8 operator|(Mask8 a, const Mask8& b) {
   for (int k = 0; k < Float8::kPacks; ++k) a.packs[k] |= b.packs[k];
   return a;
 }
-ZEMVA_INLINE Mask8 IsMissing(const Float8& a) {
+ZEMVA_INLINE Mask8 IsEqual(const Float8& a, float value) {
   Mask8 mask;
-  for (int k = 0; k < Float8::kPacks; ++k) mask.packs[k] = a.packs[k] == kMissing;
+  for (int k = 0; k < Float8::kPacks; ++k) mask.packs[k] = a.packs[k] == value;
   return mask;
 }
 
@@ -160,14 +162,15 @@ ZEMVA_INLINE Float8 Magnitude(Float8 a) {
   return a;
 }
 
-// Eight copies of a value.
-ZEMVA_INLINE Float8 Spread(float value) {
-  Float8 result;
-  for (auto& pack : result.packs) pack = Float8::Pack{} + value;
+// Eight copies of a value, -0 included.
+template <typename T>
+ZEMVA_INLINE Eight<T> Spread(T value) {
+  Eight<T> result;
+  for (auto& pack : result.packs) pack = value - typename Eight<T>::Pack{};
   return result;
 }
 
-// Read and write eight elements, or for a shorter rest only `count`, the other lanes being missing.
+// Read and write eight elements, or for a shorter rest only `count`, the other lanes being as said.
 template <typename T>
 ZEMVA_INLINE Eight<T> Load(const T* from) {
   Eight<T> result;
@@ -183,9 +186,9 @@ ZEMVA_INLINE void Store(const Eight<T>& lanes, T* to) {
   }
 }
 template <typename T>
-ZEMVA_INLINE Eight<T> LoadRest(const T* from, int count) {
+ZEMVA_INLINE Eight<T> LoadRest(const T* from, int count, T other) {
   T padded[kLaneCount];
-  for (int l = 0; l < kLaneCount; ++l) padded[l] = l < count ? from[l] : static_cast<T>(kMissing);
+  for (int l = 0; l < kLaneCount; ++l) padded[l] = l < count ? from[l] : other;
   return Load(padded);
 }
 template <typename T>
@@ -197,7 +200,11 @@ ZEMVA_INLINE void StoreRest(const Eight<T>& lanes, T* to, int count) {
 
 ZEMVA_INLINE Double8 ToDouble(const Float8& a) {
   Double8 result;
-#if defined(__AVX2__)
+#if defined(__AVX512F__)
+  // The masked form, of all elements: the plain one starts from an undefined value in g++'s header,
+  // which g++ warns of.
+  result.packs[0] = _mm512_maskz_cvtps_pd(0xff, a.packs[0]);
+#elif defined(__AVX2__)
   result.packs[0] = _mm256_cvtps_pd(_mm256_castps256_ps128(a.packs[0]));
   result.packs[1] = _mm256_cvtps_pd(_mm256_extractf128_ps(a.packs[0], 1));
 #elif defined(__SSE2__)
@@ -214,17 +221,32 @@ ZEMVA_INLINE Double8 ToDouble(const Float8& a) {
   return result;
 }
 
-// The lanes added up from the first to the last.
+// As ToDouble(Load(from)), each register of doubles straight from memory.
+ZEMVA_INLINE Double8 LoadAsDouble(const float* from) {
+#if defined(__SSE2__) && !defined(__AVX512F__)
+  Double8 result;
+  for (int k = 0; k < Double8::kPacks; ++k) {
+#if defined(__AVX2__)
+    result.packs[k] = _mm256_cvtps_pd(_mm_loadu_ps(from + 4 * k));
+#else
+    const auto* const pair = reinterpret_cast<const __m128i*>(from + 2 * k);
+    result.packs[k] = _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(pair)));
+#endif
+  }
+  return result;
+#else
+  return ToDouble(Load(from));
+#endif
+}
+
 template <typename T>
 ZEMVA_INLINE T Total(const Eight<T>& a) {
   T lanes[kLaneCount];
   Store(a, lanes);
-  T total = 0;
-  for (const T lane : lanes) total += lane;
-  return total;
+  return AddLanes(lanes);
 }
 
 }  // namespace ZEMVA_LANES_NAMESPACE
 }  // namespace zemva
 
-#endif  // ZEMVA_NUMERIC_LANES_H
+#endif  // ZEMVA_BASE_LANES_H

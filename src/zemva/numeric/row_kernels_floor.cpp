@@ -1,0 +1,9 @@
+#include "zemva/numeric/row_kernels_body.h"
+
+namespace zemva {
+
+const RowKernels& FloorRowKernels() {
+  return kRowKernels;
+}
+
+}  // namespace zemva
