@@ -9,7 +9,7 @@
 #include "zemva/base/fixed_text.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/stream_window.h"
-#include "zemva/model/driver/model_owner.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/workset/model_type.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/model/workset/workset.h"
