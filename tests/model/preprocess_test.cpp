@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "support/recording_window.h"
 #include "zemva/data/selection.h"
 #include "zemva/model/preprocess/columns.h"
 #include "zemva/model/preprocess/sca_info.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -160,6 +160,7 @@ TEST(TraData, FormulasHaveTheirValuesWithinTheirDomains) {
       {kExp, 2, 1, 0, -0.5f, 1},
       {kPower, 1, 0, 3, -2, -8},
       {kPower, 1, 0, -0.5f, 4, 0.5f},
+      {kLinear, 2, 1, 0, -50, std::nextafter(kM, 0.0f)},  // a value like any other
       {kExp, 1, 0, 0, -1e6f, 0},
       {kLinear, 2, 1, 0, kM, kM},
       {kLog, 1, -2, 0, 2, kM},
@@ -174,8 +175,10 @@ TEST(TraData, FormulasHaveTheirValuesWithinTheirDomains) {
       {kUnknown, 1, 1, 1, 2, kM},
   };
   for (const auto& c : cases) {
-    EXPECT_FLOAT_EQ(TraData::Transform(c.x, c.type, c.c1, c.c2, c.c3), c.y)
-        << TraData::GetFormat(c.type, 'x') << " of " << c.x;
+    SCOPED_TRACE(std::string(TraData::GetFormat(c.type, 'x')) + " of " + std::to_string(c.x));
+    const float transform = TraData::Transform(c.x, c.type, c.c1, c.c2, c.c3);
+    EXPECT_FLOAT_EQ(transform, c.y);
+    EXPECT_EQ(IsMissing(transform), IsMissing(c.y));
   }
 }
 

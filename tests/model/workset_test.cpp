@@ -8,10 +8,10 @@
 #include <memory>
 #include <string>
 
-#include "zemva/data/dangerous_data_set_manipulator.h"
 #include "model/small_dataset.h"
-#include "zemva/numeric/missing.h"
 #include "support/recording_window.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva {
 namespace {
@@ -81,6 +81,14 @@ TEST(Workset, WeightsAreThoseOfTheColumnsTaken) {
   EXPECT_EQ(scalings->GetItm(1)->GetWeig(), 0.5f);
   EXPECT_EQ(scalings->GetItm(2)->GetWeig(), kM);
   EXPECT_TRUE(scalings->IsAnyVarCtd());
+  // Before a model takes columns there is nothing to warn of.
+  for (const bool is_from_data : {false, true}) {
+    test::RecordingWindow window;
+    ScaInfo table = is_from_data ? *scalings : workset.GetScalings();
+    table.SetCenter(false);
+    table.ShowAll(window);
+    EXPECT_EQ(window.log.find("WARNING: 1 ") != std::string::npos, is_from_data);
+  }
 }
 
 TEST(Workset, WhatIsNoNumberIsMissingAndToldOnce) {

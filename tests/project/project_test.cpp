@@ -4,11 +4,12 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "model/model_fixture.h"
-#include "zemva/model/pc/pc_model.h"
 #include "model/small_dataset.h"
 #include "support/recording_window.h"
+#include "zemva/model/pc/pc_model.h"
 
 namespace zemva {
 namespace {
@@ -105,28 +106,84 @@ TEST_F(ProjectOfOneTable, DeletesInTheRightOrder) {
   EXPECT_EQ(project_.GetWorkset(workset_)->SetIsObsIn(1, false), 8049);  // frozen
   EXPECT_EQ(project_.DelPSResults(model), 0);
   EXPECT_EQ(project_.DelPredset(predset), 0);
-  EXPECT_EQ(project_.ExecPS(model, predset), 8014);
+  EXPECT_EQ(project_.ExecPS(model, predset), 8030);
   EXPECT_EQ(project_.DelModel(model), 0);
   EXPECT_EQ(project_.GetWMInfo().GetNItm(), 0);
   EXPECT_EQ(project_.GetWorkset(workset_)->SetIsObsIn(1, false), 0);
   const short another = project_.AddPredset(dataset_, workset_, "PS");
-  EXPECT_EQ(project_.DelWorkset(workset_), 8041);
-  EXPECT_EQ(project_.DelPredset(another), 0);
   EXPECT_EQ(project_.DelWorkset(workset_), 0);
+  EXPECT_EQ(project_.GetPredset(another), nullptr);
   EXPECT_EQ(project_.DelDataset(dataset_), 0);
   EXPECT_EQ(project_.GetDataset(dataset_), nullptr);
-  for (const int status :
-       {project_.DelModel(model), project_.DelPSResults(model), project_.DelPredset(predset),
-        project_.DelWorkset(workset_), project_.DelDataset(dataset_), project_.Compute(model)}) {
-    EXPECT_EQ(status, 8014);
-  }
+  const std::vector<int> statuses = {project_.Compute(model),       project_.ExecPS(model, predset),
+                                     project_.DelPSResults(model),  project_.DelModel(model),
+                                     project_.DelWorkset(workset_), project_.DelPredset(predset),
+                                     project_.DelDataset(dataset_)};
+  EXPECT_EQ(statuses, (std::vector<int>{8010, 8010, 8010, 8010, 8011, 8030, 8009}));
+}
+
+TEST_F(ProjectOfOneTable, DeletesTheDataOfAPredictionSetWhenNoModelHoldsResults) {
+  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+  project_.GetModel(model)->GetModOpt().SetNComp(1);
+  ASSERT_EQ(project_.Compute(model), 0);
+  const short other = project_.AddDataset(Table("abcd", 5));
+  const short predset = project_.AddPredset(other, workset_, "PS");
+  ASSERT_EQ(project_.ExecPS(model, predset), 0);
+  EXPECT_EQ(project_.DelDataset(other), 8041);
+  EXPECT_EQ(project_.DelPSResults(model), 0);
+  EXPECT_EQ(project_.DelDataset(other), 0);
+  EXPECT_EQ(project_.GetPredset(predset), nullptr);
+}
+
+TEST_F(ProjectOfOneTable, OwnsModelsThatAreMadeWithIt) {
+  const short predset = project_.AddPredset(dataset_, workset_, "PS");
+  const short other = project_.AddWorkset(project_.AddDataset(Table("abc", 7)), "Other");
+  ModOpt options(&project_.GetPrjOpt());
+  options.SetNComp(1);
+  const auto make = [&](Project* project) {
+    return PCModel(project, EModType::kPC1, window_, &options, 0);
+  };
+  PCModel of_last = make(&project_);
+  ASSERT_EQ(of_last.Compute(), 0);
+  EXPECT_EQ(of_last.GetNObs(), 7);
+  EXPECT_EQ(of_last.ExecPS(), 8030);  // the prediction set is of the first
+  EXPECT_EQ(project_.SetCurrentWorkset(workset_), 0);
+  PCModel of_first = make(&project_);
+  ASSERT_EQ(of_first.Compute(), 0);
+  EXPECT_EQ(of_first.GetNObs(), 12);
+  EXPECT_EQ(of_first.ExecPS(), 0);
+  EXPECT_EQ(of_first.GetNObsPS(), 12);
+  EXPECT_EQ(project_.SetCurrentPredset(static_cast<short>(predset + 1)), 8030);
+  EXPECT_EQ(project_.SetCurrentWorkset(static_cast<short>(other + 1)), 8011);
+  EXPECT_EQ(make(nullptr).GetStatus(), 8022);
+}
+
+TEST_F(ProjectOfOneTable, ARefusalDoesNotStandAgainstTheNextOperation) {
+  const short number = project_.AddModel(workset_, EModType::kPC1, 0);
+  ModOpt& options = project_.GetModel(number)->GetModOpt();
+  options.SetNComp(2);
+  options.SetSeqValidate(EValidate::CV);
+  options.SetNCV(1);
+  EXPECT_EQ(project_.Compute(number), 8013);
+  options.SetNCV(7);
+  EXPECT_EQ(project_.Compute(number), 0);
+  const short foreign = project_.AddDataset(Table("wxyz", 5));
+  EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(foreign, workset_, "None")), 8033);
+  EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(dataset_, workset_, "PS")), 0);
+  options.SetNComp(3);
+  EXPECT_EQ(project_.Compute(number), 0);
+  EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 3);
 }
 
 TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
   EXPECT_EQ(project_.AddDataset(nullptr), 0);
   EXPECT_EQ(project_.GetStatus(), 8022);
+  EXPECT_EQ(project_.AddDataset(project_.GetDataset(dataset_)), 0);
+  EXPECT_EQ(project_.GetStatus(), 8023);
   EXPECT_EQ(project_.AddWorkset(7, "WS"), 0);
-  EXPECT_EQ(project_.GetStatus(), 8014);
+  EXPECT_EQ(project_.GetStatus(), 8009);
+  EXPECT_EQ(project_.AddPredset(dataset_, 7, "PS"), 0);
+  EXPECT_EQ(project_.GetStatus(), 8011);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
   EXPECT_EQ(project_.GetStatus(), 8045);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPC2, 0), 0);  // there is no Y

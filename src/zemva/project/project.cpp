@@ -4,8 +4,8 @@
 #include <limits>
 #include <utility>
 
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/names.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 
 namespace zemva {
@@ -54,6 +54,9 @@ short Project::Add(Numbered<Owned>& all, short most, Make make) {
 }
 
 short Project::AddDataset(Dataset* dataset) {
+  const bool is_here =
+      std::ranges::any_of(datasets_, [&](const auto& own) { return own.second.get() == dataset; });
+  if (is_here) return SetStatus(status::mva::kAlreadyInserted), short{0};
   std::unique_ptr<Dataset> taken(dataset);
   return Add(datasets_, kMostOfAKind, [&](short, std::unique_ptr<Dataset>& owned) {
     if (taken == nullptr) return status::mva::kNullPointer;
@@ -63,29 +66,34 @@ short Project::AddDataset(Dataset* dataset) {
 }
 
 short Project::AddWorkset(short dataset, const char* name) {
-  return Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
+  const short number = Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
     Dataset* const source = GetDataset(dataset);
-    if (source == nullptr) return status::mva::kNoSuchNumber;
+    if (source == nullptr) return status::mva::kDataNotAvailable;
     owned = std::make_unique<Workset>(name, *source, window_);
     return owned->GetStatus();
   });
+  if (number != 0) current_workset_ = number;
+  return number;
 }
 
 short Project::AddPredset(short dataset, short workset, const char* name) {
-  return Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
+  const short number = Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
     Dataset* const source = GetDataset(dataset);
     owned.workset = GetWorkset(workset);
-    if (source == nullptr || owned.workset == nullptr) return status::mva::kNoSuchNumber;
+    if (source == nullptr) return status::mva::kDataNotAvailable;
+    if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
     owned.predset = std::make_unique<Predset>(name, *source, *owned.workset, window_);
     return owned.predset->GetStatus();
   });
+  if (number != 0) current_predset_ = number;
+  return number;
 }
 
 short Project::AddModel(short workset, EModType type, char selector) {
   Workset* const source = GetWorkset(workset);
   const short number =
       Add(models_, kMaxModels, [&](short free, std::unique_ptr<WorksetModel>& owned) {
-        if (source == nullptr) return status::mva::kNoSuchNumber;
+        if (source == nullptr) return status::mva::kWorksetNotAvailable;
         owned = std::make_unique<WorksetModel>(*this, *source, type, selector, window_);
         if (owned->GetStatus() != status::kOk) return owned->GetStatus();
         owned->GetModel()->SetModNum(free);
@@ -123,10 +131,28 @@ WorksetModel* Project::GetModel(short number) const {
   return found == nullptr ? nullptr : found->get();
 }
 
+int Project::SetCurrentWorkset(short number) {
+  if (GetWorkset(number) == nullptr) return SetStatus(status::mva::kWorksetNotAvailable);
+  current_workset_ = number;
+  return SetStatus(status::kOk);
+}
+
+int Project::SetCurrentPredset(short number) {
+  if (GetPredset(number) == nullptr) return SetStatus(status::mva::kPredsetNotAvailable);
+  current_predset_ = number;
+  return SetStatus(status::kOk);
+}
+
+Predset* Project::GetCurrentPredset() {
+  const auto* const found = Find(predsets_, current_predset_);
+  const bool is_of_current = found != nullptr && found->workset == GetCurrentWorkset();
+  return is_of_current ? found->predset.get() : nullptr;
+}
+
 int Project::Compute(short number) {
   WorksetModel* const workset_model = GetModel(number);
-  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  Model& model = *workset_model->GetModel();
+  if (workset_model == nullptr) return SetStatus(status::mva::kModelNotAvailable);
+  Model& model = workset_model->Restart();
   const ModOpt& options = workset_model->GetModOpt();
   const bool has_all =
       !options.GetIsRule() && options.GetNComp() > 0 && model.GetA() >= options.GetNComp();
@@ -140,17 +166,12 @@ int Project::Compute(short number) {
 int Project::ExecPS(short number, short predset) {
   WorksetModel* const workset_model = GetModel(number);
   const PredsetOfWorkset* const executed = Find(predsets_, predset);
-  if (workset_model == nullptr || executed == nullptr) {
-    return SetStatus(status::mva::kNoSuchNumber);
-  }
+  if (workset_model == nullptr) return SetStatus(status::mva::kModelNotAvailable);
+  if (executed == nullptr) return SetStatus(status::mva::kPredsetNotAvailable);
   if (executed->workset != &workset_model->GetWorkset()) {
     return SetStatus(status::mva::kInconsistentWorksets);
   }
   return SetStatus(workset_model->ExecPS(*executed->predset));
-}
-
-char Project::Ask(const char* /*question*/) {
-  return 'y';
 }
 
 bool Project::HasModels(const Workset& workset) const {
@@ -160,7 +181,7 @@ bool Project::HasModels(const Workset& workset) const {
 
 int Project::DelModel(short number) {
   const WorksetModel* const deleted = GetModel(number);
-  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (deleted == nullptr) return SetStatus(status::mva::kModelNotAvailable);
   Workset& workset = deleted->GetWorkset();
   models_info_.DelWM(models_info_.GetWMIx(number));
   models_.erase(number);
@@ -170,44 +191,46 @@ int Project::DelModel(short number) {
 
 int Project::DelPSResults(short number) {
   WorksetModel* const workset_model = GetModel(number);
-  if (workset_model == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (workset_model == nullptr) return SetStatus(status::mva::kModelNotAvailable);
   return SetStatus(workset_model->DeletePSResults());
+}
+
+bool Project::HasResults(const Predset& predset) const {
+  return std::ranges::any_of(
+      models_, [&](const auto& model) { return model.second->GetPredset() == &predset; });
 }
 
 int Project::DelPredset(short number) {
   const Predset* const deleted = GetPredset(number);
-  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  const bool has_results = std::ranges::any_of(
-      models_, [&](const auto& model) { return model.second->GetPredset() == deleted; });
-  if (has_results) return SetStatus(status::mva::kDeletePredsetFirst);
+  if (deleted == nullptr) return SetStatus(status::mva::kPredsetNotAvailable);
+  if (HasResults(*deleted)) return SetStatus(status::mva::kDeletePredsetFirst);
   predsets_.erase(number);
   return SetStatus(status::kOk);
 }
 
 int Project::DelWorkset(short number) {
   const Workset* const deleted = GetWorkset(number);
-  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
+  if (deleted == nullptr) return SetStatus(status::mva::kWorksetNotAvailable);
   if (HasModels(*deleted)) return SetStatus(status::mva::kDeleteModelsFirst);
-  const bool has_predsets = std::ranges::any_of(
-      predsets_, [&](const auto& predset) { return predset.second.workset == deleted; });
-  if (has_predsets) return SetStatus(status::mva::kDeletePredsetFirst);
+  std::erase_if(predsets_, [&](const auto& predset) { return predset.second.workset == deleted; });
   worksets_.erase(number);
   return SetStatus(status::kOk);
 }
 
-bool Project::IsUsed(const Dataset& dataset) const {
-  return std::ranges::any_of(
-             worksets_,
-             [&](const auto& workset) { return &workset.second->GetDataset() == &dataset; }) ||
-         std::ranges::any_of(predsets_, [&](const auto& predset) {
-           return &predset.second.predset->GetDataset() == &dataset;
-         });
-}
-
 int Project::DelDataset(short number) {
   const Dataset* const deleted = GetDataset(number);
-  if (deleted == nullptr) return SetStatus(status::mva::kNoSuchNumber);
-  if (IsUsed(*deleted)) return SetStatus(status::mva::kWorksetGenerated);
+  if (deleted == nullptr) return SetStatus(status::mva::kDataNotAvailable);
+  const bool has_worksets = std::ranges::any_of(
+      worksets_, [&](const auto& workset) { return &workset.second->GetDataset() == deleted; });
+  if (has_worksets) return SetStatus(status::mva::kWorksetGenerated);
+  const auto is_of_deleted = [&](const auto& predset) {
+    return &predset.second.predset->GetDataset() == deleted;
+  };
+  const bool has_results = std::ranges::any_of(predsets_, [&](const auto& predset) {
+    return is_of_deleted(predset) && HasResults(*predset.second.predset);
+  });
+  if (has_results) return SetStatus(status::mva::kDeletePredsetFirst);
+  std::erase_if(predsets_, is_of_deleted);
   datasets_.erase(number);
   return SetStatus(status::kOk);
 }

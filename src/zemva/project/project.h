@@ -9,6 +9,7 @@
 #include "zemva/base/fixed_text.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/stream_window.h"
+#include "zemva/model/block/model_owner.h"
 #include "zemva/model/workset/model_type.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/model/workset/workset.h"
@@ -23,9 +24,13 @@ namespace zemva {
 // depends on something else is deleted before it, and stands against its deletion: a model and a
 // prediction set depend on their work set, both sets on their data set.
 //
+// It can be the owner of other models as well, which are made with it and belong to their maker:
+// they are of its current work set and prediction set.
+//
 // What makes something returns its number, or 0 with the status; what else can fail returns the
-// status. 8002 when memory runs out. 8014 for a number that there is not.
-class ZEMVA_API Project {
+// status. 8002 when memory runs out. For a number that there is not 8009 where it is that of a data
+// set, 8011 of a work set, 8030 of a prediction set, 8010 of a model.
+class ZEMVA_API Project : public ModelOwner {
  public:
   static constexpr short kMaxModels = 99;
 
@@ -33,7 +38,7 @@ class ZEMVA_API Project {
   Project(const char* name, StreamWindow& window);
   Project(const Project&) = delete;
   Project& operator=(const Project&) = delete;
-  virtual ~Project();
+  ~Project() override;
 
   const char* GetNam() const { return name_.Get(); }
   int GetStatus() const { return status_; }
@@ -43,7 +48,7 @@ class ZEMVA_API Project {
 
   // --- Making ---
 
-  // Takes the data set over, also when it fails. 8022 for null.
+  // Takes the data set over, also when it fails. 8022 for null, 8023 for one that it has already.
   short AddDataset(Dataset* dataset);
   // Of all observations and variables of a data set. The code of Workset when it fails.
   short AddWorkset(short dataset, const char* name);
@@ -63,7 +68,16 @@ class ZEMVA_API Project {
   // All models; good until one is added or deleted.
   WMInfo& GetWMInfo() { return models_info_; }
 
-  // --- Computing ---
+  // --- What is current: the sets added last, or those that are set here ---
+
+  int SetCurrentWorkset(short number);
+  int SetCurrentPredset(short number);
+  Workset* GetCurrentWorkset() override { return GetWorkset(current_workset_); }
+  // Null too where it is of another work set than the current one.
+  Predset* GetCurrentPredset() override;
+  const PrjOpt& GetOptions() const override { return options_; }
+
+  // --- Computing: what a model has refused does not stand against it being asked again ---
 
   // Fits components while there are more to fit, and executes the model on its work set. Nothing is
   // fitted to a model that has as many as it is to have. The code of the model; 0 too when the
@@ -78,13 +92,11 @@ class ZEMVA_API Project {
   // 8041 while a model holds results of it: DelPSResults first.
   int DelPredset(short number);
   int DelPSResults(short model);
-  // 8049 while there are models of it, 8041 while there are prediction sets.
+  // Prediction sets of it go with it. 8049 while there are models of it.
   int DelWorkset(short number);
-  // 8054 while there are work sets or prediction sets of it.
+  // Prediction sets of it go with it. 8054 while there are work sets of it, 8041 while a model
+  // holds results of one of the prediction sets.
   int DelDataset(short number);
-
-  // The reply to what a model asks, as ModelOwner says; a host may override it.
-  virtual char Ask(const char* question);
 
  private:
   struct PredsetOfWorkset {
@@ -99,7 +111,7 @@ class ZEMVA_API Project {
   template <typename Owned, typename Make>
   short Add(Numbered<Owned>& all, short most, Make make);
   bool HasModels(const Workset& workset) const;
-  bool IsUsed(const Dataset& dataset) const;
+  bool HasResults(const Predset& predset) const;
 
   FixedText<24> name_;
   StreamWindow& window_;
@@ -110,6 +122,8 @@ class ZEMVA_API Project {
   Numbered<PredsetOfWorkset> predsets_;
   Numbered<std::unique_ptr<WorksetModel>> models_;
   WMInfo models_info_{"WMInfo"};
+  short current_workset_ = 0;
+  short current_predset_ = 0;
   int status_ = 0;
 };
 

@@ -36,10 +36,18 @@ int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
   return status::kOk;
 }
 
+Model& WorksetModel::Restart() {
+  const int status = model_->GetStatus();
+  // That the rules have refused a component holds until the model is reset.
+  const bool has_failed = status != status::kOk && status != status::mva::kComponentAborted;
+  if (has_failed) model_->Reset(model_->GetA());
+  return *model_;
+}
+
 int WorksetModel::ExecPS(Predset& predset) {
   DeletePSResults();
   predset_ = &predset;
-  const int status = model_->ExecPS();
+  const int status = Restart().ExecPS();
   if (status != status::kOk) predset_ = nullptr;
   return status;
 }

@@ -32,6 +32,8 @@ class ZEMVA_API WorksetModel : public ModelOwner {
   int GetStatus() const { return status_; }
   // Null where the status is not 0.
   Model* GetModel() const { return model_.get(); }
+  // The model as it is asked for something anew: a failure does not stand against it any longer.
+  Model& Restart();
   ModOpt& GetModOpt() { return options_; }
   Workset& GetWorkset() const { return workset_; }
   // Executes the model on a prediction set, which it then holds results of unless that fails, and

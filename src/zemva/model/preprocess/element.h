@@ -9,11 +9,11 @@
 
 namespace zemva {
 
-// The missing value for what is not a number or beyond the range of an element. What is too small
-// for one becomes 0.
+// The missing value for what is not a number or beyond the range of an element, and for nothing
+// else. What is too small for one becomes 0.
 inline float ToElement(double value) {
   const bool is_in_range = std::abs(value) <= std::numeric_limits<float>::max();
-  return is_in_range ? static_cast<float>(value) : kMissing;
+  return is_in_range ? AsPresent(static_cast<float>(value)) : kMissing;
 }
 
 }  // namespace zemva

@@ -6,8 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "zemva/errors/memory_guard.h"
+#include "zemva/base/positions.h"
 #include "zemva/data/var_info.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/model/preprocess/column_spreads.h"
 #include "zemva/model/preprocess/element.h"
 #include "zemva/model/preprocess/exp_info.h"
@@ -23,20 +24,22 @@ double Root(double weight) {
   return IsMissing(weight) ? weight : std::sqrt(weight);
 }
 
-float Modified(double weight, float modifier) {
-  return ToElement(IsMissing(weight) || IsMissing(modifier) ? weight : weight * modifier);
+// What is undefined stays so.
+float ToWeight(double weight, float modifier = kMissing) {
+  if (IsMissing(weight)) return kMissing;
+  return ToElement(IsMissing(modifier) ? weight : weight * modifier);
 }
 
 float Weight(EScaType type, const ScaData& present, const ColumnSpreads& spreads, int column) {
   switch (type) {
     case EScaType::kUV:
-      return Modified(spreads.InverseDeviation(column), present.GetScaC1());
+      return ToWeight(spreads.InverseDeviation(column), present.GetScaC1());
     case EScaType::kUVN:
-      return Modified(spreads.InverseRootMeanSquare(column), present.GetScaC1());
+      return ToWeight(spreads.InverseRootMeanSquare(column), present.GetScaC1());
     case EScaType::kPar:
-      return Modified(Root(spreads.InverseDeviation(column)), present.GetScaC1());
+      return ToWeight(Root(spreads.InverseDeviation(column)), present.GetScaC1());
     case EScaType::kParN:
-      return Modified(Root(spreads.InverseRootMeanSquare(column)), present.GetScaC1());
+      return ToWeight(Root(spreads.InverseRootMeanSquare(column)), present.GetScaC1());
     case EScaType::kCtr:
     case EScaType::kNone:
       return 1.0f;
@@ -127,7 +130,7 @@ int ScaInfo::SetWeights(short var, EScaType type, const ColumnSpreads& spreads, 
   }
   return Update(
       ScaData(var, present.GetINam(), resolved, Weight(resolved, present, spreads, column),
-              ToElement(spreads.InverseDeviation(column)), present.GetScaC1(), present.GetScaC2()));
+              ToWeight(spreads.InverseDeviation(column)), present.GetScaC1(), present.GetScaC2()));
 }
 
 int ScaInfo::TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
@@ -171,7 +174,8 @@ int ScaInfo::AddVars(const ItmInfo& variables) {
     const auto position = static_cast<short>(j);
     const short vnum = variables.GetINum(position);
     if (present.Has(vnum)) continue;
-    const int status = AddItm(ScaData(vnum, variables.GetINam(position), EScaType::kUV));
+    const int status =
+        AddItm(ScaData::BeforeData(vnum, variables.GetINam(position), EScaType::kUV));
     if (status == status::kOk) continue;
     KeepFirst(count);
     return SetStatus(status);
@@ -197,8 +201,17 @@ int ScaInfo::FixAddedVars(short nvar, const LagInfo* lags, const ExpInfo* terms)
   return SetStatus(status::kOk);
 }
 
+template <typename Predicate>
+short ScaInfo::Count(Predicate is_counted) const {
+  short count = 0;
+  for (const short i : PositionsUpTo(GetNItm())) {
+    if (is_counted(*GetItm(i))) ++count;
+  }
+  return count;
+}
+
 short ScaInfo::GetNMisWeig() const {
-  return CountMissing(&ScaData::GetWeig);
+  return Count([](const ScaData& row) { return IsMissing(row.GetWeig()); });
 }
 
 bool ScaInfo::IsAnyVarCtd() const {
@@ -214,8 +227,10 @@ int ScaInfo::SetCenter(bool is_centred) {
     const EScaType counterpart = Counterpart(type, is_centred);
     if (counterpart == type) continue;
     const float weight = IsFromData(type) ? kMissing : row.GetWeig();
-    Update(ScaData(row.GetINum(), row.GetINam(), counterpart, weight, row.GetWeigAC(),
-                   row.GetScaC1(), row.GetScaC2(), row.GetWeigM(), row.GetPrevScaType()));
+    ScaData changed(row.GetINum(), row.GetINam(), counterpart, weight, row.GetWeigAC(),
+                    row.GetScaC1(), row.GetScaC2(), row.GetWeigM(), row.GetPrevScaType());
+    changed.SetIsBeforeData(row.IsBeforeData());
+    Update(changed);
   }
   return SetStatus(status::kOk);
 }
@@ -252,7 +267,8 @@ XFVector* ScaInfo::ExtWeig(const VarInfo* variables, short count, char is_autosc
 
 int ScaInfo::ShowAll(StreamWindow& window) {
   VariableTable::ShowAll(window);
-  const short count = CountMissing(&ScaData::GetWeigAC);
+  const short count =
+      Count([](const ScaData& row) { return IsMissing(row.GetWeigAC()) && !row.IsBeforeData(); });
   if (count == 0) return status::kOk;
   Listing(window)
       .Text("WARNING: ")
@@ -262,14 +278,6 @@ int ScaInfo::ShowAll(StreamWindow& window) {
       .Text("Exclude these variable(s) or include more observations.")
       .EndLine();
   return status::kOk;
-}
-
-short ScaInfo::CountMissing(float (ScaData::*weight)() const) const {
-  short count = 0;
-  for (short i = 1; GetItm(i) != nullptr; ++i) {
-    if (IsMissing((GetItm(i)->*weight)())) ++count;
-  }
-  return count;
 }
 
 const char* ScaInfo::Header() const {

@@ -54,6 +54,14 @@ class ZEMVA_API ScaData : public ItmData {
         sca_c2_(sca_c2),
         weig_m_(weig_m),
         previous_type_(previous_type) {}
+  // The row of a variable in a work set, which gives its weights to the models that are made of it:
+  // each has other observations.
+  static ScaData BeforeData(short vnum, const char* name, EScaType type, float weig = kMissing,
+                            float sca_c1 = kMissing) {
+    ScaData row(vnum, name, type, weig, kMissing, sca_c1);
+    row.SetIsBeforeData(true);
+    return row;
+  }
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<ScaData>(*this); }
 
   EScaType GetScaType() const { return type_; }
@@ -66,6 +74,9 @@ class ZEMVA_API ScaData : public ItmData {
   float GetScaC2() const { return sca_c2_; }
   float GetWeigM() const { return weig_m_; }
   EScaType GetPrevScaType() const { return previous_type_; }
+  // Whether no data have been weighed yet: that a weight is missing then tells nothing of them.
+  bool IsBeforeData() const { return is_before_data_; }
+  void SetIsBeforeData(bool is_before_data) { is_before_data_ = is_before_data; }
 
  private:
   EScaType type_;
@@ -75,6 +86,7 @@ class ZEMVA_API ScaData : public ItmData {
   float sca_c2_;
   float weig_m_;
   EScaType previous_type_;
+  bool is_before_data_ = false;
 };
 
 class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
@@ -150,7 +162,7 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // when `sel` is null or memory runs out.
   ScaInfo* ExtScaInfo(const XI1Vector* sel) const { return Extract<ScaInfo>("ScaInfoX", sel); }
 
-  // Warns of variables whose WeigAC is missing.
+  // Warns of variables whose values do not vary: their WeigAC is missing.
   int ShowAll(StreamWindow& window) override;
 
  private:
@@ -159,8 +171,8 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // What SetScaInfo does with the rows of another table.
   int TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
                bool is_from_data);
-  // In how many rows the weight is missing.
-  short CountMissing(float (ScaData::*weight)() const) const;
+  template <typename Predicate>
+  short Count(Predicate is_counted) const;
   const char* Header() const override;
   void ShowRow(short i, const ScaData& row, StreamWindow& window) const override;
 };

@@ -39,7 +39,6 @@ int Predset::Init() {
                    observations.GetNItm() == workset_.GetNObsDS() &&
                    variables.GetNVar() == workset_.GetNVarDS();
   columns_ = is_of_workset_ ? Identity(variables.GetNVar()) : MatchVars(variables);
-  is_told_.assign(columns_.size(), false);
   is_in_.assign(static_cast<std::size_t>(observations.GetNItm()), true);
   // Without observations the rest is not used: they come last.
   variables_ = std::move(variables);
@@ -84,15 +83,15 @@ XI1Vector Predset::SelectObs() const {
 }
 
 // Tells of the sources that are not there.
-int Predset::CheckSources(EBlock block, const std::vector<short>& sources) {
+int Predset::CheckSources(const Preparation& preparation, StreamWindow& window) const {
+  const std::vector<short>& sources = preparation.plan->GetSources();
   const auto is_there = [&](short j) { return columns_[Slot(j)] != 0; };
-  if (block == EBlock::kX && std::ranges::none_of(sources, is_there)) {
+  if (preparation.block == EBlock::kX && std::ranges::none_of(sources, is_there)) {
     return status::mva::kNoCommonElements;
   }
   for (const short j : sources) {
-    if (is_there(j) || is_told_[Slot(j)]) continue;
-    is_told_[Slot(j)] = true;
-    Listing(window_)
+    if (is_there(j)) continue;
+    Listing(window)
         .Text("Variable ")
         .Text(workset_.GetVNam(j))
         .Text(" is not in the data set, its values are missing.")
@@ -109,23 +108,28 @@ int Predset::MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& 
   return Workset::MakeClassMatrix(row_classes, classes, matrix);
 }
 
-int Predset::MakeMatrix(EModType type, EBlock block, char selector,
-                        std::unique_ptr<XFMatrix>& matrix) {
-  const Workset::Selection selection = {SelectObs(), workset_.SelectVars(type, block)};
-  int status = Workset::Check(type, block, selector, selection);
+int Predset::MakeMatrix(const Preparation& preparation, StreamWindow& window,
+                        std::unique_ptr<XFMatrix>& matrix) const {
+  if (preparation.workset != &workset_) return status::mva::kInconsistentWorksets;
+  if (GetNObs() == 0) return status::mva::kTooFewObservations;
+  if (preparation.plan == nullptr) return MakeClassMatrix(preparation.variables, matrix);
+  const int status = CheckSources(preparation, window);
   if (status != status::kOk) return status;
-  if (IsClassBlock(type, block)) return MakeClassMatrix(selection.variables, matrix);
-  const ColumnPlan plan = workset_.MakePlan(selection.variables);
-  status = CheckSources(block, plan.GetSources());
-  if (status != status::kOk) return status;
-  const DataSource source = {dataset_, observations_, variables_, Positions(selection.observations),
-                             columns_};
-  return ExtractColumns(plan, source, window_, matrix);
+  const DataSource source = {dataset_, observations_, variables_, Positions(SelectObs()), columns_};
+  return ExtractColumns(*preparation.plan, source, window, matrix);
+}
+
+XFMatrix* Predset::ExtMatrix(const Preparation& preparation, StreamWindow& window) {
+  return HandOver<XFMatrix>(status_,
+                            [&](auto& matrix) { return MakeMatrix(preparation, window, matrix); });
 }
 
 XFMatrix* Predset::ExtMatrix(EModType type, EBlock block, char selector) {
-  return HandOver<XFMatrix>(
-      status_, [&](auto& matrix) { return MakeMatrix(type, block, selector, matrix); });
+  return HandOver<XFMatrix>(status_, [&](auto& matrix) {
+    std::unique_ptr<Preparation> preparation;
+    const int status = workset_.MakePreparation(type, block, selector, preparation);
+    return status == status::kOk ? MakeMatrix(*preparation, window_, matrix) : status;
+  });
 }
 
 ObsInfo* Predset::ExtObsInfo() {
@@ -146,17 +150,24 @@ I2Vector* Predset::ExtObsIx() {
   });
 }
 
-I1Vector* Predset::ExtMembership(EModType type, char selector) {
+I1Vector* Predset::ExtMembership(const Preparation& preparation) {
   return HandOver<I1Vector>(status_, [&](auto& memberships) {
+    if (preparation.workset != &workset_) return status::mva::kInconsistentWorksets;
     const std::vector<short> rows = Positions(SelectObs());
     memberships = std::make_unique<I1Vector>(static_cast<int>(rows.size()), kNotSelected);
     if (memberships->GetStatus() != status::kOk) return status::mva::kMemory;
     if (!is_of_workset_) return status::kOk;
-    const XI1Vector members = workset_.SelectObs(type, selector);
     std::ranges::transform(rows, memberships->Values().begin(),
-                           [&](short i) { return members.GetElement(i); });
+                           [&](short i) { return preparation.members.GetElement(i); });
     return status::kOk;
   });
+}
+
+I1Vector* Predset::ExtMembership(EModType type, char selector) {
+  std::unique_ptr<Preparation> preparation;
+  status_ = MemoryGuarded(
+      [&] { return workset_.MakePreparation(type, EBlock::kX, selector, preparation); });
+  return preparation == nullptr ? nullptr : ExtMembership(*preparation);
 }
 
 }  // namespace zemva

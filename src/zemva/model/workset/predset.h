@@ -11,6 +11,7 @@
 #include "zemva/data/obs_info.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/preparation.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/numeric/vector.h"
 #include "zemva/numeric/x_matrix.h"
@@ -19,7 +20,7 @@ namespace zemva {
 
 // Which observations of a data set are predicted, and how its variables become those of a work set.
 // As the work set does, it reads the values from the data set each time that a model asks; it puts
-// them through the work set's lags, transformations and expansion as they are at that time. Lagged
+// them through the lags, transformations and expansion that the model was made with. Lagged
 // variables look back over the observations that are in.
 //
 // The variables of the work set's data set are matched by name: the first of a name with the first
@@ -56,26 +57,29 @@ class ZEMVA_API Predset {
   // --- Extraction ---
   //
   // Each returns a new object, the caller's, with a row or element for each observation that is in,
-  // in order. Type and selector are those of the work set's extraction.
+  // in order.
 
-  // The columns are those of the work set's ExtMatrix, which tells what they hold. A variable that
-  // the data set has not is missing throughout, which a message tells once in the life of the
-  // prediction set; so is what is made of it.
+  // The columns are those of the matrix that was taken out of the work set with the preparation:
+  // ExtMatrix there tells what they hold. A variable that the data set has not is missing
+  // throughout, and so is what is made of it; messages in the window tell.
   //
   // The classes, which are the Y of models of classes, are known where both sets are of the same
   // Dataset, as for the variables, and the work set puts the observation into one of the classes of
   // the model; the row is missing otherwise.
   //
-  // 8013 as for the work set; 8020 where no observation is in; 8017 and 8018 where the work set has
-  // no variables for the block; 8033 where X has nothing of the data set, while such a Y is missing
-  // throughout; 8046 when the data set has other observations or variables than it had; the code of
-  // Load when it has to be loaded and cannot.
+  // 8040 for the preparation of another work set; 8020 where no observation is in; 8033 where X has
+  // nothing of the data set, while such a Y is missing throughout; 8046 when the data set has other
+  // observations or variables than it had; the code of Load when it has to be loaded and cannot.
+  XFMatrix* ExtMatrix(const Preparation& preparation, StreamWindow& window);
+  // The same as the work set is now, with the codes of its ExtMatrix; messages go to the window of
+  // the prediction set.
   XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
   ObsInfo* ExtObsInfo();
   // The positions of the observations in the data set.
   I2Vector* ExtObsIx();
-  // 1 for the observations that a model of the type is made of: those of the same Dataset that the
-  // work set selects for it. 0 for others, and so for all where the data sets differ.
+  // 1 for the observations that the model is made of: those of the same Dataset that were taken out
+  // of the work set. 0 for others, and so for all where the data sets differ. 8040 as above.
+  I1Vector* ExtMembership(const Preparation& preparation);
   I1Vector* ExtMembership(EModType type, char selector);
 
  private:
@@ -83,9 +87,10 @@ class ZEMVA_API Predset {
   std::vector<short> MatchVars(const VarInfo& own) const;
   bool IsObs(int i) const { return i >= 1 && i <= GetNObsDS(); }
   XI1Vector SelectObs() const;
-  int CheckSources(EBlock block, const std::vector<short>& sources);
+  int CheckSources(const Preparation& preparation, StreamWindow& window) const;
   int MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& matrix) const;
-  int MakeMatrix(EModType type, EBlock block, char selector, std::unique_ptr<XFMatrix>& matrix);
+  int MakeMatrix(const Preparation& preparation, StreamWindow& window,
+                 std::unique_ptr<XFMatrix>& matrix) const;
 
   FixedText<24> name_;
   Dataset& dataset_;
@@ -96,10 +101,8 @@ class ZEMVA_API Predset {
   ObsInfo observations_{"ObsInfo"};
   std::vector<bool> is_in_;
   VarInfo variables_{"VarInfo"};
-  // For each variable of the work set's data set its column here, 0 for none, and whether that was
-  // told.
+  // For each variable of the work set's data set its column here, 0 for none.
   std::vector<short> columns_;
-  std::vector<bool> is_told_;
   int status_ = 0;
 };
 

@@ -26,6 +26,7 @@
 namespace zemva {
 
 class ColumnPlan;
+struct Preparation;
 
 // Which block a variable belongs to.
 enum class EVarRole : char { kExcluded = 0, kX = 1, kY = 2 };
@@ -188,8 +189,11 @@ class ZEMVA_API Workset {
 
   // A row for each observation selected and a column for each variable, neither centred nor scaled,
   // with present values counted. A value of the data set that is not a finite number is missing,
-  // as is what has no transform; messages tell.
+  // as is what has no transform; messages tell, in `window` where one is given.
   XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
+  XFMatrix* ExtMatrix(EModType type, EBlock block, char selector, StreamWindow& window);
+  // How the matrix is made, for a prediction set to make another one.
+  Preparation* ExtPreparation(EModType type, EBlock block, char selector);
   ObsInfo* ExtObsInfo(EModType type, char selector);
   VarInfo* ExtVarInfo(EModType type, EBlock block, char selector);
   // The scaling of each variable, with the weights that it makes of the matrix: that of ExtMatrix,
@@ -267,6 +271,8 @@ class ZEMVA_API Workset {
   template <typename Table>
   Table* ExtRows(EModType type, EBlock block, char selector, const Table& rows,
                  Table* (Table::*extract)(const XI1Vector*) const);
+  int MakePreparation(EModType type, EBlock block, char selector,
+                      std::unique_ptr<Preparation>& preparation) const;
   int MakeMatrix(EModType type, EBlock block, const Selection& selection, StreamWindow& window,
                  std::unique_ptr<XFMatrix>& matrix) const;
   // A row for each element of `row_classes`.

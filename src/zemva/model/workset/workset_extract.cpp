@@ -7,6 +7,7 @@
 #include "zemva/errors/status.h"
 #include "zemva/model/preprocess/number_set.h"
 #include "zemva/model/workset/extraction.h"
+#include "zemva/model/workset/preparation.h"
 #include "zemva/model/workset/workset.h"
 
 namespace zemva {
@@ -109,6 +110,21 @@ ColumnPlan Workset::MakePlan(const VarInfo& wanted) const {
   return ColumnPlan(variables_, lags_, transformations_, terms_, wanted);
 }
 
+int Workset::MakePreparation(EModType type, EBlock block, char selector,
+                             std::unique_ptr<Preparation>& preparation) const {
+  Selection selection = {SelectObs(type, selector), SelectVars(type, block)};
+  const int status = Check(type, block, selector, selection);
+  if (status != status::kOk) return status;
+  std::unique_ptr<const ColumnPlan> plan;
+  if (!IsClassBlock(type, block)) {
+    plan = std::make_unique<const ColumnPlan>(MakePlan(selection.variables));
+  }
+  preparation =
+      std::make_unique<Preparation>(Preparation{this, block, std::move(selection.observations),
+                                                std::move(selection.variables), std::move(plan)});
+  return status::kOk;
+}
+
 int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
                         StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const {
   const std::vector<short> rows = Positions(selection.observations);
@@ -140,8 +156,18 @@ int Workset::MakeClassMatrix(const std::vector<char>& row_classes, const VarInfo
 }
 
 XFMatrix* Workset::ExtMatrix(EModType type, EBlock block, char selector) {
+  return ExtMatrix(type, block, selector, window_);
+}
+
+XFMatrix* Workset::ExtMatrix(EModType type, EBlock block, char selector, StreamWindow& window) {
   return Ext<XFMatrix>(type, block, selector, [&](const Selection& selection, auto& matrix) {
-    return MakeMatrix(type, block, selection, window_, matrix);
+    return MakeMatrix(type, block, selection, window, matrix);
+  });
+}
+
+Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector) {
+  return HandOver<Preparation>(status_, [&](auto& preparation) {
+    return MakePreparation(type, block, selector, preparation);
   });
 }
 

@@ -27,7 +27,7 @@ int Workset::SetScaling(short j, EScaType type, float modifier) {
     if (type < EScaType::kUV || type > EScaType::kNone) return status::mva::kIndexOutOfRange;
     const bool is_positive = std::isfinite(modifier) && modifier > 0.0f;
     if (!IsMissing(modifier) && !is_positive) return status::mva::kArgument;
-    return scalings_.Update(ScaData(GetVNum(j), GetVNam(j), type, kMissing, kMissing, modifier));
+    return scalings_.Update(ScaData::BeforeData(GetVNum(j), GetVNam(j), type, kMissing, modifier));
   });
 }
 
@@ -57,7 +57,7 @@ int Workset::SetFixedWeight(short j, EScaType type, float weight) {
     if (!IsVar(j)) return status::mva::kVariableNotAvailable;
     if (!IsFixed(type)) return status::mva::kIndexOutOfRange;
     if (!std::isfinite(weight) || weight < 0.0f) return status::mva::kArgument;
-    return scalings_.Update(ScaData(GetVNum(j), GetVNam(j), type, weight));
+    return scalings_.Update(ScaData::BeforeData(GetVNum(j), GetVNam(j), type, weight));
   });
 }
 
