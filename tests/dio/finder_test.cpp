@@ -5,11 +5,11 @@
 #include <set>
 #include <string>
 
-#include "zemva/dio/dio_file.h"
-#include "zemva/errors/dio_error.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/dio/dio_file.h"
+#include "zemva/errors/dio_error.h"
 
 namespace zemva {
 namespace {
