@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "commands.h"
+#include "signals.h"
 #include "zemva/errors/messages.h"
 
 #if defined(_WIN32)
@@ -85,6 +86,7 @@ int main(int argc, char** argv) {
 #if defined(_WIN32)
   _setmode(_fileno(stdout), _O_BINARY);  // lines end in \n on every system
 #endif
+  zemva::tools::RemoveUnfinishedFilesOnSignals();
   const std::vector<std::string_view> arguments(argv + 1, argv + argc);
   try {
     const int exit_status = zemva::tools::Run(arguments);

@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #if !defined(_WIN32)
+#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -87,6 +89,42 @@ TEST(AtomicFile, IsWrittenToAFileOfItsOwnThatIsAsPrivateAsTheOld) {
   EXPECT_EQ(test::ReadBytes(path), "new");
   EXPECT_FALSE(fs::is_symlink(path));
   EXPECT_EQ(test::ReadBytes(victim), "precious");
+}
+
+TEST(AtomicFile, RemovesWhatIsLeftOfProcessesThatAreGone) {
+  const test::TempFolder folder;
+  const pid_t gone = fork();
+  if (gone == 0) _exit(0);
+  waitpid(gone, nullptr, 0);
+  const auto name = [&](pid_t process, const std::string& rest) {
+    return folder.File(".saving-" + std::to_string(process) + rest);
+  };
+  const std::vector<std::string> kept = {
+      name(getppid(), "-1"),   name(gone, ""),
+      name(gone, "-1a"),       folder.File(".saving--1"),
+      folder.File(".saving-"), folder.File("saving-" + std::to_string(gone) + "-1")};
+  std::vector<std::string> leftovers = {name(gone, "-1"), name(gone, "-17")};
+  for (int i = 1; i <= 120; ++i) leftovers.push_back(name(getpid(), "-" + std::to_string(i)));
+  for (const auto& files : {kept, leftovers}) {
+    for (const std::string& file : files) test::WriteBytes(file, "cut off");
+  }
+  AtomicFile unfinished(folder.File("b.txt"));
+  ASSERT_NE(unfinished.GetStream(), nullptr);
+  EXPECT_TRUE(Save(folder.File("a.txt"), "new"));
+  for (const std::string& file : kept) EXPECT_TRUE(fs::exists(file)) << file;
+  EXPECT_TRUE(unfinished.Commit()) << "another's file was taken for a leftover";
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), std::ssize(kept) + 2);
+}
+
+TEST(AtomicFile, RemovesWhatALinkPointsToWhereItMayBeWritten) {
+  const test::TempFolder folder;
+  fs::create_symlink("a.txt", folder.File("link"));
+  EXPECT_FALSE(AtomicFile::Remove(folder.File("link")));
+  test::WriteBytes(folder.File("a.txt"), "old");
+  EXPECT_TRUE(AtomicFile::Remove(folder.File("link")));
+  EXPECT_TRUE(fs::is_symlink(folder.File("link")));
+  EXPECT_FALSE(fs::exists(folder.File("a.txt")));
+  EXPECT_FALSE(AtomicFile::Remove(folder.Path().string()));
 }
 
 TEST(AtomicFile, ANameAsLongAsAFolderTakesIsNoObstacle) {

@@ -2,15 +2,17 @@
 // these tests find reads and writes outside an object, leaks, and allocations out of proportion.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "zemva/data/dataset.h"
-#include "zemva/numeric/x_matrix.h"
-#include "zemva/plugin/ko_import.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/data/dataset.h"
+#include "zemva/dio/dio_data.h"
+#include "zemva/numeric/x_matrix.h"
+#include "zemva/plugin/ko_import.h"
 
 namespace zemva {
 namespace {
@@ -19,9 +21,12 @@ class DamagedFile : public ::testing::Test {
  protected:
   // Loads the bytes and, when they load, reads all that a host can ask for.
   int LoadAndReadAll(const std::string& bytes) {
+    std::filesystem::remove(path_);  // an overwritten file may wait for the disk, a new one does not
     test::WriteBytes(path_, bytes);
     Dataset dataset("Damaged", path_.c_str(), window_);
     const int status = dataset.Load();
+    short count;
+    EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).GetNObs(count), status);
     if (status != 0) {
       EXPECT_FALSE(dataset.IsLoaded());
       return status;

@@ -6,11 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "zemva/data/dangerous_data_set_manipulator.h"
-#include "zemva/data/dataset.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dataset.h"
+#include "zemva/dio/finder.h"
 
 namespace zemva {
 namespace {
@@ -86,6 +87,8 @@ TEST_F(DioDataTest, ItemsComeInAnyOrder) {
 
 TEST_F(DioDataTest, LaterItemCountsButANumberThatIsSetStays) {
   std::vector<std::string> items = SmallItems();
+  items.insert(items.begin(), Item("NOBJ", "i2", {}, test::I2(1)));
+  items.insert(items.begin(), test::MatrixItem(1, 1, {2}));
   items.push_back(Item("DSName", "sz21", {}, test::Z("Later")));
   items.push_back(Item("DSNum", "i2", {}, test::I2(9)));
   items.push_back(test::ObsInfoItem({{4, "d"}, {5, "e"}, {6, "f"}}));
@@ -99,6 +102,16 @@ TEST_F(DioDataTest, LaterItemCountsButANumberThatIsSetStays) {
   dataset_->GetObsInfo(1, number, name);
   EXPECT_STREQ(name, "d");
   EXPECT_EQ((*dataset_)[1][1], 9.0f);
+
+  DioData data(path_.c_str(), nullptr, window_);
+  EXPECT_EQ(data.GetNObs(number), 0);
+  EXPECT_EQ(number, 3);
+  EXPECT_EQ(data.GetDSNumber(number), 0);
+  EXPECT_EQ(number, 7);
+  XFVector* column = nullptr;
+  ASSERT_EQ(data.GetVar(1, column), 0);
+  EXPECT_EQ((*column)[3], 5.0f);
+  delete column;
 }
 
 TEST_F(DioDataTest, KnownItemsThatADataSetHasNoUseForAreIgnored) {
@@ -109,7 +122,10 @@ TEST_F(DioDataTest, KnownItemsThatADataSetHasNoUseForAreIgnored) {
   EXPECT_EQ(dataset_->GetKind(), 2);
 }
 
+// All that is done with a file refuses what Load refuses.
 TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
+  Dataset other("Other", path_.c_str(), window_, new XFMatrix("M", 0, 0, 0.0f),
+                new ObsInfo("ObsInfo"), new VarInfo("VarInfo"));
   const std::string long_payload(65535, 'x');
   const std::string small = test::SuperItemOf("Small", "data", test::Joined(SmallItems()));
   std::vector<std::string> no_matrix = SmallItems();
@@ -134,6 +150,10 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
       {"component number", FileOfItems(component), 2000, true},
       {"payload of 65,535 bytes",
        FileOfItems(ItemsWith(kTitle, Item("Title", "sz61", {}, long_payload))), 2003, false},
+      {"ignored payload of 65,535 bytes",
+       FileOfItems(ItemsWith(kTitle, Item("AvgX", "xvf4", {}, long_payload))), 2003, false},
+      {"super item with dimensions",
+       FileOf(2, 1, Item("Small", "data", {1}, test::Joined(SmallItems()))), 2005, true},
       {"overrun by a byte",
        FileOf(2, 1,
               Item("Small", "data", {}, test::Joined(SmallItems()),
@@ -146,6 +166,7 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
        2005, true},
       {"count of one byte", FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, "\2"))), 2005,
        false},
+      {"count of no bytes", FileOfItems(ItemsWith(kNObs, Item("NOBJ", "i2", {}, ""))), 2005, false},
       {"negative count", FileOfItems(ItemsWith(kNVar, Item("NVar", "i2", {}, test::I2(-1)))), 2005,
        false},
       {"no matrix", FileOfItems(no_matrix), 2023, false},
@@ -160,6 +181,12 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
       {"matrix that promises too much",
        FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {32767, 32767}, test::Z("m")))), 2005,
        false},
+      {"matrix beyond its item",
+       FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {3, 2}, "m"))) + std::string(99, 'x'),
+       2005, false},
+      {"table beyond its item",
+       FileOfItems(ItemsWith(kVarInfo, Item("VarInfo", "vari", {2}, test::I2(1) + "x"))), 2005,
+       false},
       {"rows of nothing",
        FileOfItems(ItemsWith(kMatrix, Item("Dataset", "mxf4", {32767, 0}, test::Z("m")))), 2005,
        false},
@@ -172,6 +199,26 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
     EXPECT_FALSE(dataset_->IsLoaded()) << c.what;
     EXPECT_STREQ(dataset_->GetDSNam(), "Before") << c.what;
     EXPECT_EQ(dataset_->GetDSNum(), 0) << c.what;
+
+    DioData data(path_.c_str(), nullptr, window_);
+    short number = 99;
+    XFVector* vector = nullptr;
+    XFMatrix* matrix = nullptr;
+    EXPECT_EQ(data.LoadListProject(dataset_.get()), c.status) << c.what;
+    EXPECT_EQ(data.GetNObs(number), c.status) << c.what;
+    EXPECT_EQ(data.GetNVar(number), c.status) << c.what;
+    EXPECT_EQ(data.GetDSNumber(number), c.status) << c.what;
+    EXPECT_EQ(data.GetVar(1, vector), c.status) << c.what;
+    EXPECT_EQ(data.GetObs(1, vector), c.status) << c.what;
+    EXPECT_EQ(data.GetMatrix(matrix), c.status) << c.what;
+    EXPECT_EQ(number, 99) << c.what;
+    EXPECT_TRUE(vector == nullptr && matrix == nullptr) << c.what;
+    EXPECT_EQ(data.Delete(), c.status) << c.what;
+    if (c.bytes.empty()) continue;  // a save makes a file of it
+    other.SetDirtyFlag(true);
+    EXPECT_EQ(other.Save(), c.status) << c.what;
+    EXPECT_TRUE(other.IsDirty()) << c.what;
+    EXPECT_EQ(test::ReadBytes(path_), c.bytes) << c.what;
   }
 }
 
@@ -266,12 +313,54 @@ TEST_F(DioDataTest, PartsAreReadWithoutTheRest) {
   delete matrix;
 }
 
-TEST_F(DioDataTest, ListOfDataSetsNeedsNoMatrix) {
+// Counts what it is told of the progress.
+class CountingData : public DioData {
+ public:
+  using DioData::DioData;
+  void ProgressTick(int observation) override { ticks.push_back(observation); }
+  void ProgressCount(int observations) override { counts.push_back(observations); }
+
+  std::vector<int> ticks;
+  std::vector<int> counts;
+};
+
+TEST_F(DioDataTest, StepsAreTakenOneByOneOnItsFile) {
+  ASSERT_EQ(Load(test::SmallFile()), 0);
+  const std::string copy = folder_.File("copy.vdo");
+  CountingData written(copy.c_str(), nullptr, window_);
+  DioFile& file = written.GetFile();
+  ASSERT_EQ(file.NewSuperItemFile(SuperItem::kData, "Small"), 0);
+  int size = 31;
+  EXPECT_EQ(written.WriteDataset(*dataset_, size), 0);
+  EXPECT_EQ(file.WriteSuperItemSize(size), 0);
+  EXPECT_EQ(file.CommitSuperItemFile(), 0);
+  EXPECT_EQ(written.counts, (std::vector<int>{3}));
+  EXPECT_EQ(written.ticks, (std::vector<int>{1, 2, 3}));
+
+  CountingData read(copy.c_str(), nullptr, window_);
+  read.GetFile().OpenSuperItemFile();
+  ASSERT_EQ(Finder::FindSuperItem(read.GetFile(), nullptr, SuperItem::kData), 0);
+  SuperItem super_item;
+  read.GetFile().GetSuperItemHeader(super_item);
+  EXPECT_EQ(super_item.header.size, size);
+  Dataset dataset("Read", copy.c_str(), window_);
+  EXPECT_EQ(read.GetDataBody(&dataset, size - 31), 0);
+  EXPECT_EQ((*DangerousDataSetManipulator::GetDM(&dataset))[3][2], 6.0f);
+  EXPECT_EQ(read.counts, (std::vector<int>{3}));
+  EXPECT_EQ(read.ticks, (std::vector<int>{1, 2, 3}));
+}
+
+TEST_F(DioDataTest, ListOfDataSetsLeavesValuesAndEditsAlone) {
   test::WriteBytes(path_, test::SmallFile());
   Dataset dataset("Before", path_.c_str(), window_);
   EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).LoadListProject(&dataset), 0);
   EXPECT_FALSE(dataset.IsLoaded());
   EXPECT_STREQ(dataset.GetDSTitle(), "A small data set");
+  EXPECT_EQ(DangerousDataSetManipulator::GetNObsDS(&dataset), 3);
+  EXPECT_EQ(dataset.AddVar("new"), 3);
+  EXPECT_EQ(DioData(path_.c_str(), nullptr, window_).LoadListProject(&dataset), 0);
+  EXPECT_EQ(dataset.GetNVarDS(), 3);
+  EXPECT_TRUE(dataset.IsLoaded());
 }
 
 }  // namespace

@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "zemva/errors/dio_error.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/errors/dio_error.h"
 
 namespace zemva {
 namespace {

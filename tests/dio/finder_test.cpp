@@ -5,21 +5,16 @@
 #include <set>
 #include <string>
 
-#include "zemva/dio/dio_file.h"
-#include "zemva/errors/dio_error.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/dio/dio_file.h"
+#include "zemva/errors/dio_error.h"
 
 namespace zemva {
 namespace {
 
-class FinderTest : public ::testing::Test {
- protected:
-  FinderTest() { Finder::SortTables(); }
-};
-
-TEST_F(FinderTest, TableHolds212NamesAndEachIsFoundByNameAndByNumber) {
+TEST(Finder, TableHolds212NamesAndEachIsFoundByNameAndByNumber) {
   EXPECT_EQ(kItemNames.size(), 212u);
   std::set<std::string> names;
   for (const SymbolCell& row : kItemNames) {
@@ -34,7 +29,7 @@ TEST_F(FinderTest, TableHolds212NamesAndEachIsFoundByNameAndByNumber) {
   EXPECT_EQ(Finder::GetItemType("NoSuchName"), ItemName{216});
 }
 
-TEST_F(FinderTest, LookupTakesComponentNumbersOutOfNames) {
+TEST(Finder, LookupTakesComponentNumbersOutOfNames) {
   const struct {
     const char* field;
     bool is_known;
@@ -58,7 +53,7 @@ TEST_F(FinderTest, LookupTakesComponentNumbersOutOfNames) {
   }
 }
 
-TEST_F(FinderTest, LookupReadsAFieldUpToASpaceAZeroByteOrItsEnd) {
+TEST(Finder, LookupReadsAFieldUpToASpaceAZeroByteOrItsEnd) {
   ItemName value;
   short component;
   NameField field = Padded<20>("NVar ignored");
@@ -70,7 +65,7 @@ TEST_F(FinderTest, LookupReadsAFieldUpToASpaceAZeroByteOrItsEnd) {
   EXPECT_FALSE(Finder::Lookup(field, value, component));
 }
 
-TEST_F(FinderTest, FindSuperItemSeesTheFirstSuperItemOnly) {
+TEST(Finder, FindSuperItemSeesTheFirstSuperItemOnly) {
   const test::TempFolder folder;
   const std::string data = test::SuperItemOf("One", "data", "");
   const std::string model = test::SuperItemOf("Two", "MOD", "");

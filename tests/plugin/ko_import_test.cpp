@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "zemva/plugin/zemva_import.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
+#include "zemva/plugin/zemva_import.h"
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -110,6 +110,25 @@ TEST_F(KoImport, FillsAsMuchAsTheGridAsksFor) {
   EXPECT_FALSE(KoImportRead(nullptr, handle, nullptr));
   KoImportClose(nullptr, handle);
   KoImportClose(nullptr, nullptr);
+}
+
+TEST_F(KoImport, CellsBeyondTheDataSetAreEmptyTexts) {
+  void* handle = Open(test::SmallFile());
+  RecordingGrid higher(70000, 3);  // counts of rows wrap round in 16 bits
+  EXPECT_TRUE(KoImportRead(nullptr, handle, &higher));
+  ASSERT_EQ(higher.cells.size(), 210000u);
+  EXPECT_EQ(higher.cells[11], "4,3 5.000000");
+  for (std::size_t i = 12; i < higher.cells.size(); ++i) {
+    ASSERT_TRUE(higher.cells[i].ends_with(" \"\"")) << higher.cells[i];
+  }
+  RecordingGrid wider(4, 70000);
+  EXPECT_TRUE(KoImportRead(nullptr, handle, &wider));
+  ASSERT_EQ(wider.cells.size(), 280000u);
+  for (std::size_t i = 0; i < wider.cells.size(); ++i) {
+    if (i % 70000 < 4) continue;
+    ASSERT_TRUE(wider.cells[i].ends_with(" \"\"")) << wider.cells[i];
+  }
+  KoImportClose(nullptr, handle);
 }
 
 TEST_F(KoImport, NamesThatAreNotThereAreEmptyTexts) {

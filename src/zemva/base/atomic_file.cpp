@@ -2,6 +2,12 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -13,6 +19,8 @@
 #include <sys/stat.h>
 #include <windows.h>
 #else
+#include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -36,8 +44,31 @@ bool IsWritable(const fs::path& path) {
   return true;
 }
 
-// A new file that nobody else had; null when there is one of that name. Who may read it is what
-// its folder says.
+bool IsAlive(int process) {
+  const auto number = static_cast<DWORD>(process);
+  const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, number);
+  if (handle == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
+  const bool is_running = WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+  CloseHandle(handle);
+  return is_running;
+}
+
+// A file that is open cannot be removed by others: it needs no lock.
+std::optional<int> Lock(std::FILE*) {
+  return -1;
+}
+void Unlock(int) {}
+void RemoveUnlessLocked(const fs::path& path) {
+  DeleteFileW(path.c_str());
+}
+
+void RemoveOpen(std::FILE* stream, const fs::path& path) {
+  if (stream != nullptr) CloseHandle(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))));
+  DeleteFileW(path.c_str());
+}
+
+// A new file that nobody else had; null, with EEXIST, when there is one of that name. Who may read
+// it is what its folder says.
 std::FILE* CreateFile(const fs::path& path, bool) {
   const int descriptor =
       _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
@@ -59,8 +90,41 @@ bool IsWritable(const fs::path& path) {
   return access(path.c_str(), W_OK) == 0;
 }
 
-// A new file that nobody else had; null when there is one of that name, be it a link. A private
-// one is readable by its owner alone.
+bool IsAlive(int process) {
+  return kill(process, 0) == 0 || errno != ESRCH;
+}
+
+// A lock on the file of the stream that outlives the stream, or -1 where it cannot be had; nothing
+// when the file was taken for a leftover before.
+std::optional<int> Lock(std::FILE* stream) {
+  const int descriptor = fcntl(fileno(stream), F_DUPFD_CLOEXEC, 0);
+  if (descriptor < 0) return -1;
+  const bool is_taken = flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  struct stat status = {};
+  if (!is_taken && fstat(descriptor, &status) == 0 && status.st_nlink > 0) return descriptor;
+  close(descriptor);
+  return std::nullopt;
+}
+
+void Unlock(int descriptor) {
+  if (descriptor >= 0) close(descriptor);
+}
+
+// The number of a process may have been given anew, or be that of a process on another machine:
+// who writes the file holds its lock.
+void RemoveUnlessLocked(const fs::path& path) {
+  const int descriptor = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return;
+  if (flock(descriptor, LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+  close(descriptor);
+}
+
+void RemoveOpen(std::FILE*, const fs::path& path) {
+  unlink(path.c_str());
+}
+
+// A new file that nobody else had; null, with EEXIST, when there is one of that name, be it a link.
+// A private one is readable by its owner alone.
 std::FILE* CreateFile(const fs::path& path, bool is_private) {
   const mode_t mode = is_private ? 0600 : 0666;
   const int descriptor =
@@ -95,9 +159,52 @@ fs::path ResolveLinks(fs::path path) {
 }
 
 // Names of its own, short so that they fit wherever the target's does.
+constexpr std::string_view kPrefix = ".saving-";
+
 fs::path NameBeside(const fs::path& target, int attempt) {
   return target.parent_path() /
-         (".saving-" + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt));
+         (std::string(kPrefix) + std::to_string(ProcessNumber()) + "-" + std::to_string(attempt));
+}
+
+// The number of the process that wrote a file of this name beside another; nothing where no file of
+// this name is written.
+std::optional<int> WriterOf(const fs::path& name) {
+  const auto& text = name.native();
+  const auto is_digit = [](auto c) { return '0' <= c && c <= '9'; };
+  if (text.size() < kPrefix.size() || !std::equal(kPrefix.begin(), kPrefix.end(), text.begin())) {
+    return std::nullopt;
+  }
+  const auto number = text.begin() + std::ssize(kPrefix);
+  const auto number_end = std::find_if_not(number, text.end(), is_digit);
+  constexpr std::ptrdiff_t kMostDigits = 9;
+  const std::ptrdiff_t digits = number_end - number;
+  if (digits < 1 || digits > kMostDigits || number_end == text.end() || *number_end != '-' ||
+      !std::all_of(number_end + 1, text.end(), is_digit)) {
+    return std::nullopt;
+  }
+  return std::stoi(std::string(number, number_end));
+}
+
+void RemoveLeftovers(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::optional<int> writer = WriterOf(entry->path().filename());
+    if (writer && (*writer == ProcessNumber() || !IsAlive(*writer))) {
+      RemoveUnlessLocked(entry->path());
+    }
+  }
+}
+
+// What a signal has to remove. More files than places are written by no program of ours; what such
+// a one leaves goes with the next save.
+std::array<std::atomic<AtomicFile*>, 16> unfinished;
+
+void Exchange(AtomicFile* from, AtomicFile* to) {
+  for (std::atomic<AtomicFile*>& place : unfinished) {
+    AtomicFile* expected = from;
+    if (place.compare_exchange_strong(expected, to)) return;
+  }
 }
 
 }  // namespace
@@ -112,18 +219,33 @@ AtomicFile::AtomicFile(const std::string& path)
     return;
   }
   if (is_there && !IsWritable(target_)) return;
-  constexpr int kMostAttempts = 100;  // others may be left of processes that were killed
-  for (int attempt = 1; attempt <= kMostAttempts && stream_ == nullptr; ++attempt) {
+  RemoveLeftovers(target_.parent_path());
+  constexpr int kMostAttempts = 10000;  // others may be left that are not ours to remove
+  for (int attempt = 1; attempt <= kMostAttempts; ++attempt) {
     beside_ = NameBeside(target_, attempt);
-    stream_ = CreateFile(beside_, is_there);
+    if (OpenBeside(is_there) || errno != EEXIST) break;
   }
+  if (stream_ != nullptr) Exchange(nullptr, this);
+}
+
+// False, with EEXIST, when the name is taken.
+bool AtomicFile::OpenBeside(bool is_private) {
+  std::FILE* stream = CreateFile(beside_, is_private);
+  if (stream == nullptr) return false;
+  if (const std::optional<int> lock = Lock(stream)) {
+    lock_ = *lock;
+    stream_ = stream;
+    return true;
+  }
+  std::fclose(stream);
+  errno = EEXIST;
+  return false;
 }
 
 AtomicFile::~AtomicFile() {
   if (stream_ == nullptr) return;
   std::fclose(stream_);
-  std::error_code error;
-  if (beside_ != target_) fs::remove(beside_, error);
+  if (beside_ != target_) Finish(false);
 }
 
 bool AtomicFile::Commit() {
@@ -131,10 +253,19 @@ bool AtomicFile::Commit() {
   const bool written = Flush();
   const bool closed = std::fclose(std::exchange(stream_, nullptr)) == 0;
   if (beside_ == target_) return written && closed;
-  if (written && closed && Replace()) return true;
+  return Finish(written && closed && Replace());
+}
+
+bool AtomicFile::Remove(const std::string& path) {
+  const fs::path target = ResolveLinks(NativePath(path));
   std::error_code error;
-  fs::remove(beside_, error);
-  return false;
+  return fs::is_regular_file(target, error) && IsWritable(target) && fs::remove(target, error);
+}
+
+void AtomicFile::RemoveUnfinished() {
+  for (std::atomic<AtomicFile*>& place : unfinished) {
+    if (const AtomicFile* file = place.exchange(nullptr)) RemoveOpen(file->stream_, file->beside_);
+  }
 }
 
 bool AtomicFile::Flush() {
@@ -147,6 +278,16 @@ bool AtomicFile::Replace() {
   const fs::file_status status = fs::status(target_, error);
   if (!error && fs::exists(status)) fs::permissions(beside_, status.permissions(), error);
   return MoveOver(beside_, target_);
+}
+
+// Ends what is done beside the target. Once it has taken the target's place, its name may be that
+// of another file.
+bool AtomicFile::Finish(bool replaced) {
+  std::error_code error;
+  if (!replaced) fs::remove(beside_, error);
+  Unlock(std::exchange(lock_, -1));
+  Exchange(this, nullptr);
+  return replaced;
 }
 
 }  // namespace zemva

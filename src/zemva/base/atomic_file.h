@@ -15,6 +15,9 @@ namespace zemva {
 // whole. A link is followed: it stays, and what it points to is replaced. A file that may not be
 // written to is not replaced either. Where `path` names something that is no regular file (a
 // device, a pipe) there is nothing to replace, and it is written to directly.
+//
+// The file beside it is named ".saving-", the number of its process, "-" and a number. One that
+// is left of a process that was killed goes when a file in the same folder is written next.
 class ZEMVA_API AtomicFile {
  public:
   // Opens a new file in the folder of `path`. GetStream is null when that failed.
@@ -30,13 +33,23 @@ class ZEMVA_API AtomicFile {
   // keeps. False when any write failed; the old file is then as it was.
   bool Commit();
 
+  // Removes the file, or what a link of its name points to, by the same rules: false when there is
+  // none or it may not be written to.
+  static bool Remove(const std::string& path);
+  // Removes what the objects of this process have not committed. For a process that a signal is
+  // about to end: it may be called by a handler, and leaves the objects unusable.
+  static void RemoveUnfinished();
+
  private:
+  bool OpenBeside(bool is_private);
   bool Flush();
   bool Replace();
+  bool Finish(bool replaced);
 
   std::filesystem::path target_;
   std::filesystem::path beside_;  // the same as target_ when written directly
   std::FILE* stream_ = nullptr;
+  int lock_ = -1;  // says that the file beside is not a leftover
 };
 
 }  // namespace zemva

@@ -2,6 +2,8 @@
 #ifndef ZEMVA_DATA_DANGEROUS_DATA_SET_MANIPULATOR_H
 #define ZEMVA_DATA_DANGEROUS_DATA_SET_MANIPULATOR_H
 
+#include <utility>
+
 #include "zemva/base/export.h"
 #include "zemva/data/dataset.h"
 
@@ -23,6 +25,23 @@ class ZEMVA_API DangerousDataSetManipulator {
   static void SetIsLoaded(Dataset* dataset, bool is_loaded) {
     dataset->header_.is_loaded = is_loaded;
   }
+
+  // Gives `to` what a file says of a data set, matrix and tables included, and leaves `from`
+  // without.
+  static void MoveContents(Dataset& from, Dataset* to) {
+    to->Unload();
+    to->kind_ = from.kind_;
+    to->header_.name = from.header_.name;
+    to->header_.number = from.header_.number;
+    to->header_.title = from.header_.title;
+    to->nobs_ = from.nobs_;
+    to->nvar_ = from.nvar_;
+    to->obs_info_ = std::move(from.obs_info_);
+    to->var_info_ = std::move(from.var_info_);
+    to->matrix_ = std::move(from.matrix_);
+  }
+  // The matrix, which is the caller's from here on.
+  static XFMatrix* TakeDM(Dataset* dataset) { return dataset->matrix_.release(); }
 
   static const XFMatrix* GetDM(const Dataset* dataset) { return dataset->matrix_.get(); }
   static short GetNObsDS(const Dataset* dataset) { return dataset->nobs_; }

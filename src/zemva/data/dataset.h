@@ -31,6 +31,7 @@ class I2Vector;
 // Operations return a status code where they return no value, and keep it for GetStatus. Unless
 // said otherwise an operation loads an unloaded data set first; if that fails it returns the code
 // of Load, or 0 or null where it returns a value. Messages go to the window, each on its own line.
+// Not for several threads at once: also what only reads loads, and keeps a status.
 class ZEMVA_API Dataset : public ConstructDestructMessage {
  public:
   // Unloaded. Status 8013, with nothing set, for a null name or address, or an address over 260

@@ -2,107 +2,94 @@
 #include <cstdio>
 #include <memory>
 
+#include "zemva/data/dangerous_data_set_manipulator.h"
+#include "zemva/data/dataset.h"
 #include "zemva/dio/dio_data.h"
 #include "zemva/dio/dio_guard.h"
 
 namespace zemva {
 namespace {
 
-// A vector named after the pattern and the position in it.
-std::unique_ptr<XFVector> VectorAt(const char* pattern, int position, int n) {
-  std::array<char, 32> name;
-  std::snprintf(name.data(), name.size(), pattern, position);
-  return std::make_unique<XFVector>(name.data(), n, 0.0f);
-}
+using Access = DangerousDataSetManipulator;
+
+constexpr std::int64_t kValueSize = sizeof(float);
 
 }  // namespace
 
-// Opens the file and moves to the payload of an item.
-int DioData::OpenItem(ItemName name, ItemHeader& header) {
-  ReadVersion();
-  file_.OpenSuperItemFile();
-  int offset;
-  const int status = file_.GetFileOfsetToItem(offset, name);
-  return status == status::kOk ? file_.GetItemHeader(header) : status;
-}
-
-int DioData::GetNumber(ItemName name, short& number) {
+// Reads the file but for the values, and gives `answer` the data set without them while the file is
+// open.
+template <class Answer>
+int DioData::Ask(Answer answer) {
   return Guarded(file_, &window_, [&] {
-    ItemHeader header;
-    const int status = OpenItem(name, header);
-    return status == status::kOk ? file_.GetI2(number) : status;
+    Dataset dataset("", "", window_);
+    const int status = ReadItems(dataset, true);
+    return status == status::kOk ? answer(dataset) : status;
   });
 }
 
 int DioData::GetNObs(short& count) {
-  return GetNumber(item::kNObs, count);
-}
-int DioData::GetNVar(short& count) {
-  return GetNumber(item::kNVar, count);
-}
-int DioData::GetDSNumber(short& number) {
-  return GetNumber(item::kDSNum, number);
-}
-
-// Opens the file and moves to the matrix's first element, all of which are there to be read.
-int DioData::OpenMatrix(int& rows, int& columns) {
-  ItemHeader header;
-  if (const int status = OpenItem(item::kDataset, header); status != status::kOk) return status;
-  char name[DioFile::kMaxText];
-  if (const int status = file_.GetZString(name, sizeof name); status != status::kOk) return status;
-  if (header.dims.size() < 2) return status::dio::kReadError;
-  rows = header.dims[0];
-  columns = header.dims[1];
-  const std::int64_t size = std::int64_t{rows} * columns * std::int64_t{sizeof(float)};
-  return rows < 0 || columns < 0 || size > file_.GetRemaining() ? status::dio::kReadError
-                                                                : status::kOk;
-}
-
-int DioData::GetVar(short variable, XFVector*& column) {
-  return Guarded(file_, &window_, [&] {
-    int rows, columns;
-    if (const int status = OpenMatrix(rows, columns); status != status::kOk) return status;
-    if (variable < 1 || variable > columns) return status::dio::kIndexOutOfRange;
-    auto values = VectorAt("VarDS[%d]", variable, rows);
-    if (values->GetStatus() != status::kOk) return status::dio::kMemory;
-    const std::int64_t start =
-        file_.GetPosition() + (variable - 1) * static_cast<std::int64_t>(sizeof(float));
-    const std::int64_t stride = columns * static_cast<std::int64_t>(sizeof(float));
-    for (int i = 1; i <= rows; ++i) {
-      int status = file_.Seek(start + (i - 1) * stride);
-      if (status == status::kOk) status = file_.GetF4((*values)[i]);
-      if (status != status::kOk) return status;
-    }
-    values->SetActValInfo();
-    column = values.release();  // the caller's
+  return Ask([&](const Dataset& dataset) {
+    count = Access::GetNObsDS(&dataset);
     return status::kOk;
   });
 }
 
-int DioData::GetObs(short observation, XFVector*& row) {
-  return Guarded(file_, &window_, [&] {
-    int rows, columns;
-    if (const int status = OpenMatrix(rows, columns); status != status::kOk) return status;
-    if (observation < 1 || observation > rows) return status::dio::kIndexOutOfRange;
-    auto values = VectorAt("ObsDS[%d]", observation, columns);
-    if (values->GetStatus() != status::kOk) return status::dio::kMemory;
-    const std::int64_t stride = columns * static_cast<std::int64_t>(sizeof(float));
-    int status = file_.Seek(file_.GetPosition() + (observation - 1) * stride);
-    float* elements = values->GetFVecPtr();
-    if (status == status::kOk) status = file_.GetVF4(elements, columns);
-    if (status != status::kOk) return status;
-    values->SetActValInfo();
-    row = values.release();  // the caller's
+int DioData::GetNVar(short& count) {
+  return Ask([&](const Dataset& dataset) {
+    count = Access::GetNVarDS(&dataset);
     return status::kOk;
+  });
+}
+
+int DioData::GetDSNumber(short& number) {
+  return Ask([&](const Dataset& dataset) {
+    number = dataset.GetDSNum();
+    return status::kOk;
+  });
+}
+
+// Reads n values of the open file, `stride` bytes from one to the next, into a new vector that is
+// named after its position among `count`.
+int DioData::GetVector(const char* pattern, int position, int count, int n, std::int64_t first,
+                       std::int64_t stride, XFVector*& vector) {
+  if (position < 1 || position > count) return status::dio::kIndexOutOfRange;
+  std::array<char, 32> name;
+  std::snprintf(name.data(), name.size(), pattern, position);
+  auto values = std::make_unique<XFVector>(name.data(), n, 0.0f);
+  if (values->GetStatus() != status::kOk) return status::dio::kMemory;
+  for (int i = 1; i <= n; ++i) {
+    int status = status::kOk;
+    if (i == 1 || stride != kValueSize) status = file_.Seek(first + (i - 1) * stride);
+    if (status == status::kOk) status = file_.GetF4((*values)[i]);
+    if (status != status::kOk) return status;
+  }
+  values->SetActValInfo();
+  vector = values.release();  // the caller's
+  return status::kOk;
+}
+
+int DioData::GetVar(short variable, XFVector*& column) {
+  return Ask([&](const Dataset&) {
+    const std::int64_t first = matrix_.values + (variable - 1) * kValueSize;
+    return GetVector("VarDS[%d]", variable, matrix_.columns, matrix_.rows, first,
+                     matrix_.columns * kValueSize, column);
+  });
+}
+
+int DioData::GetObs(short observation, XFVector*& row) {
+  return Ask([&](const Dataset&) {
+    const std::int64_t first = matrix_.values + (observation - 1) * matrix_.columns * kValueSize;
+    return GetVector("ObsDS[%d]", observation, matrix_.rows, matrix_.columns, first, kValueSize,
+                     row);
   });
 }
 
 int DioData::GetMatrix(XFMatrix*& matrix) {
   return Guarded(file_, &window_, [&] {
-    ItemHeader header;
-    if (const int status = OpenItem(item::kDataset, header); status != status::kOk) return status;
-    if (header.dims.size() < 2) return status::dio::kReadError;
-    return file_.GetMXF4(matrix, header.dims[0], header.dims[1]);
+    Dataset dataset("", "", window_);
+    const int status = ReadItems(dataset, false);
+    if (status == status::kOk) matrix = Access::TakeDM(&dataset);  // the caller's
+    return status;
   });
 }
 

@@ -6,7 +6,6 @@
 
 #include "zemva/base/native_path.h"
 #include "zemva/base/time_stamp.h"
-#include "zemva/dio/finder.h"
 #include "zemva/errors/dio_error.h"
 #include "zemva/errors/status.h"
 
@@ -20,7 +19,6 @@ namespace {
 }  // namespace
 
 DioFile::DioFile(const char* path, StreamWindow& window) : window_(window) {
-  Finder::SortTables();
   SetPath(path);
 }
 

@@ -137,6 +137,9 @@ class ZEMVA_API DioFile {
   // 2005 on a short read.
   int GetMF4(FMatrix*& matrix, int rows, int columns);
   int GetMXF4(XFMatrix*& matrix, int rows, int columns);
+  // Moves past a matrix, read and checked as by GetMXF4 but for its values, which are not looked
+  // at; `values` receives the offset of the first.
+  int PassMXF4(std::int64_t& values, int rows, int columns);
   // Reads n values into a new vector of that name; the caller owns it.
   int GetXFVector(const char* name, int n, XFVector*& vector);
   // Write the item `name` that holds a matrix or a vector under its own name; `size` receives the
@@ -151,6 +154,7 @@ class ZEMVA_API DioFile {
  private:
   bool Read(void* buffer, std::size_t size);
   bool Promises(std::int64_t count, std::size_t element_size) const;
+  int StartMXF4(char* name, int rows, int columns);
   template <class Element>
   int ReadElements(Element*& values, int n);
 

@@ -154,8 +154,8 @@ int DioFile::WriteZStrings(const char* const* texts, int count) {
   return status::kOk;
 }
 
-int DioFile::GetMXF4(XFMatrix*& matrix, int rows, int columns) {
-  char name[kMaxText];
+// Reads the name of a matrix, kMaxText bytes, and checks that the file holds its values.
+int DioFile::StartMXF4(char* name, int rows, int columns) {
   if (const int status = GetZString(name, kMaxText); status != status::kOk) return status;
   if (rows < 0 || columns < 0 || !Promises(std::int64_t{rows} * columns, sizeof(float))) {
     return status::dio::kReadError;
@@ -163,6 +163,19 @@ int DioFile::GetMXF4(XFMatrix*& matrix, int rows, int columns) {
   // Rows without columns cost memory and time, but no bytes of the file: it may not have more of
   // them than bytes.
   if (columns == 0 && (unbacked_rows_ += rows) > length_) return status::dio::kReadError;
+  return status::kOk;
+}
+
+int DioFile::PassMXF4(std::int64_t& values, int rows, int columns) {
+  char name[kMaxText];
+  if (const int status = StartMXF4(name, rows, columns); status != status::kOk) return status;
+  values = GetPosition();
+  return Seek(values + std::int64_t{rows} * columns * static_cast<std::int64_t>(sizeof(float)));
+}
+
+int DioFile::GetMXF4(XFMatrix*& matrix, int rows, int columns) {
+  char name[kMaxText];
+  if (const int status = StartMXF4(name, rows, columns); status != status::kOk) return status;
   auto made = std::make_unique<XFMatrix>(name, rows, columns, Unfilled{});
   if (made->GetStatus() != status::kOk) return status::dio::kMemory;
   made->StartActValInfo();

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "zemva/dio/finder.h"
 #include "zemva/errors/dio_error.h"
 #include "zemva/errors/status.h"
 
@@ -36,11 +37,6 @@ std::int64_t ObsInfoPayload(const ObsInfo& table) {
   return static_cast<std::int64_t>(sizeof(short) + std::strlen(kObservationColumn) + 1 +
                                    kLabelCount * kLabelSize + sizeof(short)) +
          RecordsSize(table);
-}
-
-// Why a row could not be added: the table is full, or memory ran out.
-int TableStatus(const ItmInfo& table, int full) {
-  return table.GetNItm() == kMaxItems ? full : status::dio::kMemory;
 }
 
 constexpr std::int64_t kTableHeaderSize = ItemHeader::kFixedSize + sizeof(short);
@@ -91,7 +87,8 @@ int DioItem::ReadObservations(ObsInfo& table) {
     Record record;
     if (const int status = ReadRecord(record); status != status::kOk) return status;
     if (table.AddObs(record.number, record.name) != status::kOk) {
-      return TableStatus(table, status::dio::kTooManyObservations);
+      return table.GetNItm() == kMaxItems ? status::dio::kTooManyObservations
+                                          : status::dio::kMemory;
     }
   }
   return status::kOk;
@@ -103,9 +100,7 @@ int DioItem::GetVariableInfo(int n, std::unique_ptr<VarInfo>& table) {
   for (int i = 1; i <= n; ++i) {
     Record record;
     if (const int status = ReadRecord(record); status != status::kOk) return status;
-    if (read->AddVar(record.number, record.name) != status::kOk) {
-      return TableStatus(*read, status::dio::kTooManyVariables);
-    }
+    if (read->AddVar(record.number, record.name) != status::kOk) return status::dio::kMemory;
   }
   table = std::move(read);
   return status::kOk;
@@ -138,7 +133,7 @@ int DioItem::WriteObsInfo(const ObsInfo& table, int& size) {
   const std::int16_t n = table.GetNItm();
   size = static_cast<int>(ObsInfoPayload(table));
   ItemHeader header;
-  header.Set(size, "ObjInfo", "obji", 1, &n);
+  header.Set(size, Finder::Search(item::kObsInfo), "obji", 1, &n);
   int status = file_.WriteItemHeader(header);
   if (status == status::kOk) status = WriteObservations(table);
   if (status != status::kOk) throw new DioItemError(status, kWritingObservations);

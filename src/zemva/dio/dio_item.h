@@ -14,8 +14,9 @@
 namespace zemva {
 
 // Reads and writes the payloads "obji" and "vari" at the position of an open file. The readers
-// return 0, 2005 for a short read or a count that cannot be, 2015 and 2016 for more rows than a
-// table holds. A name longer than 24 characters is cut, and what follows it is read out of step.
+// return 0, 2005 for a short read or a count that cannot be, 2003 when memory runs out, and 2015
+// for columns that together have more than 32,767 observations. A name longer than 24 characters is
+// cut, and what follows it is read out of step.
 class ZEMVA_API DioItem {
  public:
   explicit DioItem(DioFile& file) : file_(file) {}

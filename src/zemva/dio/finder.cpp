@@ -17,9 +17,21 @@ bool IsDigit(char c) {
   return '0' <= c && c <= '9';
 }
 
-std::string_view NameOf(const SymbolCell& cell) {
+constexpr std::string_view NameOf(const SymbolCell& cell) {
   return cell.name;
 }
+
+constexpr auto pSymTabSortedByName = [] {
+  auto rows = kItemNames;
+  std::ranges::sort(rows, {}, NameOf);
+  return rows;
+}();
+
+constexpr auto pSymTabSortedByID = [] {
+  auto rows = kItemNames;
+  std::ranges::sort(rows, {}, &SymbolCell::value);
+  return rows;
+}();
 
 // The name in a field: up to the first space or zero byte.
 std::string_view NameIn(std::string_view field) {
@@ -48,22 +60,6 @@ std::optional<NumberedName> TakeComponentNumber(std::string_view field) {
 
 }  // namespace
 
-std::vector<SymbolCell> Finder::pSymTabSortedByID;
-std::vector<SymbolCell> Finder::pSymTabSortedByName;
-
-void Finder::SortTables() {
-  if (!pSymTabSortedByID.empty()) return;
-  pSymTabSortedByName.assign(kItemNames.begin(), kItemNames.end());
-  std::ranges::sort(pSymTabSortedByName, {}, NameOf);
-  pSymTabSortedByID.assign(kItemNames.begin(), kItemNames.end());
-  std::ranges::sort(pSymTabSortedByID, {}, &SymbolCell::value);
-}
-
-void Finder::DeleteSortedTables() {
-  pSymTabSortedByID = {};
-  pSymTabSortedByName = {};
-}
-
 ItemName Finder::Search(std::string_view name) {
   const auto row = std::ranges::lower_bound(pSymTabSortedByName, name, {}, NameOf);
   return row != pSymTabSortedByName.end() && row->name == name ? row->value : kUndefinedName;
@@ -72,12 +68,6 @@ ItemName Finder::Search(std::string_view name) {
 const char* Finder::Search(ItemName value) {
   const auto row = std::ranges::lower_bound(pSymTabSortedByID, value, {}, &SymbolCell::value);
   return row != pSymTabSortedByID.end() && row->value == value ? row->name : kUndefinedNameText;
-}
-
-const char* Finder::GetString(ItemName value) {
-  static std::string text;
-  text = Search(value);
-  return text.c_str();
 }
 
 bool Finder::Lookup(const NameField& name_field, ItemName& value, short& component) {

@@ -3,7 +3,6 @@
 #define ZEMVA_DIO_FINDER_H
 
 #include <string_view>
-#include <vector>
 
 #include "zemva/base/export.h"
 #include "zemva/dio/item_names.h"
@@ -13,21 +12,20 @@ namespace zemva {
 
 class DioFile;
 
-// Static functions over the table of item names and two sorted copies of it.
+// Static functions over the table of item names and two sorted copies of it, which the compiler
+// makes: they are there before the first lookup and may be read by several threads.
 class ZEMVA_API Finder {
  public:
-  // Makes the sorted copies that every lookup searches. Does nothing when they exist. Without them
-  // every name is unknown.
-  static void SortTables();
-  static void DeleteSortedTables();
+  // The bounds of the tables' life where they are made at run time; here both do nothing.
+  static void SortTables() {}
+  static void DeleteSortedTables() {}
 
   // The number of a name, compared case-sensitively; kUndefinedName when there is none.
   static ItemName Search(std::string_view name);
   // The name of a number; "UndefinedName" when there is none. Of two names with one number, either.
   static const char* Search(ItemName value);
 
-  // The name of a number, in a buffer that the next call overwrites.
-  static const char* GetString(ItemName value);
+  static const char* GetString(ItemName value) { return Search(value); }
   static ItemName GetItemType(std::string_view name) { return Search(name); }
 
   // Looks up the name field of an item header. A name that is not in the table is tried again
@@ -40,10 +38,6 @@ class ZEMVA_API Finder {
   // field: 20 bytes, leading spaces left out, padding kept; and it must be the only super item.
   // Codes: 2017 file version, 2008 unknown type of super item, 2000 not found, 2005 file too short.
   static int FindSuperItem(DioFile& file, const char* sub_name, SuperItem::Type type);
-
- private:
-  static std::vector<SymbolCell> pSymTabSortedByID;
-  static std::vector<SymbolCell> pSymTabSortedByName;
 };
 
 }  // namespace zemva

@@ -2,7 +2,7 @@
 //
 // Each function answers for one range; codes 0 and 1 mean "All done." and "Unspecified error." in
 // all of them. The caller does not free the text. An unknown code is formatted into a buffer that
-// the function owns and that its next unknown code overwrites.
+// the function owns and that its next unknown code overwrites: not for several threads at once.
 #ifndef ZEMVA_ERRORS_MESSAGES_H
 #define ZEMVA_ERRORS_MESSAGES_H
 

@@ -26,8 +26,8 @@ class ZEMVA_API DMatrix : public MatrixStorage<DMatrix, double> {
   DMatrix& operator+(const DMatrix& right) const;
   DMatrix& operator-(const DMatrix& right) const;
   DMatrix& operator*(const DMatrix& right) const;
-  static DMatrix MStat;
-  static DMatrix MStat2;
+  static DMatrix& MStat;
+  static DMatrix& MStat2;
   int MInv();
   double Det(bool is_kept);
   int SVD(DMatrix*& u, DMatrix*& w, DMatrix*& v) const;

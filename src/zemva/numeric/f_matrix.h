@@ -69,8 +69,8 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   FMatrix& operator-(const FMatrix& right) const;
   FMatrix& operator*(const FMatrix& right) const;
 
-  static FMatrix MStat;
-  static FMatrix MStat2;
+  static FMatrix& MStat;
+  static FMatrix& MStat2;
 
   // Inverts the matrix in place, by LU decomposition. 5004 when it is not square or larger than
   // 32,767, 5005 when a row is all 0, 5001; the matrix is then unchanged.

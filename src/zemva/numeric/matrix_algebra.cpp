@@ -23,12 +23,17 @@ std::unique_ptr<FMatrix> Narrow(const DMatrix& matrix) {
   return result;
 }
 
+FMatrix float_work[2] = {{0, 0, kMissing}, {0, 0, kMissing}};
+DMatrix double_work[2] = {{0, 0, kUnusedSlot<double>}, {0, 0, kUnusedSlot<double>}};
+
 }  // namespace
 
-FMatrix FMatrix::MStat(0, 0, kMissing);
-FMatrix FMatrix::MStat2(0, 0, kMissing);
-DMatrix DMatrix::MStat(0, 0, kUnusedSlot<double>);
-DMatrix DMatrix::MStat2(0, 0, kUnusedSlot<double>);
+// References, because a program may be given a copy of an object that a library exports, while the
+// library goes on with its own.
+FMatrix& FMatrix::MStat = float_work[0];
+FMatrix& FMatrix::MStat2 = float_work[1];
+DMatrix& DMatrix::MStat = double_work[0];
+DMatrix& DMatrix::MStat2 = double_work[1];
 
 FMatrix& FMatrix::operator+(const FMatrix& right) const {
   FMatrix sum = CombineElements(*this, right, std::plus());

@@ -43,29 +43,44 @@ bool HasKnownVersion(const std::filesystem::path& path) {
   return got == bytes.size() && zemva::DioData::CanRead(zemva::DecodeI2(bytes));
 }
 
-void FillHeader(void* handle, ImportGrid* grid) {
+struct TableSize {
+  int observations;
+  int variables;
+};
+
+TableSize SizeOf(void* handle) {
+  TableSize size;
+  ZEMVAImport_SizeDS(handle, &size.observations, &size.variables);
+  return size;
+}
+
+void FillHeader(void* handle, ImportGrid* grid, const TableSize& size) {
   for (int column = 1; column <= grid->columns; ++column) {
-    const char* text =
-        column <= kLabelColumns ? "" : ZEMVAImport_GetVarName(handle, column - kLabelColumns);
+    const int variable = column - kLabelColumns;
+    const bool is_there = 1 <= variable && variable <= size.variables;
+    const char* text = is_there ? ZEMVAImport_GetVarName(handle, variable) : "";
     grid->setText(grid, kHeaderRows, column, TextOrEmpty(text));
   }
 }
 
-void FillObservation(void* handle, ImportGrid* grid, int row) {
+// A cell of an observation's row; an empty text for a missing value, and where there is no such
+// observation or variable.
+void FillCell(void* handle, ImportGrid* grid, int row, int column, const TableSize& size) {
   const int observation = row - kHeaderRows;
-  for (int column = 1; column <= grid->columns; ++column) {
-    if (column == 1) {
-      const auto number = static_cast<float>(ZEMVAImport_GetObsNum(handle, observation));
-      grid->setNumber(grid, row, column, number);
-    } else if (column == 2) {
-      grid->setText(grid, row, column, TextOrEmpty(ZEMVAImport_GetObsName(handle, observation)));
+  const int variable = column - kLabelColumns;
+  if (observation > size.observations || variable > size.variables) {
+    grid->setText(grid, row, column, "");
+  } else if (column == 1) {
+    const auto number = static_cast<float>(ZEMVAImport_GetObsNum(handle, observation));
+    grid->setNumber(grid, row, column, number);
+  } else if (column == 2) {
+    grid->setText(grid, row, column, TextOrEmpty(ZEMVAImport_GetObsName(handle, observation)));
+  } else {
+    const float value = ZEMVAImport_GetDSValue(handle, observation, variable);
+    if (zemva::IsMissing(value)) {
+      grid->setText(grid, row, column, "");
     } else {
-      const float value = ZEMVAImport_GetDSValue(handle, observation, column - kLabelColumns);
-      if (zemva::IsMissing(value)) {
-        grid->setText(grid, row, column, "");
-      } else {
-        grid->setNumber(grid, row, column, value);
-      }
+      grid->setNumber(grid, row, column, value);
     }
   }
 }
@@ -115,16 +130,21 @@ void KoImportClose(void*, void* handle) {
 }
 
 int KoImportEstablishSize(void*, void* handle, int* rows, int* columns) {
-  ZEMVAImport_SizeDS(handle, rows, columns);
-  *rows += kHeaderRows;
-  *columns += kLabelColumns;
+  const TableSize size = SizeOf(handle);
+  *rows = size.observations + kHeaderRows;
+  *columns = size.variables + kLabelColumns;
   return 1;
 }
 
 bool KoImportRead(void*, void* handle, ImportGrid* grid) {
   if (handle == nullptr || grid == nullptr) return false;
-  if (grid->rows >= kHeaderRows) FillHeader(handle, grid);
-  for (int row = kHeaderRows + 1; row <= grid->rows; ++row) FillObservation(handle, grid, row);
+  const TableSize size = SizeOf(handle);
+  if (grid->rows >= kHeaderRows) FillHeader(handle, grid, size);
+  for (int row = kHeaderRows + 1; row <= grid->rows; ++row) {
+    for (int column = 1; column <= grid->columns; ++column) {
+      FillCell(handle, grid, row, column, size);
+    }
+  }
   return true;
 }
 

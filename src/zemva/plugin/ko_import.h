@@ -10,8 +10,15 @@
  *   KoImportReleasePackage
  *
  * KoImportGetLastError and KoImportGetWarning may be called at any time. The first argument of each
- * function is the host's own and is not read. Rows and columns count from 1. The texts of the
- * module are shared by all open files: the host calls from one thread at a time. */
+ * function is the host's own and is not read. Rows and columns count from 1.
+ *
+ * A path is a zero-terminated text in the system's own 8-bit encoding; one that is null, or longer
+ * than 260 characters, names no file that can be opened. A handle is one that KoImportOpen gave and
+ * KoImportClose has not had; where a function does not say what it does with a null one, it may not
+ * be given any. Pointers to results are never null.
+ *
+ * The module's texts and its output sink are shared by all open files: the host calls from one
+ * thread at a time, whatever the file. */
 #ifndef ZEMVA_PLUGIN_KO_IMPORT_H
 #define ZEMVA_PLUGIN_KO_IMPORT_H
 
@@ -61,13 +68,15 @@ ZEMVA_API const char* ZEMVA_CALL KoImportGetLastError(void* context);
 ZEMVA_API int ZEMVA_CALL KoImportSizeFileFormatsSupported(void* context);
 ZEMVA_API const FileFormatInfo* ZEMVA_CALL KoImportGetFileFormatInfo(void* context);
 
-/* 1 when the file exists and starts with a format version that can be read, else 0. */
+/* 1 when the file exists and starts with a format version that can be read, else 0. Its path may be
+ * longer than one that can be opened. */
 ZEMVA_API int ZEMVA_CALL KoImportIsCorrectFileType(void* context, const char* path);
 
 /* Loads the data set of a file into *handle, which the host owns until KoImportClose. False, with
  * an error text and a null handle, when it cannot be loaded. */
 ZEMVA_API bool ZEMVA_CALL KoImportOpen(void* context, const char* path, void* ignored,
                                        void** handle);
+/* Frees the data set; a null handle is ignored. */
 ZEMVA_API void ZEMVA_CALL KoImportClose(void* context, void* handle);
 
 /* The size of the grid for the data set: a row more than observations, for the variable names, and
@@ -75,8 +84,9 @@ ZEMVA_API void ZEMVA_CALL KoImportClose(void* context, void* handle);
 ZEMVA_API int ZEMVA_CALL KoImportEstablishSize(void* context, void* handle, int* rows,
                                                int* columns);
 
-/* Fills the grid row by row. A missing value is an empty text. False, with nothing written, when
- * the handle or the grid is null. */
+/* Fills the rows and columns that the grid asks for, row by row. A missing value is an empty text,
+ * and so is a cell in a row or column that the data set does not have. False, with nothing written,
+ * when the handle or the grid is null. */
 ZEMVA_API bool ZEMVA_CALL KoImportRead(void* context, void* handle, ImportGrid* grid);
 
 /* Refused: false, with an error text. */

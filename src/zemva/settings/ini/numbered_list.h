@@ -34,7 +34,6 @@ class NumberedList {
   NumberedList(const ListLayout& layout, const std::vector<ProfileEntry>& section);
 
   int GetCount() const { return count_; }
-  int GetEntryCount() const { return static_cast<int>(entries_.size()); }
   bool Contains(const Matcher& matches) const;
 
   void SetCount(int count) { count_ = count; }
