@@ -7,6 +7,7 @@
 #include <vector>
 
 #if !defined(_WIN32)
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -56,6 +57,32 @@ TEST(AtomicFile, FollowsALinkAndKeepsPermissions) {
   EXPECT_TRUE(fs::is_symlink(folder.File("link")));
   EXPECT_EQ(test::ReadBytes(path), "new");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+// Written by who may give files away, and by who may only write to this one.
+TEST(AtomicFile, AFileKeepsItsOwner) {
+  if (getuid() != 0) GTEST_SKIP() << "needs a second user";
+  const test::TempFolder folder;
+  fs::permissions(folder.Path(), fs::perms::all);
+  const std::string path = folder.File("a.txt");
+  test::WriteBytes(path, "old");
+  fs::permissions(path, fs::perms::all);
+  constexpr uid_t kOwner = 12345;
+  ASSERT_EQ(chown(path.c_str(), kOwner, kOwner), 0);
+  for (const uid_t user : {uid_t{0}, uid_t{23456}}) {
+    const std::string text(user + 1, 'x');
+    const pid_t child = fork();
+    if (child == 0) _exit(setuid(user) == 0 && Save(path, text) ? 0 : 1);
+    int result = 1;
+    waitpid(child, &result, 0);
+    EXPECT_EQ(result, 0) << user;
+    EXPECT_EQ(test::ReadBytes(path), text);
+    struct stat status = {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, kOwner);
+    EXPECT_EQ(status.st_mode & 0777, 0777U);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+  }
 }
 
 TEST(AtomicFile, MakesWhatADanglingLinkPointsTo) {

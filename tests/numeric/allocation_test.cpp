@@ -1,58 +1,13 @@
 // Every allocation of an operation is made to fail, the first, then the second, and so on.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 #include <memory>
-#include <new>
 
-#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
+#include "support/failing_allocator.h"
+#include "zemva/numeric/d_matrix.h"
 #include "zemva/numeric/uni_var.h"
-
-namespace {
-
-// How many allocations succeed before all fail; negative: all succeed.
-long g_allocations_left = -1;
-
-void* Allocate(std::size_t size) {
-  if (g_allocations_left == 0) return nullptr;
-  if (g_allocations_left > 0) --g_allocations_left;
-  return std::malloc(size == 0 ? 1 : size);
-}
-
-void* AllocateOrThrow(std::size_t size) {
-  void* const memory = Allocate(size);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return AllocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-  return AllocateOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return Allocate(size);
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
 
 namespace zemva {
 namespace {
@@ -64,9 +19,7 @@ const char* const kLongName = "a name that is too long to be kept within the obj
 int FailEachAllocation(
     const std::function<int()>& operation, const std::function<void()>& check_failure = [] {}) {
   for (int count = 0;; ++count) {
-    g_allocations_left = count;
-    const int result = operation();
-    g_allocations_left = -1;
+    const int result = test::WithAllocations(count, operation);
     if (result == 0) return count;
     EXPECT_EQ(result, 5001) << "with " << count << " allocations";
     check_failure();

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "support/failing_allocator.h"
+#include "support/temp_folder.h"
 #include "zemva/settings/options/prj_opt.h"
 #include "zemva/settings/profile/profile.h"
-#include "support/temp_folder.h"
 
 namespace zemva {
 namespace {
@@ -211,7 +214,7 @@ TEST_F(IniFileTest, AProjectIsMadeAndMovedWithoutItsLists) {
   EXPECT_TRUE(ini.SetCurrentProjectName("A name of more than 24 characters"));
   EXPECT_STREQ(ini.GetCurrentProjectName(), "A name of more than 24 c");
 
-  for (const auto& no_file : {std::string(), std::string(300, 'n')}) {
+  for (const auto& no_file : {std::string(), std::string(300, 'n'), Address("none/p.ini")}) {
     EXPECT_FALSE(ini.MoveCurrentProject(no_file.c_str()));
     EXPECT_TRUE(std::filesystem::exists(old_address));
   }
@@ -348,6 +351,103 @@ TEST_F(IniFileTest, ModelsStartAtZeroWithoutACount) {
   EXPECT_EQ(Models(project, 2), "1: z.mdl c.mdl -");
   EXPECT_TRUE(ini.DeleteSection("Models"));
   EXPECT_EQ(ini.GetNumberOfModels(), -1);
+}
+
+TEST_F(IniFileTest, WithoutAProjectNothingIsChanged) {
+  IniFile ini(nullptr);
+  EXPECT_FALSE(ini.SetCurrentProjectName("x"));
+  EXPECT_FALSE(ini.SetMainDatasetAddress(nullptr));
+  EXPECT_FALSE(ini.IncNumberOfSecondaryDatsets());
+  EXPECT_FALSE(ini.AddSecondaryDataset("", "a"));
+  EXPECT_FALSE(ini.DeleteSecondaryDataset("a"));
+  EXPECT_FALSE(ini.AddModel("a"));
+  EXPECT_FALSE(ini.RemoveModel("a"));
+  EXPECT_FALSE(ini.DeleteSection("Models"));
+}
+
+TEST_F(IniFileTest, WithoutMemoryAnOperationFailsAndChangesNothing) {
+  const std::string project = Address("a project with a name that is too long for a short text");
+  const std::string settings = IniFile::GetSettingsFile();
+  const char* const address = project.c_str();
+  IniFile ini(address);
+  EXPECT_STREQ(ini.MakeNewProject(address, "title", "name"), address);
+  for (const char* known : {"a", "b"}) EXPECT_TRUE(ini.AddNewProjectAddress(known));
+  EXPECT_TRUE(ini.AddModel("m.mdl") && ini.AddSecondaryDataset("", "d.vdo"));
+  EXPECT_TRUE(ini.SetProjectFileVersion("2.0"));
+  Set(settings, "Options", "NCV", "-1");
+  Set(settings, "Options", "NitMax", "1");
+  Set(settings, "Current project", "Project", address);
+  const std::string settings_before = test::ReadBytes(settings);
+  const std::string project_before = test::ReadBytes(project);
+  PrjOpt options(true);
+  options.SetMaxIter(12);
+  const std::function<bool()> changes[] = {
+      [&] { return ini.IncNumberOfProjects(); },
+      [&] { return ini.DecNumberOfProjects(); },
+      [&] { return ini.AddNewProjectAddress("c"); },
+      [&] { return ini.DeleteProject(address); },
+      [&] { return ini.DeleteProjectFromIniFile("A"); },
+      [&] { return ini.AdjustNumberOfKnownProjects(1); },
+      [&] { return ini.SetCurrentProjectAddress("b"); },
+      [&] { return IniFile(address).SetCurrentProjectTitle("b"); },
+      [&] { return ini.SetDefaultProjectDirectory("d"); },
+      [&] { return ini.SaveGlobalMiscOption("k", "v"); },
+      [&] { return IniFile(address).DeleteSection("Models"); },
+      [&] { return IniFile(address).SetMainDatasetAddress("d"); },
+      [&] { return IniFile(address).AddSecondaryDataset("", "e"); },
+      [&] { return IniFile(address).DeleteSecondaryDataset("d.vdo"); },
+      [&] { return IniFile(address).AddModel("e"); },
+      [&] { return IniFile(address).RemoveModel("m.mdl"); },
+      [&] { return IniFile(address).UpdateOldIniFile(); },
+      [&] { return ini.CleanIniFile(nullptr); },
+      [&] { return IniFile::CreateVardoIniFile(); },
+      [&] { return options.SaveGlobalValue(EOptType::MaxIter); },
+      [&] { return options.SaveGlobal(); },
+      [&] { return options.LoadGlobal(); },
+  };
+  for (const auto& change : changes) {
+    int failures = 0;
+    while (!test::WithAllocations(failures, change)) {
+      ++failures;
+      ASSERT_EQ(test::ReadBytes(settings), settings_before) << &change - changes;
+      ASSERT_EQ(test::ReadBytes(project), project_before) << &change - changes;
+      ASSERT_EQ(options.GetMaxIter(), 12);
+    }
+    EXPECT_GT(failures, 0) << &change - changes;
+    test::WriteBytes(settings, settings_before);
+    test::WriteBytes(project, project_before);
+  }
+  EXPECT_EQ(options.GetMaxIter(), 200);
+
+  const auto is_answered = [&](const char* answer) { return answer != nullptr && *answer != '\0'; };
+  const std::function<bool()> questions[] = {
+      [&] { return is_answered(IniFile(address).GetCurrentProjectTitle()); },
+      [&] { return is_answered(ini.GetProjectAddress(1)); },
+      [&] { return is_answered(ini.GetNumberOfProjects()); },
+      [&] { return is_answered(ini.GetCurrentProjectAddress()); },
+      [&] { return is_answered(IniFile(address).GetModelAddress(short{1})); },
+      [&] { return is_answered(IniFile(address).GetSecondaryDatasetAddress(1)); },
+      [&] { return IniFile(address).GetNumberOfSecondaryDatasets() == 1; },
+      [&] { return IniFile(address).GetNumberOfModels() == 1; },
+      [&] { return ini.CheckIfProjectIsKnown("b"); },
+      [&] { return is_answered(IniFile(address).MakeNewProject(address, "title", "name")); },
+      [&] { return ini.ScanAndRemoveBadProjects(); },
+  };
+  for (const auto& question : questions) {
+    int failures = 0;
+    while (!test::WithAllocations(failures, question)) ++failures;
+    EXPECT_GT(failures, 0) << &question - questions;
+  }
+
+  const std::string moved = Address("moved.ini");
+  for (int count = 0;
+       !test::WithAllocations(count, [&] { return ini.MoveCurrentProject(moved.c_str()); });
+       count += 7) {
+    const std::string current = Setting("Current project", "Project");
+    ASSERT_EQ(Value(current, "VardoP", "Title"), "title") << count;
+    ini.SetCurrentProjectAddress(address);
+  }
+  EXPECT_EQ(Setting("Current project", "Project"), moved);
 }
 
 TEST_F(IniFileTest, OldFilesAreCleaned) {

@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include <fstream>
+#include <regex>
 #include <sstream>
 #include <utility>
 #include <vector>
 
+#include "support/temp_folder.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/options/mod_opt.h"
 #include "zemva/settings/options/prj_opt.h"
 #include "zemva/settings/profile/profile.h"
-#include "support/temp_folder.h"
 
 namespace zemva {
 namespace {
@@ -42,8 +43,8 @@ TEST(Options, LegalValues) {
       {EOptType::AutofitStop, {"Auto", "CV", "Eig"}, {"NoCV", "On"}},
       {EOptType::CrossValidation, {"NoCV", "CV"}, {"Auto", "Eig", "On"}},
       {EOptType::DefaultProjectDir,
-       {directory.c_str(), with_backslash.c_str()},
-       {"", "\\", missing.c_str()}},
+       {directory, with_backslash, folder.Path().root_path().string()},
+       {"", "\\", missing}},
       {EOptType::XOpt1, {}, {"0", "", "1"}},
       {EOptType::XScoreCritDistLimit, {"0", "4"}, {"4.1"}},
       {EOptType::None, {}, {"0"}},
@@ -61,27 +62,25 @@ TEST(Options, LegalValues) {
   }
 }
 
-TEST(Options, KeysAndDefaults) {
-  const std::string cells =
-      "CompLimLoa=3.0 CompLimScr=3.0 ExtMisVal=-100000.0 LagDecay=0.95 LogCompLim=Off "
-      "MaxIter=200 MaxMisValLS=50.0 MaxMisValPS=50.0 NCV=7 SignLev=0.05 SignLevLS=0.05 "
-      "TimeMode=Discrete VariMode=R2 ModDistType=Normalized VarPltMark=Name VarPltMarkSta=1 "
-      "VarPltMarkLen=8 ObsPltMark=Number ObsPltMarkSta=1 ObsPltMarkLen=8 PltTempl=Screen "
-      "DesignedX=Undesigned DefaultProjectDir= ResidType=standardized AutofitStop=CV "
-      "CrossValidation=CV BackTraYLS=On MPowResLS=Off MPowResPS=Off BackTraYPS=On "
-      "ModDistTypePS=Normalized ResFilePS=Off ScaResPS=Off XOpt1=0 DModType=DModX "
-      "ReconstructWavelets=On NumberFormat=3 DModXCritDistLimit=1 XScoreCritDistLimit=2 "
-      "ColumnPlotMark=Off ";
+// The rows "| number | `key` | `default` | ..." of docs/settings.md.
+TEST(Options, AreAsDocumented) {
+  const std::regex row("\\| (\\d+) \\| `(\\w+)` \\| (?:`(.*?)` )?\\|.*");
+  std::ifstream document(ZEMVA_DOCS "/settings.md");
   const PrjOpt options(true);
-  std::string found;
-  for (int number = 1; number <= 40; ++number) {
-    const auto type = static_cast<EOptType>(number);
-    const char* key = Options::GetString(type);
-    found.append(key).append("=").append(options.GetValue(type)).append(" ");
-    EXPECT_EQ(Options::GetOptType(key), number <= 36 ? type : EOptType::None);
-    EXPECT_EQ(Options::IsGlobalOption(type), number <= 36);
+  int number = 0;
+  for (std::string line; std::getline(document, line);) {
+    std::smatch cells;
+    if (!std::regex_match(line, cells, row)) continue;
+    const auto type = static_cast<EOptType>(++number);
+    EXPECT_EQ(cells[1], std::to_string(number));
+    EXPECT_EQ(cells[2], Options::GetString(type));
+    EXPECT_EQ(cells[3], options.GetValue(type)) << cells[2];
+    const bool is_global = number <= 36;
+    EXPECT_EQ(Options::IsGlobalOption(type), is_global);
+    EXPECT_EQ(Options::IsLocalOption(type), is_global);
+    EXPECT_EQ(Options::GetOptType(cells[2].str().c_str()), is_global ? type : EOptType::None);
   }
-  EXPECT_EQ(found, cells);
+  EXPECT_EQ(number, 40);
   EXPECT_EQ(Options::GetOptType("ncv"), EOptType::None);
 }
 
@@ -181,16 +180,18 @@ TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   first.SetNCV(4);
   first.SetMaxIter(10);
   EXPECT_TRUE(first.SaveGlobalValue(EOptType::MaxIter));
+  EXPECT_FALSE(first.SaveGlobalValue(EOptType::NumberFormat));
   second.LoadGlobal();
   EXPECT_EQ(second.GetMaxIter(), 10);
   EXPECT_EQ(second.GetNCV(), 5) << "that value was not to be saved";
 
   first.SetValue(EOptType::NCV, "6 ");
-  EXPECT_FALSE(first.SaveGlobalValue(EOptType::NCV)) << "the blank is lost";
+  EXPECT_FALSE(first.SaveGlobalValue(EOptType::NCV)) << "the blank would be lost";
+  EXPECT_EQ(InFile("NCV"), "5");
 
   std::filesystem::remove_all(folder_.Path());
   EXPECT_FALSE(first.SaveGlobal());
-  EXPECT_FALSE(first.IsChanged());
+  EXPECT_TRUE(first.IsChanged());
 }
 
 template <auto kGetter>
@@ -250,73 +251,83 @@ TEST(PrjOpt, GettersMapWordsToValues) {
   EXPECT_EQ(options.GetValidatePermutations(), 10);
 }
 
-// What the getters of a record return, in the order of its fields.
-std::vector<double> FieldsOf(const ModOpt& o) {
-  std::vector<double> fields;
-  const auto add = [&fields](auto... values) {
-    (fields.push_back(static_cast<double>(values)), ...);
-  };
-  add(o.GetIsCenter(), o.GetIsXDesigned(), o.GetIsSeq(), o.GetIsRule(), o.GetRuleValidate(),
-      o.GetSeqValidate(), o.GetNComp(), o.GetMaxIter(), o.GetNCV(), o.GetCLS());
-  add(o.GetMaxMisValObsLS(), o.GetMaxMisValVarLS(), o.GetMaxMisValObsPS(), o.GetMaxMisValVarPS(),
-      o.GetLagDecay(), o.GetIsShoScrLim(), o.GetIsShoLoaLim(), o.GetXOpt1());
-  add(o.GetAUseLS(), o.GetIsBackTraYLS(), o.GetIsNormDistLS(), o.GetSignLevLS(), o.GetIsStdResLS(),
-      o.GetAUsePS(), o.GetIsBackTraYPS(), o.GetIsNormDistPS(), o.GetSignLevPS());
-  add(o.GetIsWResPS(), o.GetIsWResLS(), o.GetIsResFilePS(), o.GetIsResWinPS(), o.GetIsStdResPS(),
-      o.GetIsSaveResPS(), o.GetIsScaResPS(), o.GetAShow(), o.GetECoefficient());
-  add(o.GetDModType(), o.GetEObjectPlotMark(), o.GetER2(), o.GetEVariablePlotMark(),
-      o.GetObjectPlotMarkLength(), o.GetObjectPlotMarkStart(), o.GetVariablePlotMarkLength(),
-      o.GetVariablePlotMarkStart(), o.GetSelectVariable(), o.GetIsModifiedByUser());
-  return fields;
+template <auto kGetter>
+double Field(const ModOpt& options) {
+  return static_cast<double>((options.*kGetter)());
 }
 
-TEST(ModOpt, EveryFieldOfTheThreeConstructors) {
-  PrjOpt project(true);
-  project.SetValue(EOptType::AutofitStop, "Eig");
-  project.SetCrossValidation(EValidate::NoCV);
-  project.SetMaxIter(100000);
-  project.SetNCV(5);
-  project.SetCompLimScr(2.0F);
-  project.SetMaxMisValLS(30.0F);
-  project.SetMaxMisValPS(10.0F);
-  project.SetLagDecay(0.5F);
-  project.SetLogCompLim(true);
-  project.SetBackTraYLS(false);
-  project.SetModDistType(EModDist::Absolute);  // of the prediction set too
-  project.SetSignLevLS(0.125F);
-  project.SetSignLev(0.25F);
-  project.SetResidType(EResidType::Scaled);
-  project.SetMPowResPS(true);
-  project.SetResFilePS(true);
-  project.SetDModType(EDModType::DModY);
-  project.SetObjPltMark(EPltMark::None);
-  project.SetVarPltMark(EPltMark::Number);
-  project.SetVariMode(EVariType::R2adj);
-  project.SetObjPltMarkLen(3);
-  project.SetObjPltMarkSta(4);
-  project.SetVarPltMarkLen(5);
-  project.SetVarPltMarkSta(6);
-  const auto row = [](std::initializer_list<double> values) {
-    std::vector<double> rounded;
-    for (const double value : values) rounded.push_back(static_cast<float>(value));
-    return rounded;
+TEST(ModOpt, TakesOverEachOptionOfAProject) {
+  using enum EOptType;
+  const struct {
+    EOptType option;
+    const char* value;
+    double (*field)(const ModOpt&);
+    double expected;
+  } cases[] = {
+      {AutofitStop, "Eig", Field<&ModOpt::GetRuleValidate>, 3},
+      {CrossValidation, "NoCV", Field<&ModOpt::GetSeqValidate>, 0},
+      {MaxIter, "100000", Field<&ModOpt::GetMaxIter>, 32767},
+      {NCV, "5", Field<&ModOpt::GetNCV>, 5},
+      {CompLimScr, "2", Field<&ModOpt::GetCLS>, 2},
+      {MaxMisValLS, "30", Field<&ModOpt::GetMaxMisValObsLS>, 30},
+      {MaxMisValLS, "30", Field<&ModOpt::GetMaxMisValVarLS>, 30},
+      {MaxMisValPS, "10", Field<&ModOpt::GetMaxMisValObsPS>, 10},
+      {MaxMisValPS, "10", Field<&ModOpt::GetMaxMisValVarPS>, 10},
+      {LagDecay, "0.5", Field<&ModOpt::GetLagDecay>, 0.5},
+      {LogCompLim, "On", Field<&ModOpt::GetIsShoScrLim>, 1},
+      {LogCompLim, "On", Field<&ModOpt::GetIsShoLoaLim>, 1},
+      {BackTraYLS, "Off", Field<&ModOpt::GetIsBackTraYLS>, 0},
+      {BackTraYPS, "Off", Field<&ModOpt::GetIsBackTraYPS>, 0},
+      {ModDistType, "Absolute", Field<&ModOpt::GetIsNormDistLS>, 0},
+      {ModDistType, "Absolute", Field<&ModOpt::GetIsNormDistPS>, 0},
+      {ModDistTypePS, "Absolute", Field<&ModOpt::GetIsNormDistPS>, 1},
+      {SignLevLS, "0.125", Field<&ModOpt::GetSignLevLS>, 0.125},
+      {SignLev, "0.25", Field<&ModOpt::GetSignLevPS>, 0.25},
+      {ResidType, "Scaled", Field<&ModOpt::GetIsStdResLS>, 0},
+      {ResidType, "Scaled", Field<&ModOpt::GetIsStdResPS>, 0},
+      {MPowResPS, "On", Field<&ModOpt::GetIsWResPS>, 1},
+      {MPowResLS, "On", Field<&ModOpt::GetIsWResLS>, 1},
+      {ResFilePS, "On", Field<&ModOpt::GetIsResFilePS>, 1},
+      {ResFilePS, "On", Field<&ModOpt::GetIsSaveResPS>, 1},
+      {ScaResPS, "On", Field<&ModOpt::GetIsScaResPS>, 1},
+      {DModType, "DModY", Field<&ModOpt::GetDModType>, 1},
+      {ObsPltMark, "None", Field<&ModOpt::GetEObjectPlotMark>, 0},
+      {VarPltMark, "Number", Field<&ModOpt::GetEVariablePlotMark>, 1},
+      {VariMode, "R2adj", Field<&ModOpt::GetER2>, 1},
+      {ObsPltMarkLen, "3", Field<&ModOpt::GetObjectPlotMarkLength>, 3},
+      {ObsPltMarkSta, "4", Field<&ModOpt::GetObjectPlotMarkStart>, 4},
+      {VarPltMarkLen, "5", Field<&ModOpt::GetVariablePlotMarkLength>, 5},
+      {VarPltMarkSta, "6", Field<&ModOpt::GetVariablePlotMarkStart>, 6},
+      {NumberFormat, "4", Field<&ModOpt::GetIsRule>, 0},  // whatever the options are
   };
-  EXPECT_EQ(FieldsOf(ModOpt()), row({0, 0, 1, 1,  2, 2,    0, 200, 7, 3, 50,   50, 50, 50, 0.95, 0,
-                                     0, 0, 0, 1,  1, 0.05, 1, 0,   1, 1, 0.05, 0,  0,  0,  0,    1,
-                                     0, 1, 0, 65, 0, 1,    0, 2,   8, 1, 8,    1,  1,  0}));
-  EXPECT_EQ(FieldsOf(ModOpt(nullptr)),
-            row({0, 1, 0, 1,    2, 2, 0, 200, 7, 3, 20, 20, 20, 20, 1, 0, 0, 0, 0, 0, 0, 0.05, 1,
-                 0, 1, 1, 0.05, 0, 0, 0, 0,   1, 0, 1,  0,  65, 0,  1, 0, 2, 8, 1, 8, 1, 1,    0}));
-  const ModOpt of_project(&project);
-  EXPECT_EQ(
-      FieldsOf(of_project),
-      row({0, 0, 1, 0,    3, 0, 0, 32767, 5, 2, 30, 30, 10, 10, 0.5, 1, 1, 0, 0, 0, 0, 0.125, 0,
-           0, 1, 0, 0.25, 1, 0, 1, 0,     0, 1, 0,  0,  65, 1,  0,   1, 1, 3, 4, 5, 6, 1,     0}));
+  for (const auto& [option, value, field, expected] : cases) {
+    PrjOpt project(true);
+    EXPECT_TRUE(project.SetValue(option, value));
+    EXPECT_EQ(field(ModOpt(&project)), expected) << Options::GetString(option);
+  }
+}
+
+TEST(ModOpt, OutsideAProjectDiffersFromTheDefaults) {
+  const ModOpt defaults;
+  const ModOpt outside(nullptr);
+  const auto differences = [&](auto... fields) {
+    std::ostringstream text;
+    ((text << fields(defaults) << "/" << fields(outside) << " "), ...);
+    return text.str();
+  };
+  EXPECT_EQ(differences(Field<&ModOpt::GetIsXDesigned>, Field<&ModOpt::GetIsSeq>,
+                        Field<&ModOpt::GetIsBackTraYLS>, Field<&ModOpt::GetIsNormDistLS>,
+                        Field<&ModOpt::GetMaxMisValObsLS>, Field<&ModOpt::GetMaxMisValVarLS>,
+                        Field<&ModOpt::GetMaxMisValObsPS>, Field<&ModOpt::GetMaxMisValVarPS>,
+                        Field<&ModOpt::GetIsRule>, Field<&ModOpt::GetIsBackTraYPS>),
+            "0/1 1/0 1/0 1/0 50/20 50/20 50/20 50/20 1/1 1/1 ");
+  EXPECT_EQ(defaults.GetLagDecay(), 0.95F);
+  EXPECT_EQ(outside.GetLagDecay(), 1.0F);
   ModOpt copy;
   copy.SetNComp(200);
-  EXPECT_EQ(copy.GetNComp(), 127);
-  copy.Copy(of_project);
-  EXPECT_EQ(FieldsOf(copy), FieldsOf(of_project));
+  EXPECT_EQ(copy.GetNComp(), 127) << "the most that 8 bits hold";
+  copy.Copy(outside);
+  EXPECT_EQ(copy.GetNComp(), 0);
 }
 
 }  // namespace

@@ -7,11 +7,11 @@
 #include <thread>
 #include <utility>
 
-#include "zemva/settings/profile/file_lock.h"
-#include "zemva/settings/profile/file_profile.h"
+#include "support/temp_folder.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/ini/ini_layout.h"
-#include "support/temp_folder.h"
+#include "zemva/settings/profile/file_lock.h"
+#include "zemva/settings/profile/file_profile.h"
 
 #if !defined(_WIN32)
 #include <signal.h>

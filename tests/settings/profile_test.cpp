@@ -8,8 +8,8 @@
 #include <fstream>
 #include <memory>
 
-#include "zemva/settings/profile/file_profile.h"
 #include "support/temp_folder.h"
+#include "zemva/settings/profile/file_profile.h"
 #if defined(_WIN32)
 #include "zemva/settings/profile/windows_profile.h"
 #endif

@@ -75,9 +75,17 @@ std::FILE* CreateFile(const fs::path& path, bool) {
   return descriptor < 0 ? nullptr : _fdopen(descriptor, "wb");
 }
 
-bool MoveOver(const fs::path& from, const fs::path& to) {
+bool MoveOver(const fs::path& from, const fs::path& to, const fs::path&) {
   return MoveFileExW(from.c_str(), to.c_str(),
                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+// The owner of a new file is what its folder says.
+bool GiveToOwnerOf(const fs::path&, const fs::path&) {
+  return true;
+}
+bool CopyOver(const fs::path&, const fs::path&) {
+  return false;
 }
 #else
 int ProcessNumber() {
@@ -133,16 +141,45 @@ std::FILE* CreateFile(const fs::path& path, bool is_private) {
 }
 
 // A rename is on the disk only when the folder that holds the name is.
-bool MoveOver(const fs::path& from, const fs::path& to) {
+bool MoveOver(const fs::path& from, const fs::path& to, const fs::path& folder) {
   std::error_code error;
   fs::rename(from, to, error);
   if (error) return false;
-  const int descriptor = open(to.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor >= 0) {
     fsync(descriptor);
     close(descriptor);
   }
   return true;
+}
+
+// False when this user may not give files to the owner and group of `old`.
+bool GiveToOwnerOf(const fs::path& old, const fs::path& file) {
+  struct stat status = {};
+  return stat(old.c_str(), &status) == 0 && chown(file.c_str(), status.st_uid, status.st_gid) == 0;
+}
+
+// Replaces the bytes of a file, which stays whose it is. The disk has room for them before the
+// first one is written.
+bool CopyOver(const fs::path& from, const fs::path& to) {
+  const int in = open(from.c_str(), O_RDONLY | O_CLOEXEC);
+  const int out = open(to.c_str(), O_WRONLY | O_CLOEXEC);
+  struct stat wanted = {};
+  struct stat old = {};
+  bool is_copied = fstat(in, &wanted) == 0 && fstat(out, &old) == 0;
+  if (is_copied && wanted.st_size > 0 && posix_fallocate(out, 0, wanted.st_size) != 0) {
+    is_copied = false;
+    static_cast<void>(!ftruncate(out, old.st_size));
+  }
+  char block[1 << 16];
+  for (ssize_t count = 1; is_copied && count > 0;) {
+    count = read(in, block, sizeof block);
+    is_copied = count >= 0 && write(out, block, static_cast<std::size_t>(count)) == count;
+  }
+  is_copied = is_copied && ftruncate(out, wanted.st_size) == 0 && fsync(out) == 0;
+  if (in >= 0) close(in);
+  if (out >= 0) close(out);
+  return is_copied;
 }
 #endif
 
@@ -210,7 +247,7 @@ void Exchange(AtomicFile* from, AtomicFile* to) {
 }  // namespace
 
 AtomicFile::AtomicFile(const std::string& path)
-    : target_(ResolveLinks(NativePath(path))), beside_(target_) {
+    : target_(ResolveLinks(NativePath(path))), folder_(target_.parent_path()), beside_(target_) {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
   const bool is_there = fs::exists(status);
@@ -276,8 +313,15 @@ bool AtomicFile::Flush() {
 bool AtomicFile::Replace() {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
-  if (!error && fs::exists(status)) fs::permissions(beside_, status.permissions(), error);
-  return MoveOver(beside_, target_);
+  if (!error && fs::exists(status)) {
+    if (!GiveToOwnerOf(target_, beside_)) {
+      const bool is_copied = CopyOver(beside_, target_);
+      fs::remove(beside_, error);
+      return is_copied;
+    }
+    fs::permissions(beside_, status.permissions(), error);
+  }
+  return MoveOver(beside_, target_, folder_);
 }
 
 // Ends what is done beside the target. Once it has taken the target's place, its name may be that

@@ -14,7 +14,9 @@ namespace zemva {
 // off in mid-write, by a kill, a full disk or a power failure, finds the old file or the new one,
 // whole. A link is followed: it stays, and what it points to is replaced. A file that may not be
 // written to is not replaced either. Where `path` names something that is no regular file (a
-// device, a pipe) there is nothing to replace, and it is written to directly.
+// device, a pipe) there is nothing to replace, and it is written to directly. A file keeps its
+// owner and group: where this user may not give them to a new file, the new bytes are put into the
+// old one, once they are whole on the disk.
 //
 // The file beside it is named ".saving-", the number of its process, "-" and a number. One that
 // is left of a process that was killed goes when a file in the same folder is written next.
@@ -47,6 +49,7 @@ class ZEMVA_API AtomicFile {
   bool Finish(bool replaced);
 
   std::filesystem::path target_;
+  std::filesystem::path folder_;  // of both; known before, so that a finished save cannot fail
   std::filesystem::path beside_;  // the same as target_ when written directly
   std::FILE* stream_ = nullptr;
   int lock_ = -1;  // says that the file beside is not a leftover

@@ -1,6 +1,5 @@
 #include "zemva/base/paths.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -55,17 +54,14 @@ bool FileExists(std::string_view path) {
 }
 
 bool RemoveFile(std::string_view path) {
-  const fs::path file = NativePath(path);
+  return RemoveFileAt(NativePath(path));
+}
+
+bool RemoveFileAt(const fs::path& file) {
   std::error_code error;
   if (fs::is_directory(file, error)) return false;
   fs::remove(file, error);
   return !fs::exists(file, error);
-}
-
-bool CreateEmptyFile(std::string_view path) {
-  if (!RemoveFile(path)) return false;
-  std::FILE* file = OpenFile(NativePath(path), "wb");
-  return file != nullptr && std::fclose(file) == 0;
 }
 
 }  // namespace zemva

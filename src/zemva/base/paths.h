@@ -3,6 +3,7 @@
 #ifndef ZEMVA_BASE_PATHS_H
 #define ZEMVA_BASE_PATHS_H
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -19,10 +20,10 @@ std::string_view FileNameOf(std::string_view path);
 
 // Whether a file or a directory of this name exists.
 bool FileExists(std::string_view path);
-// Succeeds too when there is no such file. Directories are not removed.
+// Succeeds too when there is no such file. Directories are not removed. The second one cannot run
+// out of memory.
 bool RemoveFile(std::string_view path);
-// Replaces what is there by an empty file.
-bool CreateEmptyFile(std::string_view path);
+bool RemoveFileAt(const std::filesystem::path& file);
 
 }  // namespace zemva
 

@@ -1,4 +1,4 @@
-// Where a failed allocation becomes a status code.
+// Where a failed allocation becomes a status code, or whatever an operation returns when it fails.
 #ifndef ZEMVA_ERRORS_MEMORY_GUARD_H
 #define ZEMVA_ERRORS_MEMORY_GUARD_H
 
@@ -8,13 +8,13 @@
 
 namespace zemva {
 
-// The status of the operation; 8002 when memory runs out in it.
-template <typename Operation>
-int MemoryGuarded(Operation operation) {
+// What the operation returns; `out_of_memory`, by default 8002, when memory runs out in it.
+template <typename Operation, typename Result = int>
+Result MemoryGuarded(Operation operation, Result out_of_memory = status::mva::kMemory) {
   try {
     return operation();
   } catch (const std::bad_alloc&) {
-    return status::mva::kMemory;
+    return out_of_memory;
   }
 }
 

@@ -1,11 +1,24 @@
 // The current project, and free values.
+#include <filesystem>
+#include <system_error>
+
+#include "zemva/base/native_path.h"
+#include "zemva/base/paths.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/ini/ini_layout.h"
+#include "zemva/settings/options/option_table.h"
 #include "zemva/settings/options/options.h"
-#include "zemva/base/paths.h"
-#include "zemva/settings/profile/text.h"
 
 namespace zemva {
+namespace {
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return std::filesystem::equivalent(NativePath(a), NativePath(b), error);
+}
+
+}  // namespace
 
 const char* IniFile::GetCurrentProjectAddress() {
   return ReadAddress(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
@@ -20,40 +33,54 @@ bool IniFile::SetCurrentProjectAddress(const char* addr) {
 }
 
 const char* IniFile::GetCurrentProjectName() {
-  return ReadInto(short_value_, kProductSection, kNameKey, project_file_.Get());
+  return ReadInto(short_value_, szVardoSection, kNameKey, project_file_.Get());
 }
 
 const char* IniFile::GetCurrentProjectTitle() {
-  return ReadInto(title_, kProductSection, kTitleKey, project_file_.Get());
+  return ReadInto(title_, szVardoSection, kTitleKey, project_file_.Get());
 }
 
 bool IniFile::SetCurrentProjectName(const char* name) {
-  return Profile::OfThisSystem().Write({kProductSection, kNameKey, name}, project_file_.Get());
+  return WriteValue({szVardoSection, kNameKey, name}, project_file_.Get());
 }
 
 bool IniFile::SetCurrentProjectTitle(const char* title) {
-  return Profile::OfThisSystem().Write({kProductSection, kTitleKey, title}, project_file_.Get());
+  return WriteValue({szVardoSection, kTitleKey, title}, project_file_.Get());
 }
 
+// The new project is made first, and the old one's file goes last: whatever fails in between, a
+// project is there.
 bool IniFile::MoveCurrentProject(const char* newAddr) {
-  const std::string new_address(ViewOf(newAddr));
-  const std::string old_address = GetCurrentProjectAddress();
-  // A project that could not be made anew must not be deleted.
-  const bool is_usable = !new_address.empty() && IsPathThatFits(new_address);
-  if (old_address.empty() || !is_usable) return false;
-  project_file_.SetPath(old_address);
-  const std::string title = GetCurrentProjectTitle();
-  const std::string name = GetCurrentProjectName();
-  if (!DeleteProject(old_address.c_str())) return false;
-  const std::string made = MakeNewProject(new_address.c_str(), title.c_str(), name.c_str());
-  return !made.empty() && SetCurrentProjectAddress(new_address.c_str());
+  const auto move = [&] {
+    const std::string new_address(ViewOf(newAddr));
+    const std::string old_address =
+        FindAddress(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
+    if (old_address.empty()) return false;
+    const char* title = FindValue(title_, szVardoSection, kTitleKey, old_address.c_str());
+    const char* name = FindValue(short_value_, szVardoSection, kNameKey, old_address.c_str());
+    if (!WriteDefaultProject(new_address.c_str(), title, name) ||
+        !SetCurrentProjectAddress(new_address.c_str())) {
+      return false;
+    }
+    const bool is_listed =
+        EditList(kKnownProjects, settings_file_.Get(), [&](NumberedList& projects) {
+          RemoveOrLowerCount(projects, old_address);
+          AppendOnce(projects, new_address);
+          return true;
+        });
+    return is_listed && (IsSameFile(old_address, new_address) || RemoveFile(old_address));
+  };
+  return MemoryGuarded(move, false);
 }
 
 const char* IniFile::GetDefaultProjectDirectory() {
-  ReadAddress(value_, kOptionsSection, Options::GetString(EOptType::DefaultProjectDir),
-              settings_file_.Get());
-  value_.SetPath(WithSeparator(value_.View()));
-  return value_.Get();
+  const auto read = [&] {
+    FindAddress(value_, kOptionsSection, Options::GetString(EOptType::DefaultProjectDir),
+                settings_file_.Get());
+    value_.SetPath(WithSeparator(value_.View()));
+    return static_cast<const char*>(value_.Get());
+  };
+  return MemoryGuarded(read, "");
 }
 
 bool IniFile::SetDefaultProjectDirectory(const char* dir) {
@@ -66,12 +93,11 @@ const char* IniFile::GetGlobalMiscOption(const char* key) {
 }
 
 bool IniFile::SaveGlobalMiscOption(const char* key, const char* value) {
-  return key != nullptr &&
-         Profile::OfThisSystem().Write({kMiscellaneousSection, key, value}, settings_file_.Get());
+  return key != nullptr && WriteValue({kMiscellaneousSection, key, value}, settings_file_.Get());
 }
 
 bool IniFile::DeleteSection(const char* section) {
-  return Profile::OfThisSystem().Write({section, nullptr, nullptr}, project_file_.Get());
+  return WriteValue({section, nullptr, nullptr}, project_file_.Get());
 }
 
 }  // namespace zemva

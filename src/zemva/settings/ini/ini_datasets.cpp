@@ -1,8 +1,8 @@
 // The data sets and models of a project.
+#include "zemva/base/paths.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/ini/ini_layout.h"
-#include "zemva/base/paths.h"
-#include "zemva/settings/profile/text.h"
 
 namespace zemva {
 
@@ -10,18 +10,28 @@ std::string IniFile::InProjectDirectory(std::string_view path) const {
   return std::string(DirectoryOf(project_file_.View())).append(FileNameOf(path));
 }
 
+const char* IniFile::Moved(const char* stored) {
+  if (*stored == '\0') return "";
+  MakePath2CurrentProjectDirctory(value_.Get());
+  return value_.Get();
+}
+
 bool IniFile::MakePath2CurrentProjectDirctory(char* path) {
   if (path == nullptr) return false;
-  const std::string moved = InProjectDirectory(path);
-  const bool fits = IsPathThatFits(moved);
-  CopyText(path, PathText::kCapacity + 1, fits ? moved.c_str() : "");
-  return fits;
+  const auto move = [&] {
+    const std::string moved = InProjectDirectory(path);
+    const bool fits = IsPathThatFits(moved);
+    CopyText(path, PathText::kCapacity + 1, fits ? moved.c_str() : "");
+    return fits;
+  };
+  if (MemoryGuarded(move, false)) return true;
+  *path = '\0';
+  return false;
 }
 
 const char* IniFile::GetMainDatasetAddress() {
-  ReadAddress(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get());
-  if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
-  return value_.Get();
+  return Moved(
+      ReadAddress(value_, kPrimaryDatasetSection, kPrimaryDatasetKey, project_file_.Get()));
 }
 
 bool IniFile::SetMainDatasetAddress(const char* addr) {
@@ -29,13 +39,11 @@ bool IniFile::SetMainDatasetAddress(const char* addr) {
 }
 
 bool IniFile::SetMainDatasetName(const char* name) {
-  return Profile::OfThisSystem().Write({kPrimaryDatasetSection, kPrimaryDatasetNameKey, name},
-                                       project_file_.Get());
+  return WriteValue({kPrimaryDatasetSection, kPrimaryDatasetNameKey, name}, project_file_.Get());
 }
 
 int IniFile::GetNumberOfSecondaryDatasets() {
-  return Profile::OfThisSystem().ReadInteger(kSecondaryDatasets.section,
-                                             kSecondaryDatasets.count_key, 0, project_file_.Get());
+  return ReadCount(kSecondaryDatasets, project_file_.Get());
 }
 
 bool IniFile::IncNumberOfSecondaryDatsets() {
@@ -47,15 +55,12 @@ bool IniFile::DecNumberOfSecondaryDatasets() {
 }
 
 const char* IniFile::GetSecondaryDatasetFileName(int i) {
-  return ReadAddress(value_, kSecondaryDatasets.section, EntryKey(kSecondaryDatasets, i).c_str(),
-                     project_file_.Get());
+  return ReadEntry(value_, kSecondaryDatasets, i, project_file_.Get());
 }
 
 const char* IniFile::GetSecondaryDatasetAddress(int i) {
-  GetSecondaryDatasetFileName(i);
-  if (value_.IsEmpty()) return nullptr;
-  MakePath2CurrentProjectDirctory(value_.Get());
-  return value_.Get();
+  const char* stored = GetSecondaryDatasetFileName(i);
+  return *stored != '\0' ? Moved(stored) : nullptr;
 }
 
 bool IniFile::AddSecondaryDataset(const char*, const char* addr) {
@@ -81,13 +86,11 @@ bool IniFile::DeleteSecondaryDataset(const char* addr) {
 }
 
 int IniFile::GetNumberOfModels() {
-  return Profile::OfThisSystem().ReadInteger(kModels.section, kModels.count_key, -1,
-                                             project_file_.Get());
+  return ReadCount(kModels, project_file_.Get());
 }
 
 bool IniFile::SetNumberOfModels(const char* count) {
-  return Profile::OfThisSystem().Write({kModels.section, kModels.count_key, count},
-                                       project_file_.Get());
+  return WriteValue({kModels.section, kModels.count_key, count}, project_file_.Get());
 }
 
 bool IniFile::SetNewModelAddress(const char* key, const char* addr) {
@@ -95,13 +98,11 @@ bool IniFile::SetNewModelAddress(const char* key, const char* addr) {
 }
 
 const char* IniFile::GetModelAddress(short i) {
-  return GetModelAddress(EntryKey(kModels, i).c_str());
+  return Moved(ReadEntry(value_, kModels, i, project_file_.Get()));
 }
 
 const char* IniFile::GetModelAddress(const char* key) {
-  ReadAddress(value_, kModels.section, key, project_file_.Get());
-  if (!value_.IsEmpty()) MakePath2CurrentProjectDirctory(value_.Get());
-  return value_.Get();
+  return Moved(ReadAddress(value_, kModels.section, key, project_file_.Get()));
 }
 
 bool IniFile::AddModel(const char* addr) {

@@ -1,16 +1,13 @@
 #include "zemva/settings/ini/ini_file.h"
 
-#include <array>
+#include <vector>
 
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/ini/ini_layout.h"
-#include "zemva/base/paths.h"
-#include "zemva/settings/options/prj_opt.h"
-#include "zemva/settings/profile/text.h"
+#include "zemva/settings/options/option_table.h"
+#include "zemva/settings/profile/settings_file.h"
 
 namespace zemva {
-
-PathText IniFile::msszIniPath;
-bool IniFile::is_ini_path_set_ = false;
 
 const char* GetIniFile() {
   return nullptr;
@@ -22,25 +19,15 @@ IniFile::IniFile(const char* projectFile) {
 }
 
 void IniFile::SetIniPath(const char* dir) {
-  is_ini_path_set_ = true;
-  if (dir != nullptr && FileExists(dir)) {
-    msszIniPath.SetPath(WithSeparator(dir));
-  } else {
-    msszIniPath.SetPath(Profile::OfThisSystem().FindWindowsDirectory());
-  }
+  MemoryGuarded([dir] { return SetSettingsDirectory(dir), 0; });
 }
 
 const char* IniFile::GetIniPath() {
-  if (!is_ini_path_set_) SetIniPath(nullptr);
-  return msszIniPath.Get();
+  return MemoryGuarded([] { return SettingsDirectory(); }, "");
 }
 
 std::string IniFile::GetSettingsFile() {
-  const std::string directory = WithSeparator(GetIniPath());
-  if (directory.empty()) return {};
-  const char* name = GetIniFile();
-  const std::string file = directory + (name != nullptr ? name : kSettingsFileName);
-  return IsPathThatFits(file) ? file : std::string();
+  return MemoryGuarded([] { return SettingsFile(); }, std::string());
 }
 
 const char* IniFile::GetOptionsSectionName() {
@@ -48,15 +35,20 @@ const char* IniFile::GetOptionsSectionName() {
 }
 
 bool IniFile::CreateVardoIniFile() {
-  const std::string file = GetSettingsFile();
-  if (!CreateEmptyFile(file)) return false;
-  constexpr std::array<ProfileChange, 4> kContents = {{
-      {kProductSection, kIdentificationKey, kProductIdentification},
-      {kProductSection, kVersionKey, kLayoutVersion},
-      {kCurrentProjectSection, kCurrentProjectKey, ""},
-      {kKnownProjects.section, kKnownProjects.count_key, "0"},
-  }};
-  return Profile::OfThisSystem().Write(kContents, file.c_str()) && PrjOpt(true).SaveGlobal();
+  const auto create = [] {
+    std::vector<ProfileChange> contents = {
+        {szVardoSection, kIdentificationKey, kProductIdentification},
+        {szVardoSection, kVersionKey, kLayoutVersion},
+        {kCurrentProjectSection, kCurrentProjectKey, ""},
+        {kKnownProjects.section, kKnownProjects.count_key, "0"},
+    };
+    for (int number = 1; number <= kGlobalOptionCount; ++number) {
+      const OptionCell& option = OptionRow(static_cast<EOptType>(number));
+      contents.push_back({kOptionsSection, option.key, option.default_value});
+    }
+    return Profile::OfThisSystem().Replace(contents, SettingsFile().c_str());
+  };
+  return MemoryGuarded(create, false);
 }
 
 const char* IniFile::MakeNewProject(const char* addr, const char* title, const char* name) {
@@ -66,18 +58,18 @@ const char* IniFile::MakeNewProject(const char* addr, const char* title, const c
 }
 
 bool IniFile::WriteDefaultProject(const char* addr, const char* title, const char* name) {
-  if (addr == nullptr || !IsPathThatFits(addr) || !CreateEmptyFile(addr)) return false;
-  const std::array<ProfileChange, 8> contents = {{
-      {kProductSection, kIdentificationKey, kProductIdentification},
-      {kProductSection, kVersionKey, kLayoutVersion},
-      {kProductSection, kNameKey, name},
-      {kProductSection, kTitleKey, title},
+  const ProfileChange contents[] = {
+      {szVardoSection, kIdentificationKey, kProductIdentification},
+      {szVardoSection, kVersionKey, kLayoutVersion},
+      {szVardoSection, kNameKey, name},
+      {szVardoSection, kTitleKey, title},
       {kPrimaryDatasetSection, kPrimaryDatasetKey, ""},
       {kPrimaryDatasetSection, kPrimaryDatasetNameKey, ""},
       {kSecondaryDatasets.section, kSecondaryDatasets.count_key, "0"},
       {kModels.section, kModels.count_key, "0"},
-  }};
-  return Profile::OfThisSystem().Write(contents, addr);
+  };
+  const auto write = [&] { return Profile::OfThisSystem().Replace(contents, addr); };
+  return IsPathThatFits(ViewOf(addr)) && MemoryGuarded(write, false);
 }
 
 }  // namespace zemva

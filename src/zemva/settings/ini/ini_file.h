@@ -7,7 +7,7 @@
 
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
-#include "zemva/settings/ini/path_text.h"
+#include "zemva/settings/profile/path_text.h"
 
 // What a menu of the Windows interface is known by; unknown to other systems and never looked into.
 struct HMENU__;
@@ -29,6 +29,9 @@ ZEMVA_API const char* GetIniFile();
 // to be written, where it removes the key.
 class ZEMVA_API IniFile {
  public:
+  // The section that tells which program a file is of.
+  static constexpr const char* szVardoSection = "VardoP";
+
   // `projectFile` is the path of the project settings file. A path of more than 259 characters is
   // taken for none, here and where one is read; it is not written.
   explicit IniFile(const char* projectFile);
@@ -61,7 +64,7 @@ class ZEMVA_API IniFile {
   // True when the project was added: it was not known before.
   bool AddNewProjectAddress(const char* addr);
   // Removes the project from the list and deletes its settings file. The count goes down by one
-  // even when the project is not in the list. True when the list is written and the file is gone.
+  // even when the project is not in the list. A file stays when the list cannot be written.
   bool DeleteProject(const char* addr);
   // Removes the first such project, whatever the case of its letters, and keeps its file. False
   // when there is none.
@@ -82,9 +85,9 @@ class ZEMVA_API IniFile {
   const char* GetCurrentProjectTitle();
   bool SetCurrentProjectName(const char* name);
   bool SetCurrentProjectTitle(const char* title);
-  // Deletes the current project and makes a new one at `newAddr` with its title and name, without
-  // its data sets and models. False, and nothing happens, when there is no current project or
-  // `newAddr` names no file.
+  // Makes a new project at `newAddr` with the title and name of the current one, but without its
+  // data sets and models, and deletes the current one. False, and nothing happens, when there is no
+  // current project or none can be made at `newAddr`.
   bool MoveCurrentProject(const char* newAddr);
   // With a separator at its end, unless it is "".
   const char* GetDefaultProjectDirectory();
@@ -152,10 +155,9 @@ class ZEMVA_API IniFile {
 
   // The raw value, as it is stored.
   const char* GetSecondaryDatasetFileName(int i);
+  // What was read into value_ as an address, put into the directory of the project settings file.
+  const char* Moved(const char* stored);
   std::string InProjectDirectory(std::string_view path) const;
-
-  static PathText msszIniPath;  // the settings directory; empty when its path does not fit
-  static bool is_ini_path_set_;
 
   PathText settings_file_;
   PathText value_;

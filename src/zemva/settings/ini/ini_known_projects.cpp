@@ -1,19 +1,13 @@
 // The list of known projects.
 #include <algorithm>
 
+#include "zemva/base/native_path.h"
+#include "zemva/base/paths.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/ini/ini_layout.h"
-#include "zemva/base/paths.h"
-#include "zemva/settings/profile/text.h"
 
 namespace zemva {
-namespace {
-
-NumberedList::Matcher IsAddress(std::string_view address) {
-  return [address](const std::string& known) { return known == address; };
-}
-
-}  // namespace
 
 const char* IniFile::GetNumberOfProjects() {
   return ReadInto(short_value_, kKnownProjects.section, kKnownProjects.count_key,
@@ -31,7 +25,7 @@ bool IniFile::DecNumberOfProjects() {
 }
 
 const char* IniFile::GetProjectAddress(short i) {
-  return GetProjectAddressByString(EntryKey(kKnownProjects, i).c_str());
+  return ReadEntry(value_, kKnownProjects, i, settings_file_.Get());
 }
 
 const char* IniFile::GetProjectAddressByString(const char* key) {
@@ -39,28 +33,28 @@ const char* IniFile::GetProjectAddressByString(const char* key) {
 }
 
 bool IniFile::CheckIfProjectIsKnown(const char* addr) {
-  return ReadList(kKnownProjects, settings_file_.Get()).Contains(IsAddress(ViewOf(addr)));
+  const auto check = [&] {
+    return ReadList(kKnownProjects, settings_file_.Get()).Contains(Is(ViewOf(addr)));
+  };
+  return MemoryGuarded(check, false);
 }
 
 bool IniFile::AddNewProjectAddress(const char* addr) {
-  const std::string address(ViewOf(addr));
   return addr != nullptr &&
-         EditList(kKnownProjects, settings_file_.Get(), [&](NumberedList& projects) {
-           return projects.GetCount() >= 0 && !projects.Contains(IsAddress(address)) &&
-                  projects.Append(address);
-         });
+         EditList(kKnownProjects, settings_file_.Get(),
+                  [addr](NumberedList& projects) { return AppendOnce(projects, addr); });
 }
 
 bool IniFile::DeleteProject(const char* addr) {
-  const std::string address(ViewOf(addr));
-  const bool is_listed =
-      EditList(kKnownProjects, settings_file_.Get(), [&](NumberedList& projects) {
-        // An unknown project lowers the count all the same.
-        if (projects.RemoveIf(IsAddress(address)) == 0) LowerCount(projects);
-        return true;
-      });
-  const bool is_gone = RemoveFile(address);
-  return is_listed && is_gone;
+  const auto remove = [&] {
+    const std::filesystem::path file = NativePath(ViewOf(addr));
+    const auto take_out = [addr](NumberedList& projects) {
+      RemoveOrLowerCount(projects, ViewOf(addr));
+      return true;
+    };
+    return EditList(kKnownProjects, settings_file_.Get(), take_out) && RemoveFileAt(file);
+  };
+  return MemoryGuarded(remove, false);
 }
 
 bool IniFile::DeleteProjectFromIniFile(const char* addr) {
@@ -87,10 +81,12 @@ bool IniFile::ScanAndRemoveBadProjects() {
     projects.CloseGaps();
     return true;
   });
-  const std::string current = GetCurrentProjectAddress();
-  const bool is_current_fine =
-      current.empty() || FileExists(current) || SetCurrentProjectAddress("");
-  return is_listed && is_current_fine;
+  const auto check_current = [&] {
+    const std::string_view current =
+        FindAddress(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
+    return current.empty() || FileExists(current) || SetCurrentProjectAddress("");
+  };
+  return MemoryGuarded(check_current, false) && is_listed;
 }
 
 int IniFile::ReadLastProjects(HMENU__*, int, int) {

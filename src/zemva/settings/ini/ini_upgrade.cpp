@@ -3,8 +3,8 @@
 
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/ini/ini_layout.h"
+#include "zemva/settings/options/option_table.h"
 #include "zemva/settings/options/options.h"
-#include "zemva/settings/profile/text.h"
 
 namespace zemva {
 namespace {
@@ -22,41 +22,54 @@ constexpr const char* kOldOptionKeys[] = {
 
 constexpr char kOldUserSection[] = "Userinfo";
 
-}  // namespace
-
-const char* IniFile::GetIniFileVersion() {
-  return ReadInto(short_value_, kProductSection, kVersionKey, settings_file_.Get());
-}
-
-const char* IniFile::GetProjectFileVersion() {
-  return ReadInto(short_value_, kProductSection, kVersionKey, project_file_.Get());
-}
-
-bool IniFile::SetProjectFileVersion(const char* version) {
-  return Profile::OfThisSystem().Write({kProductSection, kVersionKey, version},
-                                       project_file_.Get());
-}
-
-bool IniFile::UpdateOldIniFile() {
-  const double version = LeadingReal(GetProjectFileVersion());
-  const ProfileChange present[] = {
-      {kProductSection, kIdentificationKey, kProductIdentification},
-      {kProductSection, kVersionKey, kLayoutVersion},
-  };
-  const bool is_marked = Profile::OfThisSystem().Write(present, settings_file_.Get());
-  const bool is_clean = version >= kFirstCleanVersion || CleanIniFile(nullptr);
-  project_file_.SetPath(GetCurrentProjectAddress());
-  return is_marked && is_clean;
-}
-
-bool IniFile::CleanIniFile(const char* file) {
-  std::vector<ProfileChange> changes;
-  for (const char* key : kOldProductKeys) changes.push_back({kProductSection, key, nullptr});
+void AppendCleaning(std::vector<ProfileChange>& changes) {
+  for (const char* key : kOldProductKeys) {
+    changes.push_back({IniFile::szVardoSection, key, nullptr});
+  }
   for (const char* key : kOldOptionKeys) changes.push_back({kOptionsSection, key, nullptr});
   changes.push_back({kOldUserSection, nullptr, nullptr});
   changes.push_back({kOptionsSection, Options::GetString(EOptType::CrossValidation),
                      Options::GetString(EValidate::CV)});
-  return Profile::OfThisSystem().Write(changes, file != nullptr ? file : settings_file_.Get());
+}
+
+}  // namespace
+
+const char* IniFile::GetIniFileVersion() {
+  return ReadInto(short_value_, szVardoSection, kVersionKey, settings_file_.Get());
+}
+
+const char* IniFile::GetProjectFileVersion() {
+  return ReadInto(short_value_, szVardoSection, kVersionKey, project_file_.Get());
+}
+
+bool IniFile::SetProjectFileVersion(const char* version) {
+  return WriteValue({szVardoSection, kVersionKey, version}, project_file_.Get());
+}
+
+bool IniFile::UpdateOldIniFile() {
+  const auto update = [&] {
+    const double version =
+        LeadingReal(FindValue(short_value_, szVardoSection, kVersionKey, project_file_.Get()));
+    std::vector<ProfileChange> changes;
+    if (version < kFirstCleanVersion) AppendCleaning(changes);
+    changes.push_back({szVardoSection, kIdentificationKey, kProductIdentification});
+    changes.push_back({szVardoSection, kVersionKey, kLayoutVersion});
+    const char* current =
+        FindAddress(value_, kCurrentProjectSection, kCurrentProjectKey, settings_file_.Get());
+    const bool is_written = Profile::OfThisSystem().Write(changes, settings_file_.Get());
+    project_file_.SetPath(current);
+    return is_written;
+  };
+  return MemoryGuarded(update, false);
+}
+
+bool IniFile::CleanIniFile(const char* file) {
+  const auto clean = [&] {
+    std::vector<ProfileChange> changes;
+    AppendCleaning(changes);
+    return Profile::OfThisSystem().Write(changes, file != nullptr ? file : settings_file_.Get());
+  };
+  return MemoryGuarded(clean, false);
 }
 
 bool IniFile::UpdateOldProject(const char*) {

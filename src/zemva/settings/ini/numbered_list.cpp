@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "zemva/settings/ini/path_text.h"
+#include "zemva/settings/profile/path_text.h"
 #include "zemva/settings/profile/text.h"
 
 namespace zemva {
@@ -91,20 +91,20 @@ bool RaiseCount(NumberedList& list) {
   return true;
 }
 
-NumberedList ReadList(const ListLayout& layout, const char* file) {
-  return {layout, Profile::OfThisSystem().ReadSection(layout.section, file)};
+NumberedList::Matcher Is(std::string_view address) {
+  return [address](const std::string& entry) { return entry == address; };
 }
 
-bool EditList(const ListLayout& layout, const char* file,
-              const std::function<bool(NumberedList&)>& change) {
-  bool is_possible = false;
-  const bool is_written = Profile::OfThisSystem().Update(
-      layout.section, file, [&](const std::vector<ProfileEntry>& section) {
-        NumberedList list(layout, section);
-        is_possible = change(list);
-        return list.GetChanges();
-      });
-  return is_possible && is_written;
+void RemoveOrLowerCount(NumberedList& list, std::string_view address) {
+  if (list.RemoveIf(Is(address)) == 0) LowerCount(list);
+}
+
+bool AppendOnce(NumberedList& list, std::string_view address) {
+  return list.GetCount() >= 0 && !list.Contains(Is(address)) && list.Append(address);
+}
+
+NumberedList ReadList(const ListLayout& layout, const char* file) {
+  return {layout, Profile::OfThisSystem().ReadSection(layout.section, file)};
 }
 
 }  // namespace zemva

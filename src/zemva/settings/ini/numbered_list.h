@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/profile/profile.h"
 
 namespace zemva {
@@ -62,12 +63,28 @@ bool LowerCount(NumberedList& list);
 // One more; false when it can grow no more.
 bool RaiseCount(NumberedList& list);
 
+// Matches exactly this address, which must live as long.
+NumberedList::Matcher Is(std::string_view address);
+// Removes the entries of this address; where there are none, the count goes down all the same.
+void RemoveOrLowerCount(NumberedList& list, std::string_view address);
+// Adds an address. False when the list has it, or a count below 0.
+bool AppendOnce(NumberedList& list, std::string_view address);
+
 NumberedList ReadList(const ListLayout& layout, const char* file);
 
 // Changes a list in one step. `change`, which may be called twice, returns whether it was possible.
-// False when it was not, or when the file could not be read or written.
-bool EditList(const ListLayout& layout, const char* file,
-              const std::function<bool(NumberedList&)>& change);
+// False when it was not, or when the file could not be read or written, or for want of memory.
+template <typename Change>
+bool EditList(const ListLayout& layout, const char* file, Change change) {
+  bool is_possible = false;
+  const auto edit = [&](const std::vector<ProfileEntry>& section) {
+    NumberedList list(layout, section);
+    is_possible = change(list);
+    return list.GetChanges();
+  };
+  const auto update = [&] { return Profile::OfThisSystem().Update(layout.section, file, edit); };
+  return MemoryGuarded(update, false) && is_possible;
+}
 
 }  // namespace zemva
 

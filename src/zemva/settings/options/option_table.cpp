@@ -5,8 +5,8 @@
 #include <iterator>
 #include <limits>
 
-#include "zemva/settings/options/option_words.h"
 #include "zemva/base/paths.h"
+#include "zemva/settings/options/option_words.h"
 #include "zemva/settings/profile/text.h"
 
 namespace zemva {
@@ -85,7 +85,9 @@ constexpr OptionCell optionTable[] = {
 static_assert(std::size(optionTable) == kOptionCount);
 
 bool IsExistingPath(std::string_view value) {
-  if (value.ends_with('\\')) value.remove_suffix(1);
+  // The backslash of "C:\\" belongs to the folder, any other at an end does not.
+  const bool is_root = value.ends_with(":\\");
+  if (value.ends_with('\\') && !is_root) value.remove_suffix(1);
   return !value.empty() && FileExists(value);
 }
 

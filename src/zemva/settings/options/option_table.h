@@ -10,6 +10,9 @@
 
 namespace zemva {
 
+// The section of the settings file that holds the global options.
+inline constexpr char kOptionsSection[] = "Options";
+
 // Which texts are legal values.
 struct OptionRule {
   enum class Kind {

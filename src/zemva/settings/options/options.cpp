@@ -5,10 +5,12 @@
 #include <limits>
 #include <vector>
 
-#include "zemva/settings/ini/ini_file.h"
-#include "zemva/settings/ini/ini_layout.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/settings/options/option_table.h"
 #include "zemva/settings/options/option_words.h"
+#include "zemva/settings/profile/profile.h"
+#include "zemva/settings/profile/profile_text.h"
+#include "zemva/settings/profile/settings_file.h"
 #include "zemva/settings/profile/text.h"
 
 namespace zemva {
@@ -84,16 +86,22 @@ bool Options::IsResetOnLoad(EOptType type) {
 }
 
 bool Options::LoadGlobal() {
-  return Profile::OfThisSystem().Update(
-      kOptionsSection, IniFile::GetSettingsFile().c_str(),
-      [this](const std::vector<ProfileEntry>& entries) { return TakeOver(entries); });
+  const auto load = [this] {
+    Values loaded = values_;
+    const bool is_complete = Profile::OfThisSystem().Update(
+        kOptionsSection, SettingsFile().c_str(),
+        [&](const std::vector<ProfileEntry>& entries) { return TakeOver(entries, loaded); });
+    values_ = loaded;
+    return is_complete;
+  };
+  return MemoryGuarded(load, false);
 }
 
-std::vector<KeyChange> Options::TakeOver(const std::vector<ProfileEntry>& entries) {
+std::vector<KeyChange> Options::TakeOver(const std::vector<ProfileEntry>& entries, Values& values) {
   std::vector<KeyChange> defaults;
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const OptionCell& row = OptionRow(static_cast<EOptType>(number));
-    auto& cell = values_[static_cast<std::size_t>(number)];
+    auto& cell = values[static_cast<std::size_t>(number)];
     const std::string* value = ValueIn(entries, row.key);
     const bool is_kept = value != nullptr && !row.IsResetOnLoad() && !value->empty() &&
                          value->size() <= kLongestValue && row.rule.Allows(*value);
@@ -105,24 +113,26 @@ std::vector<KeyChange> Options::TakeOver(const std::vector<ProfileEntry>& entrie
 }
 
 bool Options::SaveGlobal() {
-  std::vector<ProfileChange> values;
-  for (int number = 1; number <= kGlobalOptionCount; ++number) {
-    const auto type = static_cast<EOptType>(number);
-    values.push_back({kOptionsSection, OptionRow(type).key, GetValue(type)});
-  }
+  const auto save = [this] {
+    std::vector<ProfileChange> values;
+    for (int number = 1; number <= kGlobalOptionCount; ++number) {
+      const auto type = static_cast<EOptType>(number);
+      values.push_back({kOptionsSection, OptionRow(type).key, GetValue(type)});
+    }
+    return Profile::OfThisSystem().Write(values, SettingsFile().c_str());
+  };
+  if (!MemoryGuarded(save, false)) return false;
   ResetChangeFlag();
-  return Profile::OfThisSystem().Write(values, IniFile::GetSettingsFile().c_str());
+  return true;
 }
 
 bool Options::SaveGlobalValue(EOptType type) const {
-  if (!IsGlobalOption(type)) return false;
-  const std::string file = IniFile::GetSettingsFile();
-  const char* key = OptionRow(type).key;
-  if (!Profile::OfThisSystem().Write({kOptionsSection, key, GetValue(type)}, file.c_str())) {
-    return false;
-  }
-  FixedText<kLongestValue> stored;
-  return ReadInto(stored, kOptionsSection, key, file.c_str()) == ViewOf(GetValue(type));
+  if (!IsGlobalOption(type) || !IsKeptAsItIs(GetValue(type))) return false;
+  const auto save = [&] {
+    return Profile::OfThisSystem().Write({kOptionsSection, OptionRow(type).key, GetValue(type)},
+                                         SettingsFile().c_str());
+  };
+  return MemoryGuarded(save, false);
 }
 
 const char* Options::GetString(EOptType type) {

@@ -54,14 +54,15 @@ class ZEMVA_API Options {
   static bool IsResetOnLoad(EOptType type);
 
   // Reads the global options. Where the file has no value or an illegal one, the option and the
-  // file get the default. False when the file cannot be read, and the options are as they were, or
-  // when a default could not be written.
+  // file get the default. False when the file cannot be read or memory runs out, and the options
+  // are as they were, or when a default could not be written.
   bool LoadGlobal();
-  // Writes the global options and clears the change flag. False when the file could not be written.
+  // Writes the global options and clears the change flag. False, and neither happens, when the file
+  // could not be written.
   bool SaveGlobal();
   // Writes one global option, and leaves to others what they wrote. False when `type` is none,
-  // when the file could not be written, or when it does not give the value back as it is: blanks
-  // and quotes around one are lost.
+  // when the file could not be written, or when it would not give the value back as it is, since
+  // blanks and quotes around one are lost; the file is then as it was.
   bool SaveGlobalValue(EOptType type) const;
   // Do nothing: no options are kept with a project.
   void LoadLocal() {}
@@ -95,10 +96,12 @@ class ZEMVA_API Options {
   void SetText(EOptType type, const char* text);
 
  private:
-  // Fills the global options, and returns what the file lacks.
-  std::vector<KeyChange> TakeOver(const std::vector<ProfileEntry>& entries);
+  using Values = std::array<FixedText<kLongestValue>, kOptionCount + 1>;
 
-  std::array<FixedText<kLongestValue>, kOptionCount + 1> values_;  // by number; 0 stays empty
+  // Fills the global options, and returns what the file lacks.
+  static std::vector<KeyChange> TakeOver(const std::vector<ProfileEntry>& entries, Values& values);
+
+  Values values_;  // by number; 0 stays empty
   bool is_changed_ = false;
 };
 

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <new>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -43,12 +42,9 @@ std::optional<std::string> ReadFile(const char* file) {
 }
 
 std::optional<std::string> FindValue(const char* section, const char* key, const char* file) {
-  try {
-    const ProfileText text(ReadFile(file).value_or(""));
-    if (const auto value = text.Find(ViewOf(section), ViewOf(key))) return std::string(*value);
-  } catch (const std::bad_alloc&) {
-  }
-  return std::nullopt;
+  const ProfileText text(ReadFile(file).value_or(""));
+  const auto value = text.Find(ViewOf(section), ViewOf(key));
+  return value ? std::optional<std::string>(*value) : std::nullopt;
 }
 
 std::string_view WithoutTrailingBlanks(std::string_view text) {
@@ -56,14 +52,16 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
   return text;
 }
 
-void Apply(const ProfileChange& change, ProfileText& text) {
-  if (change.key == nullptr) {
-    text.RemoveSection(change.section);
-    return;
+void Apply(std::span<const ProfileChange> changes, ProfileText& text) {
+  for (const ProfileChange& change : changes) {
+    if (change.key == nullptr) {
+      text.RemoveSection(change.section);
+      continue;
+    }
+    KeyChange key_change = {change.key, std::nullopt};
+    if (change.value != nullptr) key_change.value = change.value;
+    text.Change(change.section, std::span(&key_change, 1));
   }
-  KeyChange key_change = {change.key, std::nullopt};
-  if (change.value != nullptr) key_change.value = change.value;
-  text.Change(change.section, std::span(&key_change, 1));
 }
 
 bool ReplaceFile(const std::string& path, const std::string& bytes) {
@@ -110,46 +108,44 @@ int FileProfile::ReadInteger(const char* section, const char* key, int fallback,
 }
 
 std::vector<ProfileEntry> FileProfile::ReadSection(const char* section, const char* file) const {
-  try {
-    return ProfileText(ReadFile(file).value_or("")).GetEntries(ViewOf(section));
-  } catch (const std::bad_alloc&) {
-    return {};
-  }
+  return ProfileText(ReadFile(file).value_or("")).GetEntries(ViewOf(section));
 }
 
 bool FileProfile::Write(std::span<const ProfileChange> changes, const char* file) const {
-  if (!std::ranges::all_of(changes, &Profile::IsValid)) return false;
-  try {
-    const std::string path(ViewOf(file));
-    std::error_code error;
-    const bool is_missing = !fs::exists(NativePath(path), error);
-    if (is_missing && std::ranges::all_of(changes, IsRemoval)) return true;
-    return ChangeFile(path, [changes](ProfileText& text) {
-      for (const ProfileChange& change : changes) Apply(change, text);
-    });
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  const std::string path(ViewOf(file));
+  if (path.empty() || !std::ranges::all_of(changes, &Profile::IsValid)) return false;
+  std::error_code error;
+  const fs::file_type type = fs::status(NativePath(path), error).type();
+  const bool is_missing = type == fs::file_type::not_found;
+  if (is_missing && std::ranges::all_of(changes, IsRemoval)) return true;
+  return ChangeFile(path, [changes](ProfileText& text) { Apply(changes, text); });
+}
+
+bool FileProfile::Replace(std::span<const ProfileChange> changes, const char* file) const {
+  const std::string path(ViewOf(file));
+  if (path.empty() || !std::ranges::all_of(changes, &Profile::IsValid)) return false;
+  ProfileText text("");
+  Apply(changes, text);
+  const FileLock lock(path);
+  return lock.IsHeld() && ReplaceFile(path, text.GetBytes());
 }
 
 bool FileProfile::Update(const char* section, const char* file, const SectionEdit& edit) const {
-  try {
-    const std::optional<std::string> bytes = ReadFile(file);
-    if (section == nullptr || !bytes) return false;
-    // Whoever changes nothing waits for nobody.
-    if (edit(ProfileText(*bytes).GetEntries(section)).empty()) return true;
-    bool are_valid = false;
-    const bool is_written = ChangeFile(std::string(ViewOf(file)), [&](ProfileText& text) {
-      const std::vector<KeyChange> changes = edit(text.GetEntries(section));
-      are_valid = std::ranges::all_of(changes, [section](const KeyChange& change) {
-        return IsValid(ToProfileChange(section, change));
-      });
-      if (are_valid) text.Change(section, changes);
+  const std::string path(ViewOf(file));
+  if (section == nullptr || path.empty()) return false;
+  const std::optional<std::string> bytes = ReadFile(path.c_str());
+  if (!bytes) return false;
+  // Whoever changes nothing waits for nobody.
+  if (edit(ProfileText(*bytes).GetEntries(section)).empty()) return true;
+  bool are_valid = false;
+  const bool is_written = ChangeFile(path, [&](ProfileText& text) {
+    const std::vector<KeyChange> changes = edit(text.GetEntries(section));
+    are_valid = std::ranges::all_of(changes, [section](const KeyChange& change) {
+      return IsValid(ToProfileChange(section, change));
     });
-    return is_written && are_valid;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+    if (are_valid) text.Change(section, changes);
+  });
+  return is_written && are_valid;
 }
 
 std::string FileProfile::FindWindowsDirectory() const {

@@ -8,9 +8,8 @@ namespace zemva {
 
 // Behaves as the Windows calls do. A write replaces the file whole and in one step, and holds it
 // from the reading on, so that no other process's write is lost, but does not wait for more than
-// some seconds for one that does not let go; the changes of one Write or Update come all or not at
-// all. Memory is bounded by the length of the file; when it runs out, a read finds nothing and a
-// write fails.
+// some seconds for one that does not let go; the changes of one operation come all or not at all.
+// Memory is bounded by the length of the file.
 class FileProfile : public Profile {
  public:
   using Profile::Write;
@@ -21,6 +20,7 @@ class FileProfile : public Profile {
                   const char* file) const override;
   std::vector<ProfileEntry> ReadSection(const char* section, const char* file) const override;
   bool Write(std::span<const ProfileChange> changes, const char* file) const override;
+  bool Replace(std::span<const ProfileChange> changes, const char* file) const override;
   bool Update(const char* section, const char* file, const SectionEdit& edit) const override;
 
   // The user's configuration directory, made when it does not exist: $XDG_CONFIG_HOME, or .config

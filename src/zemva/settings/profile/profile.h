@@ -40,6 +40,7 @@ inline ProfileChange ToProfileChange(const char* section, const KeyChange& chang
   return {section, change.key.c_str(), change.value ? change.value->c_str() : nullptr};
 }
 
+// Each of them lets std::bad_alloc out; what it was to change is then as it was.
 class Profile {
  public:
   // The longest key or value that can be written.
@@ -69,6 +70,9 @@ class Profile {
   bool Write(const ProfileChange& change, const char* file) const {
     return Write(std::span(&change, 1), file);
   }
+
+  // Makes the changes to an empty file, which takes the place of what is there.
+  virtual bool Replace(std::span<const ProfileChange> changes, const char* file) const = 0;
 
   // The changes that a section needs, told from what it holds.
   using SectionEdit = std::function<std::vector<KeyChange>(const std::vector<ProfileEntry>&)>;

@@ -48,6 +48,10 @@ std::string_view Unquoted(std::string_view value) {
   return value.substr(1, value.size() - 2);
 }
 
+bool IsKeptAsItIs(std::string_view value) {
+  return IsTrimmed(value) && Unquoted(value).size() == value.size();
+}
+
 int IntegerOf(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   const bool is_negative = text.starts_with('-');

@@ -16,6 +16,9 @@ namespace zemva {
 // The value less a trailing and leading quote, where it has one pair of them.
 std::string_view Unquoted(std::string_view value);
 
+// Whether a value that is written is read as it was; blanks and quotes around one are lost.
+bool IsKeptAsItIs(std::string_view value);
+
 // The value as an integer; see Profile::ReadInteger.
 int IntegerOf(std::string_view value);
 

@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "zemva/base/native_path.h"
+#include "zemva/base/paths.h"
 #include "zemva/settings/profile/text.h"
 
 namespace zemva {
@@ -102,6 +103,15 @@ bool WindowsProfile::Write(std::span<const ProfileChange> changes, const char* f
   // What the system still keeps back for itself reaches the file.
   WritePrivateProfileStringA(nullptr, nullptr, nullptr, file);
   return are_made;
+}
+
+bool WindowsProfile::Replace(std::span<const ProfileChange> changes, const char* file) const {
+  if (!IsUsablePath(file) || !std::ranges::all_of(changes, &Profile::IsValid)) return false;
+  const fs::path path = NativePath(file);
+  if (!RemoveFileAt(path)) return false;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> made(_wfopen(path.c_str(), L"wb"),
+                                                             std::fclose);
+  return made != nullptr && Write(changes, file);
 }
 
 bool WindowsProfile::Update(const char* section, const char* file, const SectionEdit& edit) const {

@@ -18,6 +18,7 @@ class WindowsProfile : public Profile {
                   const char* file) const override;
   std::vector<ProfileEntry> ReadSection(const char* section, const char* file) const override;
   bool Write(std::span<const ProfileChange> changes, const char* file) const override;
+  bool Replace(std::span<const ProfileChange> changes, const char* file) const override;
   bool Update(const char* section, const char* file, const SectionEdit& edit) const override;
   std::string FindWindowsDirectory() const override;
 };

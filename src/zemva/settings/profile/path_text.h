@@ -1,9 +1,8 @@
 // Paths in fields of a fixed size.
-#ifndef ZEMVA_SETTINGS_INI_PATH_TEXT_H
-#define ZEMVA_SETTINGS_INI_PATH_TEXT_H
+#ifndef ZEMVA_SETTINGS_PROFILE_PATH_TEXT_H
+#define ZEMVA_SETTINGS_PROFILE_PATH_TEXT_H
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 #include "zemva/base/fixed_text.h"
@@ -22,10 +21,11 @@ inline bool IsPathThatFits(std::string_view path) {
 class PathText : public FixedText<kLongestPath> {
  public:
   void SetPath(std::string_view path) {
-    Set(IsPathThatFits(path) ? std::string(path).c_str() : "");
+    const std::size_t length = IsPathThatFits(path) ? path.copy(Get(), path.size()) : 0;
+    Get()[length] = '\0';
   }
 };
 
 }  // namespace zemva
 
-#endif  // ZEMVA_SETTINGS_INI_PATH_TEXT_H
+#endif  // ZEMVA_SETTINGS_PROFILE_PATH_TEXT_H
