@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -155,6 +156,39 @@ TEST(PCPrediction, ListsMembersAndWhatIsOfTheClass) {
   EXPECT_TRUE(row(" setosa_1 ").ends_with(" WS-memb. classified at the 5 % level."));
   EXPECT_FALSE(row(" virginica_150 ").ends_with("."));
   EXPECT_EQ(row(" setosa_2 ").find("WS-memb."), std::string::npos);
+}
+
+TEST(PCPrediction, TakesRowsAsTheModelTookItsOwnAndTellsInItsLog) {
+  Rows rows = test::Noise().Table(12, 3);
+  for (auto& row : rows) row[0] += 2.0f;
+  rows[6][0] = -1.0f;
+  rows[7][1] = std::numeric_limits<float>::infinity();
+  Bench bench("abc", rows);
+  bench.workset.SetTransformation(1, ETraType::kLog, 1, 0, 0);
+  test::RecordingWindow log;
+  PCModel model(&bench.owner, EModType::kPC1, log, &bench.options, 0);
+  ASSERT_EQ(model.Compute(), 0);
+  const std::string messages =
+      "1 value(s) that are not finite numbers are taken as missing.\n"
+      "Observation 70 had value(s) excluded due to transformation domain error.\r\n";
+  EXPECT_TRUE(log.log.starts_with(messages)) << log.log;
+  EXPECT_EQ(bench.window.log, "");
+
+  bench.workset.SetTransformation(1, ETraType::kNone, 0, 0, 0);
+  bench.workset.SetIsObsIn(3, false);
+  Predset predset("PS", *bench.dataset, bench.workset);
+  bench.owner.predset = &predset;
+  for (const bool is_loaded : {true, false}) {
+    if (!is_loaded) model.Unload();
+    log.log.clear();
+    model.ClearIsLogWritten();
+    ASSERT_EQ(model.ExecPS(), 0);
+    EXPECT_TRUE(log.log.starts_with(messages));
+    EXPECT_TRUE(model.IsLogWritten());
+    EXPECT_TRUE(model.IsMembPS(3));
+    for (short i = 1; i <= 6; ++i)
+      EXPECT_NEAR(D(model.GetTPredPS(1, i)), D(model.GetT(1, i)), 1e-4);
+  }
 }
 
 TEST(PCPrediction, RefusesWhatDoesNotFit) {

@@ -82,7 +82,7 @@ short Project::AddPredset(short dataset, short workset, const char* name) {
     owned.workset = GetWorkset(workset);
     if (source == nullptr) return status::mva::kDataNotAvailable;
     if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
-    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset, window_);
+    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
     return owned.predset->GetStatus();
   });
   if (number != 0) current_predset_ = number;
