@@ -171,8 +171,17 @@ TEST_F(ProjectOfOneTable, ARefusalDoesNotStandAgainstTheNextOperation) {
   EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(foreign, workset_, "None")), 8033);
   EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(dataset_, workset_, "PS")), 0);
   options.SetNComp(3);
+  options.SetAUseLS(1);
   EXPECT_EQ(project_.Compute(number), 0);
-  EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 3);
+  EXPECT_EQ(options.GetAUseLS(), 1);
+  auto& model = static_cast<PCModel&>(*project_.GetModel(number)->GetModel());
+  EXPECT_EQ(model.GetA(), 3);
+  EXPECT_NE(model.GetDCritTrSLS(), kMissing);
+  EXPECT_EQ(model.GetNObsPS(), 12);
+  // What was executed goes with the components.
+  EXPECT_EQ(model.Reset(2), 0);
+  EXPECT_EQ(model.GetDCritTrSLS(), kMissing);
+  EXPECT_EQ(model.GetNObsPS(), 0);
 }
 
 TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {

@@ -159,7 +159,8 @@ int Project::Compute(short number) {
   int status = has_all ? status::kOk : model.Compute();
   while (status == status::mva::kNotCompleted) status = model.Compute();
   if (status == status::mva::kComponentAborted) status = status::kOk;
-  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(char{0});
+  // With the components that the options say, which ExecLS of a number would set.
+  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(nullptr);
   return SetStatus(status);
 }
 

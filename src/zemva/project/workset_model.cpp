@@ -37,10 +37,7 @@ int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
 }
 
 Model& WorksetModel::Restart() {
-  const int status = model_->GetStatus();
-  // That the rules have refused a component holds until the model is reset.
-  const bool has_failed = status != status::kOk && status != status::mva::kComponentAborted;
-  if (has_failed) model_->Reset(model_->GetA());
+  if (model_->HasFailed()) model_->Reset(model_->GetA());
   return *model_;
 }
 
