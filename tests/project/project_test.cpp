@@ -193,10 +193,12 @@ TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
   EXPECT_EQ(project_.GetStatus(), 8009);
   EXPECT_EQ(project_.AddPredset(dataset_, 7, "PS"), 0);
   EXPECT_EQ(project_.GetStatus(), 8011);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
+  EXPECT_EQ(project_.AddModel(workset_, static_cast<EModType>(8), 0), 0);
   EXPECT_EQ(project_.GetStatus(), 8045);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPC2, 0), 0);  // there is no Y
   EXPECT_EQ(project_.GetStatus(), 8017);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
+  EXPECT_EQ(project_.GetStatus(), 8018);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1Cl, 3), 0);  // nor a class
   EXPECT_EQ(project_.GetStatus(), 8020);
   const short elsewhere = project_.AddWorkset(dataset_, "WS2");
