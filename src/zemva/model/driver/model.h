@@ -376,7 +376,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // These leave the status alone.
   //
   // Gives the model a number and writes all its listings to its address. 1006, and "Could not save
-  // model" in the log, when that fails; 2011 likewise while it has only the address it began with.
+  // model" in the log, when that fails; likewise 1001 where there is a file that is no listing of a
+  // model, and 2011 while it has only the address it began with.
   int Save(short number);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
@@ -456,6 +457,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int ExtractRowTables(Workset& workset, RowTables& rows) const;
   // The blocks that the model has, X first.
   std::vector<DataBlock*> GetBlocks() const;
+  int WriteModel(const char* path);
   int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
   // For a model that has dropped components.
   int ClearStatus() {
