@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -254,6 +256,26 @@ TEST_F(ProjectOfOneTable, HoldsTheLargestTables) {
     EXPECT_EQ(model.GetNObsPS(), is_long ? most : 4);
     ClaInfo classes("ClaInfo", model.GetNObs());
     EXPECT_EQ(classes.SetClaInfo(model.GetObsInfo(), &model), 8022);
+  }
+}
+
+TEST_F(ProjectOfOneTable, FitsNothingToWhatRoundingHasLeft) {
+  Noise noise;
+  for (int table = 0; table < 60; ++table) {
+    // Of rank one, in whole numbers.
+    test::Rows rows = noise.Table(9, 6);
+    for (std::size_t i = rows.size(); i-- > 0;) {
+      const float multiple = std::round(9 * rows[i][0]);
+      for (std::size_t k = 0; k < 6; ++k) rows[i][k] = multiple * std::ceil(5 * rows[0][k]);
+    }
+    const short workset =
+        project_.AddWorkset(project_.AddDataset(SmallDataset("abcdef", rows).release()), "WS");
+    for (short k = 1; k <= 6; ++k) project_.GetWorkset(workset)->SetScaling(k, EScaType::kCtr);
+    const short number = project_.AddModel(workset, EModType::kPC1, 0);
+    project_.GetModel(number)->GetModOpt().SetNComp(5);
+    EXPECT_EQ(project_.Compute(number), 0);
+    EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 1);
+    ASSERT_EQ(project_.DelModel(number), 0);
   }
 }
 
