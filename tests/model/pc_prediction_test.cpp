@@ -82,6 +82,41 @@ TEST(PCPrediction, FindsThePlaneFromWhatIsPresent) {
               D(model.GetTPredPS(2, 1)) * D(model.GetTPredPS(2, 1)) / D(model.GetS2T(2)), 1e-3);
 }
 
+TEST(PCPrediction, NeedsNoLargeLoadings) {
+  Rows rows;
+  for (const float u : {-3.0f, -1.0f, 0.0f, 2.0f, 5.0f}) rows.push_back({1000 * u, 0.1f * u});
+  Bench bench("ab", rows);
+  for (short k = 1; k <= 2; ++k) bench.workset.SetScaling(k, EScaType::kCtr);
+  ASSERT_EQ(bench.Compute(1), 0);
+  bench.options.SetMaxMisValObsPS(90);
+  NewRows news({{5000, 0.5f}, {kM, 0.5f}});
+  ASSERT_EQ(news.Execute(bench.model), 0);
+  EXPECT_NEAR(D(bench.model.GetTPredPS(1, 2)) / D(bench.model.GetTPredPS(1, 1)), 1.0, 1e-3);
+}
+
+TEST(PCPrediction, HasNoDistanceOfObservationsWithTooFewValues) {
+  Rows rows = PlaneTable();
+  rows[4] = std::vector<float>(5, kM);
+  rows[7] = {rows[7][0], kM, kM, kM, kM};
+  for (const bool is_weighted : {false, true}) {
+    Bench bench("abcde", rows);
+    bench.options.SetIsWResLS(is_weighted);
+    bench.options.SetIsWResPS(is_weighted);
+    bench.options.SetIsNormDistLS(false);
+    bench.options.SetIsNormDistPS(false);
+    bench.options.SetMaxMisValObsPS(100);
+    ASSERT_EQ(bench.Compute(1), 0);
+    NewRows news(rows);
+    ASSERT_EQ(news.Execute(bench.model), 0);
+    for (short i = 1; i <= 12; ++i) {
+      const bool has_too_few = i == 5 || i == 8;
+      EXPECT_EQ(IsMissing(bench.model.GetDModXLS(1, i)), has_too_few);
+      EXPECT_EQ(IsMissing(bench.model.GetPModXLS(1, i)), has_too_few);
+      EXPECT_EQ(IsMissing(bench.model.GetDModXPS(1, i)), has_too_few);
+    }
+  }
+}
+
 TEST(PCPrediction, MeasuresMembersAsTheWorkSetDoes) {
   for (const bool is_weighted : {false, true}) {
     Bench bench(test::Sample("iris"));

@@ -174,9 +174,8 @@ void Model::MeasureWeighted(CompInfo& component) {
     const auto row = static_cast<std::size_t>(i - 1);
     const WeightedSums sums =
         weights.Sum(x_->GetResiduals().Row(row), values.Row(i), x_->GetInfo()->row_counts[row]);
-    const double variance = WeightedVariance(sums, a);
-    component.weighted_s2o[i] = static_cast<float>(variance);
-    sum += variance;
+    component.weighted_s2o[i] = static_cast<float>(WeightedObservationVariance(sums, a));
+    sum += WeightedVariance(sums, a);
   }
   component.weighted_s2o.SetActValInfo();
   // S2WX = (sum of the weighted variances of the observations) / (N - A0 - a)

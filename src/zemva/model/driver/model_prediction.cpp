@@ -175,7 +175,8 @@ void Model::SetDistance(std::span<const float> row, std::span<const float> resid
   double variance = 0.0;
   if (gauge.is_weighted) {
     const ResidualWeights weights(GetComponent(a)->x.mpow);
-    variance = WeightedVariance(weights.Sum(residuals, row, present_count), gauge.size.of_row);
+    variance =
+        WeightedObservationVariance(weights.Sum(residuals, row, present_count), gauge.size.of_row);
   } else {
     const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
       return static_cast<double>(residuals[k]) * static_cast<double>(residuals[k]);
