@@ -86,6 +86,8 @@ int PLSModel::Fit(CompInfo& component) {
   const std::span<const float> squares = GetStage(EBlock::kY, GetComponentCount())->ssv.Values();
   const auto largest = std::ranges::max_element(squares) - squares.begin();
   GetY()->GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.u.Values());
+  std::ranges::fill(component.c.Values(), 0.0f);
+  component.c[static_cast<int>(largest) + 1] = 1.0f;
   int iterations = 0;
   const int status =
       Nipals(LeftOut(),
@@ -137,6 +139,7 @@ int PLSModel::AddPredictionErrors(const CompInfo& component, std::span<double> e
   std::vector<float> c(static_cast<std::size_t>(GetNVarY()));
   for (int group = 1; group <= group_count; ++group) {
     std::vector<float> u(component.u.Values().begin(), component.u.Values().end());
+    std::ranges::copy(component.c.Values(), c.begin());
     int iterations = 0;
     const int status =
         Nipals(LeftOut::Rows(group_count, group), {t, u, w, c, std::span<float>()}, iterations);
