@@ -81,7 +81,7 @@ TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
     ResidualMatrix residuals(table);
     const std::vector<char> takes_part(static_cast<std::size_t>(columns), 1);
     GroupLabels groups(group_count, takes_part);
-    const auto products = ProductNipals::Make(residuals, groups.GetLeftOut());
+    const auto products = ProductNipals::Make(residuals, groups.GetLeftOut(static_cast<std::size_t>(rows)));
     const auto start = [&](Fitted& fitted, const std::vector<float>& t) {
       fitted.t = t;
       fitted.p.assign(static_cast<std::size_t>(columns), 0.0f);
@@ -102,7 +102,7 @@ TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
       ExpectSame(whole, by_products, what);
       for (int round = 1; round <= group_count; ++round) {
         if (round > 1 || a > 1) groups.Rotate();
-        const LeftOut left_out = groups.GetLeftOut();
+        const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(rows));
         Fitted one;
         Fitted other;
         start(one, whole.t);

@@ -31,7 +31,9 @@ class GroupLabels {
   GroupLabels(int group_count, std::span<const char> takes_part);
 
   std::span<const short> Get() const { return labels_; }
-  LeftOut GetLeftOut() const { return LeftOut::Elements(group_count_, labels_); }
+  LeftOut GetLeftOut(std::size_t row_count) const {
+    return LeftOut::Elements(group_count_, labels_, row_count);
+  }
 
   // The labels of the next round: each goes to the next variable that takes part, and the first
   // variable of all gets the label of the last plus one.

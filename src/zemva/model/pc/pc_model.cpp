@@ -61,7 +61,7 @@ int PCModel::Fit(CompInfo& component) {
   GetX().GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.t.Values());
   std::optional<GroupLabels> groups;
   if (GetValidation(GetOptions(), true).is_cross_validated) groups = MakeGroups();
-  return FitWhole(groups ? groups->GetLeftOut() : LeftOut(), component);
+  return FitWhole(groups ? groups->GetLeftOut(static_cast<std::size_t>(GetNObs())) : LeftOut(), component);
 }
 
 int PCModel::FitWhole(const LeftOut& groups, CompInfo& component) {
@@ -129,7 +129,7 @@ int PCModel::AddPredictionErrors(const CompInfo& component, std::span<double> er
   GroupLabels groups = *MakeGroups();
   for (int round = 1; round <= group_count; ++round) {
     if (round > 1) groups.Rotate();
-    const LeftOut left_out = groups.GetLeftOut();
+    const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(GetNObs()));
     XFVector p(component.p);
     XFVector t(component.t);
     const int status = FitRound(left_out, p, t);
