@@ -39,14 +39,16 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // Deletes all blocks and leaves every variable in none.
   int DelAll() override;
 
-  // Appends a block. 8002 when it cannot be made.
+  // Appends a block. 8021 for a number outside 1..99, 8002 when it cannot be made.
   int AddItm(char bnum, const char* name, EBlkType type, short nvar, float weight);
-  // Overwrites row i. 7002 for a bad position.
+  // Overwrites row i. 7002 for a bad position, 8021 for a number outside 1..99.
   int UpdateItm(short i, char bnum, const char* name, EBlkType type, short nvar, float weight);
+  // Gives the block in row i another number, with the codes of UpdateItm.
+  int SetINum(short i, short bnum);
   // Reads row i. The name points into the table; `scale` is what the type makes of the number of
   // variables, missing where there are none or the type is undefined. 7002, with nothing read, for
   // a bad position.
-  int GetItm(short i, char& bnum, const char*& name, EBlkType& type, short& nvar, float& weight,
+  int GetItm(short i, char& bnum, char*& name, EBlkType& type, short& nvar, float& weight,
              float& scale);
 
   // The number of the block in row i, and how many variables it has; 0 for a bad position.

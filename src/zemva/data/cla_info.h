@@ -28,8 +28,8 @@ class ZEMVA_API ClaData : public ItmData {
 };
 
 // The class of each observation, 0 for none, and a row for each class that has any, in the order in
-// which they first appear. The rows follow the assignments: while the table is marked modified they
-// are out of date, and they are built anew before they are read.
+// which they first appear. A table that is marked modified has rows that may be out of date: they
+// are built anew before a class is read.
 class ZEMVA_API ClaInfo : public ItmInfo {
  public:
   static constexpr int kMaxClass = 99;
@@ -45,8 +45,6 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // 8021 when the table has not one row an observation, 8002 when memory runs out. Its body is in
   // model/driver/.
   int SetClaInfo(const ObsInfo* observations, const Model* model);
-  // 8021 for a position outside 1..nobs or a class outside 0..99.
-  int SetOClass(short i, char c);
   // 0 for a bad position.
   char GetOClass(short i) const { return o_class_.GetElement(i); }
 
@@ -68,6 +66,8 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   int ShowAll(StreamWindow& window) override;
 
  private:
+  // Leaves the rows out of date. 8021 for a position outside 1..nobs or a class outside 0..99.
+  int SetOClass(short i, char c);
   int AddItm(char num, const char* name, short nobs) { return MakeItm<ClaData>(num, name, nobs); }
   int UpdateIfModified() { return IsModified() ? Update() : 0; }
   int Update();

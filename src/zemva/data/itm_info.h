@@ -41,6 +41,7 @@ class ZEMVA_API ItmData {
   void SetINum(short num) { num_ = num; }
   // Points into the row.
   const char* GetINam() const { return name_.Get(); }
+  char* GetINam() { return name_.Get(); }
   void SetINam(const char* name) { name_.Set(name); }
 
  private:
