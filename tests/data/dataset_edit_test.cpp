@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "data/plain_table.h"
+#include "support/recording_window.h"
 #include "zemva/data/dangerous_data_set_manipulator.h"
 #include "zemva/data/dataset.h"
-#include "data/plain_table.h"
 #include "zemva/numeric/x_vector.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -58,6 +58,14 @@ TEST(DatasetEdit, DeletingAnUnknownVariableLowersTheCountAlone) {
   EXPECT_EQ(dataset->GetDMPtr()->NCol(), 3);
   EXPECT_EQ(dataset->GetVIPtr()->GetNVar(), 3);
   EXPECT_EQ(dataset->GetVIPtr()->GetStatus(), 8021);
+  const auto taller = MakeDataset(SmallTable(3, 3), window);
+  I2Vector unknown(1, 5);
+  EXPECT_EQ(dataset->DelObs(9), 8014);
+  EXPECT_EQ(dataset->DeleteExcludedObservations(nullptr), 8022);
+  EXPECT_EQ(dataset->DelVars(&unknown), 8014);
+  EXPECT_EQ(dataset->AddVars(nullptr, 1), 0);
+  EXPECT_EQ(dataset->MergeVar(taller.get(), false), 8046);
+  EXPECT_EQ(dataset->GetDMPtr()->NCol(), 3) << "a refused operation drops nothing";
   EXPECT_EQ(dataset->DelObs(2), 0);
   EXPECT_EQ(Content(*dataset), SmallTable(1, 2));
 }

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "zemva/data/dataset.h"
 #include "data/plain_table.h"
-#include "zemva/numeric/x_vector.h"
 #include "support/temp_folder.h"
+#include "zemva/data/dataset.h"
+#include "zemva/numeric/x_vector.h"
 
 namespace zemva {
 namespace {
@@ -207,7 +207,9 @@ class RandomEdits {
   void AddVariable(int columns) {
     const std::string name = AnyLabel(1).name;
     EXPECT_EQ(dataset_->AddVar(name.c_str()), columns + 1);
-    table_.variables.push_back({columns + 1, name});
+    table_.variables.push_back({0, name});
+    int position = 0;
+    for (Label& label : table_.variables) label.number = ++position;
     for (auto& row : table_.values) row.push_back(kGap);
   }
 

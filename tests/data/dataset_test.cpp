@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
-#include "zemva/data/dangerous_data_set_manipulator.h"
 #include "data/plain_table.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
 
 namespace zemva {
 namespace {
@@ -39,7 +40,7 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
   EXPECT_EQ(dataset.GetDMPtr(), nullptr);
   EXPECT_EQ(dataset[1], nullptr);
   short number;
-  const char* name;
+  char* name;
   EXPECT_EQ(dataset.GetObsInfo(1, number, name), 2004);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(dataset.SetVarName(1, "x"), 2004);
@@ -70,6 +71,7 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   Dataset loaded("Tovle", path.c_str(), window);
   EXPECT_EQ(loaded.LoadListProject(), 0);
   EXPECT_FALSE(loaded.IsLoaded());
+  EXPECT_FALSE(loaded.IsDirty());
   EXPECT_EQ(test::Content(loaded), table);
   EXPECT_STREQ(loaded.GetDSNam(), "Plain");
   EXPECT_STREQ(loaded.GetDSTitle(), "A title");
@@ -78,6 +80,39 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   loaded.Unload();
   EXPECT_EQ(loaded.DeleteFileA(), 0);
   EXPECT_EQ(loaded.Load(), 2004);
+}
+
+TEST(Dataset, IsDirtyAfterWhatChangesIt) {
+  StreamWindow window;
+  const auto stranger = test::MakeDataset(test::SmallTable(2, 1), window);
+  stranger->SetObsNum(1, 11);
+  stranger->SetObsNum(2, 12);
+  stranger->SetVarName(1, "stranger");
+  const auto empty = test::MakeDataset(test::SmallTable(3, 0), window);
+  const struct {
+    const char* what;
+    bool is_change;
+    std::function<void(Dataset&)> operation;
+  } cases[] = {
+      {"title", true, [](Dataset& d) { d.SetDSTitle("t"); }},
+      {"name", true, [](Dataset& d) { d.SetDSNam("n"); }},
+      {"number", true, [](Dataset& d) { d.SetDSNum(3); }},
+      {"name of a variable", true, [](Dataset& d) { d.SetVarName(1, "v"); }},
+      {"an observation", true, [](Dataset& d) { d.AddObs(9, "o"); }},
+      {"variables", true, [&](Dataset& d) { d.MergeVar(&d, false); }},
+      {"no variables", false, [&](Dataset& d) { d.MergeVar(empty.get(), false); }},
+      {"other names", true, [&](Dataset& d) { d.MergeVar(empty.get(), true); }},
+      {"observations", true, [&](Dataset& d) { d.MergeObs(&d, false); }},
+      {"nothing that matches", false, [&](Dataset& d) { d.MergeObs(stranger.get(), false); }},
+      {"other numbers", true, [&](Dataset& d) { d.MergeObs(stranger.get(), true); }},
+      {"a refusal", false, [](Dataset& d) { d.DelObs(99); }},
+  };
+  for (const auto& c : cases) {
+    const auto dataset = test::MakeDataset(test::SmallTable(3, 2), window);
+    dataset->SetDirtyFlag(false);
+    c.operation(*dataset);
+    EXPECT_EQ(dataset->IsDirty(), c.is_change) << c.what;
+  }
 }
 
 TEST(Dataset, LoadDropsWhatIsBeyondTheCountsAndLeavesShortTablesShort) {
@@ -96,7 +131,8 @@ TEST(Dataset, LoadDropsWhatIsBeyondTheCountsAndLeavesShortTablesShort) {
   ASSERT_EQ(dataset->Save(), 0);
   Dataset bare("bare", path.c_str(), window);
   short number = 1;
-  const char* name = "old";
+  char old[] = "old";
+  char* name = old;
   EXPECT_EQ(bare.GetObsInfo(1, number, name), 8021);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(bare.GetVarInfo(1, number, name), 8021);

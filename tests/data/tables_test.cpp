@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "support/recording_window.h"
 #include "zemva/data/dataset.h"
 #include "zemva/data/ds_info.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
 #include "zemva/numeric/x_vector.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -47,7 +47,8 @@ TEST(ItmInfo, FailedChangesKeepTheirCodeAndChangeNothing) {
   EXPECT_FALSE(observations.IsModified());
 
   short number = 5;
-  const char* name = "old";
+  char old[] = "old";
+  char* name = old;
   EXPECT_EQ(observations.GetObs(4, number, name), 8021);
   EXPECT_EQ(number, 0);
   EXPECT_EQ(name, nullptr);

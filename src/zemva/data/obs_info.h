@@ -54,7 +54,7 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   int SetONam(short i, const char* name) { return SetINam(i, name); }
 
   // Number and name, which points into the table. 8021, with 0 and null, for a bad position.
-  int GetObs(short i, short& onum, const char*& name);
+  int GetObs(short i, short& onum, char*& name);
 
   KOTime GetStaTim() const { return start_time_; }
   KOTime GetStoTim() const { return stop_time_; }

@@ -41,7 +41,7 @@ class ZEMVA_API VarInfo : public ItmInfo {
   int SetVNam(short i, const char* name) { return SetINam(i, name); }
 
   // Number and name, which points into the table. 8021, with 0 and null, for a bad position.
-  int GetVar(short i, short& vnum, const char*& name);
+  int GetVar(short i, short& vnum, char*& name);
 
   int ShowAll(StreamWindow& window) override;
   int ShowVar(short i, StreamWindow& window);
