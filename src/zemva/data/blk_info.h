@@ -22,6 +22,7 @@ class Workset;
 // The block of each variable, 0 for none, and a row for each block. Block numbers are 1..99.
 class ZEMVA_API BlkInfo : public ItmInfo {
  public:
+  // The largest number of a block.
   static constexpr int kMaxBlock = 99;
 
   // The block scaling: one over the square root, or the fourth root, of the number of variables.
@@ -111,6 +112,8 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // `sel` is null, and with status 8002 when memory runs out.
   BlkInfo* ExtBlkInfo(const XI1Vector* sel, char wanted);
 
+  // List the blocks of the variables and all rows, one row ("Index error." for a bad position), and
+  // the blocks of the variables alone. They return 0.
   int ShowAll(StreamWindow& window) override;
   int ShowItm(short i, StreamWindow& window) override;
   int ShowBStat(StreamWindow& window);
@@ -134,10 +137,12 @@ class ZEMVA_API BlkInfo : public ItmInfo {
 // The item's number is that of the block.
 class ZEMVA_API BlkData : public ItmData {
  public:
+  // The weight is missing where there is none.
   BlkData(short num, const char* name, BlkInfo::EBlkType type, short nvar, float weight)
       : ItmData(num, name), type_(type), nvar_(nvar), weight_(weight) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<BlkData>(*this); }
 
+  // The type of its scaling, the number of its variables, and its weight: missing until Transfer.
   BlkInfo::EBlkType GetBType() const { return type_; }
   short GetNVar() const { return nvar_; }
   void SetNVar(short nvar) { nvar_ = nvar; }

@@ -18,9 +18,11 @@ class Workset;
 // The item's number is that of the class, 1..99; NObs counts the observations in it.
 class ZEMVA_API ClaData : public ItmData {
  public:
+  // `nobs` observations are in class `num`.
   ClaData(short num, const char* name, short nobs) : ItmData(num, name), nobs_(nobs) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<ClaData>(*this); }
 
+  // How many observations are in the class.
   short GetNObs() const { return nobs_; }
 
  private:
@@ -32,6 +34,7 @@ class ZEMVA_API ClaData : public ItmData {
 // are built anew before a class is read.
 class ZEMVA_API ClaInfo : public ItmInfo {
  public:
+  // The largest number of a class.
   static constexpr int kMaxClass = 99;
 
   // Without any class. Status 8002 when memory runs out.
@@ -63,6 +66,7 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // runs out.
   ClaInfo* ExtClaInfo(const XI1Vector* sel);
 
+  // Lists the classes of the observations and the rows. Returns 0.
   int ShowAll(StreamWindow& window) override;
 
  private:

@@ -46,11 +46,13 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   Dataset& operator=(const Dataset&) = delete;
   ~Dataset() override;
 
+  // The identity of the class, "Dataset".
   static const ClassID& GetClassID();
   bool IsClass(int id) const override { return id == GetClassID().GetID(); }
 
   // --- Access ---
 
+  // The numbers of observations and variables.
   short GetNObsDS() { return EnsureLoaded() == 0 ? nobs_ : short{0}; }
   short GetNVarDS() { return EnsureLoaded() == 0 ? nvar_ : short{0}; }
   // How many values are present, as the matrix counted them last.
@@ -151,6 +153,9 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
 
   // --- Header; none of these loads ---
 
+  // Number, at most 24 characters of name and 60 of title, address (the path of the file), and the
+  // text of the creation date, at most 22 characters. Setting number, name or title is a change to
+  // save.
   short GetDSNum() const { return header_.number; }
   void SetDSNum(short number);
   const char* GetDSNam() const { return header_.name.Get(); }
@@ -176,6 +181,7 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
 
   // --- Listing (dataset_listing.cpp); they do not load, and return 0 ---
 
+  // The header, the counts and what is loaded; ShowAll with the two tables.
   int Show(StreamWindow& window);
   int ShowAll(StreamWindow& window);
 
