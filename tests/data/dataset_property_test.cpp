@@ -171,22 +171,12 @@ class RandomEdits {
   int Pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   float Value() { return Pick(4) == 0 ? kGap : static_cast<float>(Pick(1000)); }
   Label AnyLabel(int numbers) {
-    static const std::string names[] = {"",
-                                        "A",
-                                        "A_1",
-                                        "A_2",
-                                        "A_3",
-                                        "A_2_2",
-                                        "B",
-                                        "B_1",
-                                        "C",
-                                        "D",
-                                        "E",
-                                        std::string(21, 'x'),
-                                        std::string(22, 'y'),
-                                        std::string(24, 'z')};
+    const int number = Pick(numbers);
     // The long ones end a repair: rarer than the others.
-    return {Pick(numbers), names[Pick(8) == 0 ? Pick(14) : Pick(11)]};
+    if (Pick(25) == 0) return {number, std::string(static_cast<std::size_t>(20 + Pick(5)), 'x')};
+    static const char* const names[] = {"",  "A",   "A_1", "A_2", "A_3", "A_2_2",
+                                        "B", "B_1", "C",   "D",   "E"};
+    return {number, names[Pick(11)]};
   }
 
   PlainTable MakeTable(int rows, int columns) {

@@ -22,13 +22,26 @@ TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
   EXPECT_EQ(Dataset("n", nullptr, window).GetStatus(), 8013);
   // Cut, it would be another file.
   EXPECT_EQ(Dataset("n", std::string(261, 'a').c_str(), window).GetStatus(), 8013);
-  XFMatrix matrix("m", 2, 1, 0.0f);
-  ObsInfo observations("ObsInfo");
-  VarInfo variables("VarInfo");
-  variables.AddVar(1, "x");
-  Dataset dataset("n", "a", window, &matrix, &observations, &variables);
-  EXPECT_EQ(dataset.GetStatus(), 8013);
-  EXPECT_FALSE(dataset.IsLoaded());
+  EXPECT_EQ(Dataset("n", std::string(260, 'a').c_str(), window).GetStatus(), 0);
+  XFMatrix matrix("m", 1, 1, 0.0f);
+  ObsInfo row("ObsInfo"), no_row("ObsInfo");
+  VarInfo column("VarInfo"), no_column("VarInfo");
+  row.AddObs(1, "o");
+  column.AddVar(1, "x");
+  const struct {
+    XFMatrix* matrix;
+    ObsInfo* observations;
+    VarInfo* variables;
+  } cases[] = {{&matrix, &no_row, &column},
+               {&matrix, &row, &no_column},
+               {nullptr, &row, &column},
+               {&matrix, nullptr, &column},
+               {&matrix, &row, nullptr}};
+  for (const auto& c : cases) {
+    const Dataset dataset("n", "a", window, c.matrix, c.observations, c.variables);
+    EXPECT_EQ(dataset.GetStatus(), 8013);
+    EXPECT_FALSE(dataset.IsLoaded());
+  }
 }
 
 TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
@@ -51,6 +64,7 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
             std::string("Could not save data set 0to file ") + dataset.GetDSAddr() + ".\n");
   EXPECT_FALSE(std::filesystem::exists(dataset.GetDSAddr()));
   EXPECT_EQ(Dataset("n", "", window).Save(), 8013);
+  EXPECT_EQ(Dataset("n", "", window).DeleteFileA(), 8013);
 }
 
 TEST(Dataset, SavedAndLoadedItIsTheSame) {
@@ -67,6 +81,9 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   ASSERT_EQ(dataset->Save(), 0);
   EXPECT_FALSE(dataset->IsDirty());
   EXPECT_EQ(dataset->Load(), 8001);
+  EXPECT_EQ(dataset->LoadListProject(), 0);
+  EXPECT_EQ((*dataset)[0], nullptr);
+  EXPECT_EQ((*dataset)[4], nullptr);
 
   Dataset loaded("Tovle", path.c_str(), window);
   EXPECT_EQ(loaded.LoadListProject(), 0);
@@ -153,7 +170,11 @@ TEST(Dataset, ACopyIsItsOwn) {
   const auto dataset = test::MakeDataset(test::SmallTable(2, 2), window);
   Dataset copy(*dataset);
   copy[1][1] = 5.0f;
-  copy.SetObsName(1, "changed");
+  EXPECT_EQ(copy.SetObsName(1, "changed"), 0);
+  EXPECT_EQ(copy.SetObsName(3, "x"), 7002);
+  EXPECT_EQ(copy.SetObsNum(3, 1), 8021);
+  EXPECT_EQ(copy.GetVNum(2), 2);
+  EXPECT_EQ(copy.GetVIx(2), 2);
   EXPECT_EQ(test::Content(*dataset), test::SmallTable(2, 2));
   EXPECT_EQ(copy[1][1], 5.0f);
   EXPECT_TRUE(copy.IsClass(Dataset::GetClassID().GetID()));
@@ -162,15 +183,9 @@ TEST(Dataset, ACopyIsItsOwn) {
 TEST(Dataset, ListingsDoNotLoad) {
   test::RecordingWindow window;
   Dataset unloaded("name", "addr", window);
-  unloaded.Show(window);
   unloaded.SetDSCreaDate("today");
   unloaded.ShowAll(window);
   EXPECT_EQ(window.log,
-            "Data set name: name\n"
-            "Address: addr\n"
-            "Data set title  : UnTitled\n"
-            "No. of observations is 0, no. of variables is 0\n"
-            "Data set is unloaded.\n"
             "Data set name  : name\n"
             "Address: addr\n"
             "Data set title : UnTitled\n"

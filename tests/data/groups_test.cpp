@@ -136,6 +136,18 @@ TEST(BlkInfo, ABlockHasTheVariablesThatAreInIt) {
   EXPECT_EQ(table.GetNVar(1), 2);
 }
 
+TEST(BlkInfo, AVariableMadeOfAnotherJoinsItsBlock) {
+  BlkInfo table = MakeBlocks({7, 7, 0, 0}, {7});
+  for (const auto& [v, source] : {std::pair(0, 1), {5, 1}, {3, 0}, {3, 5}}) {
+    EXPECT_EQ(table.FixAddedVars(static_cast<short>(v), static_cast<short>(source)), 8021);
+  }
+  EXPECT_EQ(table.FixAddedVars(2, 1), 8023);
+  EXPECT_EQ(table.FixAddedVars(4, 1), 0);
+  EXPECT_EQ(table.FixAddedVars(3, 3), 0) << "of one in no block";
+  EXPECT_EQ(BlocksOf(table), (Blocks{7, 7, 0, 7}));
+  EXPECT_EQ(table.GetNVar(1), 3);
+}
+
 TEST(BlkInfo, RefusesNumbersOutside1To99) {
   BlkInfo table = MakeBlocks({1, 1}, {1, 99});
   for (const char b : {char{-5}, char{0}, char{100}}) {

@@ -54,6 +54,30 @@ TEST(ItmInfo, FailedChangesKeepTheirCodeAndChangeNothing) {
   EXPECT_EQ(name, nullptr);
 }
 
+TEST(ItmInfo, ItemsCompareByNumberAndACopyIsWhole) {
+  const VarData item(1, "b");
+  EXPECT_TRUE(item < VarData(2, "a"));
+  EXPECT_FALSE(item < VarData(1, "c"));
+  EXPECT_TRUE(item == VarData(1, "a"));
+  EXPECT_TRUE(item != VarData(2, "b"));
+
+  ObsInfo table = ThreeObservations();
+  EXPECT_EQ(table.DelObs(99), 8014);
+  const ObsInfo copy(table);
+  ObsInfo assigned("other");
+  assigned = table;
+  table.DelAll();
+  table.ClearStatus();
+  for (const ObsInfo* each : {&copy, &std::as_const(assigned)}) {
+    EXPECT_STREQ(each->GetNam(), "Obs");
+    EXPECT_EQ(each->GetONum(3), 30);
+    EXPECT_EQ(each->GetONum(4), 0);
+    EXPECT_EQ(each->GetStatus(), 8014);
+    EXPECT_TRUE(each->IsModified());
+  }
+  EXPECT_EQ(ObsInfo(static_cast<const ObsInfo*>(nullptr)).GetStatus(), 8022);
+}
+
 TEST(ItmInfo, AFullTableRefusesAnotherRow) {
   ObsInfo table("Obs");
   for (int i = 1; i <= 32767; ++i) ASSERT_EQ(table.AddObs(static_cast<short>(i), "o"), 0);
@@ -158,6 +182,18 @@ TEST(DSInfo, KeepsAddressesWholeAndDataSetsWithoutOwningThem) {
   EXPECT_STREQ(table.GetDSAddr(1), "one.vdo");
   EXPECT_EQ(table.GetDS(1), &dataset);
   EXPECT_EQ(table.GetDS(2), nullptr);
+  EXPECT_EQ(table.SetDS(2, nullptr), 7002);
+  EXPECT_EQ(table.SetDSAddr(2, ""), 7002);
+  EXPECT_EQ(table.SetDSAddr(1, "two.vdo"), 0);
+  table.ClearIsModified();
+  EXPECT_EQ(table.SetDS(1, nullptr), 0);
+  EXPECT_TRUE(table.IsModified());
+  EXPECT_EQ(table.GetDS(1), nullptr);
+  table.ShowAll(window);
+  EXPECT_EQ(window.log,
+            "Data sets has 1 items:\n"
+            "  Item DSNum     DSNam  DSAddr\n"
+            "     1     3       One  two.vdo\n");
 }
 
 }  // namespace
