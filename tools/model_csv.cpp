@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "zemva/base/native_path.h"
 #include "commands.h"
+#include "zemva/base/native_path.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
 
@@ -30,9 +30,10 @@ struct Label {
 
 // Of an observation, which has its position for a number where the data set knows of none.
 Label LabelOf(Dataset& dataset, short i) {
-  Label label{};
-  const int status = dataset.GetObsInfo(i, label.number, label.name);
-  return status == status::kOk ? label : Label{i, ""};
+  short number;
+  char* name;
+  const int status = dataset.GetObsInfo(i, number, name);
+  return status == status::kOk ? Label{number, name} : Label{i, ""};
 }
 
 }  // namespace

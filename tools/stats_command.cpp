@@ -42,7 +42,7 @@ void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& heade
   std::size_t longest = 4;
   for (int j = 1; j <= results.NRow(); ++j) {
     short number;
-    const char* name = nullptr;
+    char* name = nullptr;
     dataset.GetVarInfo(static_cast<short>(j), number, name);
     names.push_back(name == nullptr ? "" : PrintableFromCodePage(name));
     longest = std::max(longest, names.back().size());

@@ -233,8 +233,9 @@ TEST_F(DioFileTest, MatrixOfNoRowsReadsItsNameOnly) {
 }
 
 TEST_F(DioFileTest, DimensionsThatDoNotFitTheirFieldAreRefused) {
-  const XFMatrix high("M", 32768, 0, 0.0f);
-  const XFMatrix wide("M", 0, 32768, 0.0f);
+  XFMatrix high("M", 0, 0, 0.0f), wide(high);
+  static_cast<FMatrix&>(high) = FMatrix(32768, 0, 0.0f);
+  static_cast<FMatrix&>(wide) = FMatrix(0, 32768, 0.0f);
   const XI2Vector long_vector("V", 40000, 4);
   const std::string bytes = Written([&](DioFile& file) {
     int size = 0;

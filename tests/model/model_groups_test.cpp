@@ -57,6 +57,8 @@ TEST(ModelGroups, TablesTakeThemOver) {
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &model, false), 8009);
   ASSERT_EQ(grouped.Compute(), 0);
 
+  // As many rows as there can be.
+  while (model.GetBIXPtr()->AddItm(9, "", BlkInfo::kUndefined, 0, kM) == 0) continue;
   // a, c and d, and what is made of a.
   grouped.all[2] = grouped.all[5] = kNotSelected;
   const short term = model.GetVarInfoX()->GetVNum(5);

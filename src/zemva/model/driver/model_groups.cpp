@@ -5,9 +5,9 @@
 #include "zemva/base/positions.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/preprocess/exp_info.h"
@@ -22,8 +22,8 @@ int ClaInfo::SetClaInfo(const ObsInfo* observations, const Model* model) {
   }
   if (observations->GetNItm() != o_class_.NVal()) return SetStatus(status::mva::kIndexOutOfRange);
   for (const short i : PositionsUpTo(observations->GetNItm())) {
-    o_class_[i] =
-        model->GetClaInfo()->GetOClass(model->GetObsInfo()->GetOIx(observations->GetONum(i)));
+    const short source = model->GetObsInfo()->GetOIx(observations->GetONum(i));
+    SetOClass(i, model->GetClaInfo()->GetOClass(source));
   }
   return Update();
 }
@@ -52,8 +52,8 @@ int BlkInfo::SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags,
       }
     }
     BlockTypes types = {};
-    for (short i = 1; source != nullptr && i <= source->GetNItm(); ++i) {
-      types[static_cast<std::size_t>(source->GetBNum(i))] = source->GetBType(i);
+    for (short b = 1; source != nullptr && b <= kMaxBlock; ++b) {
+      types[static_cast<std::size_t>(b)] = source->GetBType(source->GetIx(b));
     }
     return SetBlocks(blocks, types);
   }));
