@@ -13,7 +13,7 @@ say() { echo "$*" >&2; }
 # The command that stands for a package which may also have come in another way.
 command_of() {
   case $1 in
-    g++ | cmake | clang | wine | pkg-config) echo "$1" ;;
+    g++ | cmake | clang | clang-tidy | wine | pkg-config) echo "$1" ;;
     ninja-build) echo ninja ;;
     g++-mingw-w64-i686-posix) echo i686-w64-mingw32-g++-posix ;;
   esac

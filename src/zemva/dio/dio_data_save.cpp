@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "zemva/base/atomic_file.h"
 #include "zemva/base/native_path.h"
 #include "zemva/base/time_stamp.h"
 #include "zemva/data/dataset.h"

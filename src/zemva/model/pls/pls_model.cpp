@@ -12,6 +12,7 @@
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/kernels/left_out.h"
+#include "zemva/model/kernels/pls_nipals.h"
 #include "zemva/model/kernels/residual_matrix.h"
 #include "zemva/numeric/d_matrix.h"
 

@@ -39,6 +39,7 @@ class ZEMVA_API Options {
 
   // The global option with exactly this key; None when there is none.
   static EOptType GetOptType(const char* key);
+  // Whether a text is legal for an option; false when `type` is none or the text null.
   static bool IsLegalValue(EOptType type, const char* value);
   // The legal values, in words for a person.
   static std::string GetLegalValues(EOptType type);
@@ -70,6 +71,7 @@ class ZEMVA_API Options {
 
   // Whether a value was set since the options were made or saved.
   bool IsChanged() const { return is_changed_; }
+  // Set by SetValue, reset by SaveGlobal; here for who changes values in another way.
   void SetChangeFlag() { is_changed_ = true; }
   void ResetChangeFlag() { is_changed_ = false; }
 
