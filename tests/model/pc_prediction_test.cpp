@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -81,6 +82,41 @@ TEST(PCPrediction, FindsThePlaneFromWhatIsPresent) {
               D(model.GetTPredPS(2, 1)) * D(model.GetTPredPS(2, 1)) / D(model.GetS2T(2)), 1e-3);
 }
 
+TEST(PCPrediction, NeedsNoLargeLoadings) {
+  Rows rows;
+  for (const float u : {-3.0f, -1.0f, 0.0f, 2.0f, 5.0f}) rows.push_back({1000 * u, 0.1f * u});
+  Bench bench("ab", rows);
+  for (short k = 1; k <= 2; ++k) bench.workset.SetScaling(k, EScaType::kCtr);
+  ASSERT_EQ(bench.Compute(1), 0);
+  bench.options.SetMaxMisValObsPS(90);
+  NewRows news({{5000, 0.5f}, {kM, 0.5f}});
+  ASSERT_EQ(news.Execute(bench.model), 0);
+  EXPECT_NEAR(D(bench.model.GetTPredPS(1, 2)) / D(bench.model.GetTPredPS(1, 1)), 1.0, 1e-3);
+}
+
+TEST(PCPrediction, HasNoDistanceOfObservationsWithTooFewValues) {
+  Rows rows = PlaneTable();
+  rows[4] = std::vector<float>(5, kM);
+  rows[7] = {rows[7][0], kM, kM, kM, kM};
+  for (const bool is_weighted : {false, true}) {
+    Bench bench("abcde", rows);
+    bench.options.SetIsWResLS(is_weighted);
+    bench.options.SetIsWResPS(is_weighted);
+    bench.options.SetIsNormDistLS(false);
+    bench.options.SetIsNormDistPS(false);
+    bench.options.SetMaxMisValObsPS(100);
+    ASSERT_EQ(bench.Compute(1), 0);
+    NewRows news(rows);
+    ASSERT_EQ(news.Execute(bench.model), 0);
+    for (short i = 1; i <= 12; ++i) {
+      const bool has_too_few = i == 5 || i == 8;
+      EXPECT_EQ(IsMissing(bench.model.GetDModXLS(1, i)), has_too_few);
+      EXPECT_EQ(IsMissing(bench.model.GetPModXLS(1, i)), has_too_few);
+      EXPECT_EQ(IsMissing(bench.model.GetDModXPS(1, i)), has_too_few);
+    }
+  }
+}
+
 TEST(PCPrediction, MeasuresMembersAsTheWorkSetDoes) {
   for (const bool is_weighted : {false, true}) {
     Bench bench(test::Sample("iris"));
@@ -155,6 +191,39 @@ TEST(PCPrediction, ListsMembersAndWhatIsOfTheClass) {
   EXPECT_TRUE(row(" setosa_1 ").ends_with(" WS-memb. classified at the 5 % level."));
   EXPECT_FALSE(row(" virginica_150 ").ends_with("."));
   EXPECT_EQ(row(" setosa_2 ").find("WS-memb."), std::string::npos);
+}
+
+TEST(PCPrediction, TakesRowsAsTheModelTookItsOwnAndTellsInItsLog) {
+  Rows rows = test::Noise().Table(12, 3);
+  for (auto& row : rows) row[0] += 2.0f;
+  rows[6][0] = -1.0f;
+  rows[7][1] = std::numeric_limits<float>::infinity();
+  Bench bench("abc", rows);
+  bench.workset.SetTransformation(1, ETraType::kLog, 1, 0, 0);
+  test::RecordingWindow log;
+  PCModel model(&bench.owner, EModType::kPC1, log, &bench.options, 0);
+  ASSERT_EQ(model.Compute(), 0);
+  const std::string messages =
+      "1 value(s) that are not finite numbers are taken as missing.\n"
+      "Observation 70 had value(s) excluded due to transformation domain error.\r\n";
+  EXPECT_TRUE(log.log.starts_with(messages)) << log.log;
+  EXPECT_EQ(bench.window.log, "");
+
+  bench.workset.SetTransformation(1, ETraType::kNone, 0, 0, 0);
+  bench.workset.SetIsObsIn(3, false);
+  Predset predset("PS", *bench.dataset, bench.workset);
+  bench.owner.predset = &predset;
+  for (const bool is_loaded : {true, false}) {
+    if (!is_loaded) model.Unload();
+    log.log.clear();
+    model.ClearIsLogWritten();
+    ASSERT_EQ(model.ExecPS(), 0);
+    EXPECT_TRUE(log.log.starts_with(messages));
+    EXPECT_TRUE(model.IsLogWritten());
+    EXPECT_TRUE(model.IsMembPS(3));
+    for (short i = 1; i <= 6; ++i)
+      EXPECT_NEAR(D(model.GetTPredPS(1, i)), D(model.GetT(1, i)), 1e-4);
+  }
 }
 
 TEST(PCPrediction, RefusesWhatDoesNotFit) {

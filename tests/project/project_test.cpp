@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -171,8 +173,17 @@ TEST_F(ProjectOfOneTable, ARefusalDoesNotStandAgainstTheNextOperation) {
   EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(foreign, workset_, "None")), 8033);
   EXPECT_EQ(project_.ExecPS(number, project_.AddPredset(dataset_, workset_, "PS")), 0);
   options.SetNComp(3);
+  options.SetAUseLS(1);
   EXPECT_EQ(project_.Compute(number), 0);
-  EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 3);
+  EXPECT_EQ(options.GetAUseLS(), 1);
+  auto& model = static_cast<PCModel&>(*project_.GetModel(number)->GetModel());
+  EXPECT_EQ(model.GetA(), 3);
+  EXPECT_NE(model.GetDCritTrSLS(), kMissing);
+  EXPECT_EQ(model.GetNObsPS(), 12);
+  // What was executed goes with the components.
+  EXPECT_EQ(model.Reset(2), 0);
+  EXPECT_EQ(model.GetDCritTrSLS(), kMissing);
+  EXPECT_EQ(model.GetNObsPS(), 0);
 }
 
 TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
@@ -184,10 +195,12 @@ TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
   EXPECT_EQ(project_.GetStatus(), 8009);
   EXPECT_EQ(project_.AddPredset(dataset_, 7, "PS"), 0);
   EXPECT_EQ(project_.GetStatus(), 8011);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
+  EXPECT_EQ(project_.AddModel(workset_, static_cast<EModType>(8), 0), 0);
   EXPECT_EQ(project_.GetStatus(), 8045);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPC2, 0), 0);  // there is no Y
   EXPECT_EQ(project_.GetStatus(), 8017);
+  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
+  EXPECT_EQ(project_.GetStatus(), 8018);
   EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1Cl, 3), 0);  // nor a class
   EXPECT_EQ(project_.GetStatus(), 8020);
   const short elsewhere = project_.AddWorkset(dataset_, "WS2");
@@ -243,6 +256,26 @@ TEST_F(ProjectOfOneTable, HoldsTheLargestTables) {
     EXPECT_EQ(model.GetNObsPS(), is_long ? most : 4);
     ClaInfo classes("ClaInfo", model.GetNObs());
     EXPECT_EQ(classes.SetClaInfo(model.GetObsInfo(), &model), 8022);
+  }
+}
+
+TEST_F(ProjectOfOneTable, FitsNothingToWhatRoundingHasLeft) {
+  Noise noise;
+  for (int table = 0; table < 60; ++table) {
+    // Of rank one, in whole numbers.
+    test::Rows rows = noise.Table(9, 6);
+    for (std::size_t i = rows.size(); i-- > 0;) {
+      const float multiple = std::round(9 * rows[i][0]);
+      for (std::size_t k = 0; k < 6; ++k) rows[i][k] = multiple * std::ceil(5 * rows[0][k]);
+    }
+    const short workset =
+        project_.AddWorkset(project_.AddDataset(SmallDataset("abcdef", rows).release()), "WS");
+    for (short k = 1; k <= 6; ++k) project_.GetWorkset(workset)->SetScaling(k, EScaType::kCtr);
+    const short number = project_.AddModel(workset, EModType::kPC1, 0);
+    project_.GetModel(number)->GetModOpt().SetNComp(5);
+    EXPECT_EQ(project_.Compute(number), 0);
+    EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 1);
+    ASSERT_EQ(project_.DelModel(number), 0);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/names.h"
 #include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
@@ -28,6 +29,16 @@ short NextNumber(const Map& all, short most) {
   short number = 1;
   while (all.contains(number)) ++number;
   return number;
+}
+
+// The number of components after which rounding alone is left of X, 0 where there is none. What is
+// fitted to that is noise, whether or not the fit ends on a code.
+short FindRank(const Model& model) {
+  constexpr float kRounding = 1e-12f;
+  for (const short a : PositionsUpTo(model.GetA())) {
+    if (model.GetSSX(static_cast<char>(a)) <= kRounding * model.GetSSX(0)) return a;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -82,7 +93,7 @@ short Project::AddPredset(short dataset, short workset, const char* name) {
     owned.workset = GetWorkset(workset);
     if (source == nullptr) return status::mva::kDataNotAvailable;
     if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
-    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset, window_);
+    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
     return owned.predset->GetStatus();
   });
   if (number != 0) current_predset_ = number;
@@ -159,7 +170,12 @@ int Project::Compute(short number) {
   int status = has_all ? status::kOk : model.Compute();
   while (status == status::mva::kNotCompleted) status = model.Compute();
   if (status == status::mva::kComponentAborted) status = status::kOk;
-  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(char{0});
+  if (const short rank = FindRank(model); rank != 0) {
+    if (rank < model.GetA() || model.HasFailed()) model.Reset(rank);
+    status = status::kOk;
+  }
+  // With the components that the options say, which ExecLS of a number would set.
+  if (status == status::kOk && model.GetA() > 0) status = model.ExecLS(nullptr);
   return SetStatus(status);
 }
 

@@ -79,7 +79,8 @@ class ZEMVA_API Project : public ModelOwner {
 
   // --- Computing: what a model has refused does not stand against it being asked again ---
 
-  // Fits components while there are more to fit, and executes the model on its work set. Nothing is
+  // Fits components while there are more to fit, drops those beyond the rank of the table, which
+  // are noise, and executes the model on its work set. Nothing is
   // fitted to a model that has as many as it is to have. The code of the model; 0 too when the
   // rules have refused a component, whatever the number before it.
   int Compute(short model);

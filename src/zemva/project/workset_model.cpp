@@ -24,6 +24,10 @@ int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
   }
   const std::unique_ptr<VarInfo> variables(workset_.ExtVarInfo(type, EBlock::kX, selector));
   if (variables == nullptr) return workset_.GetStatus();
+  if (is_pls) {
+    const std::unique_ptr<VarInfo> responses(workset_.ExtVarInfo(type, EBlock::kY, selector));
+    if (responses == nullptr) return workset_.GetStatus();
+  }
   ScaInfo scalings("ScaInfoX");
   const int status = scalings.SetScaInfo(variables.get(), nullptr, &workset_, false);
   if (status != status::kOk) return status;
@@ -37,10 +41,7 @@ int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {
 }
 
 Model& WorksetModel::Restart() {
-  const int status = model_->GetStatus();
-  // That the rules have refused a component holds until the model is reset.
-  const bool has_failed = status != status::kOk && status != status::mva::kComponentAborted;
-  if (has_failed) model_->Reset(model_->GetA());
+  if (model_->HasFailed()) model_->Reset(model_->GetA());
   return *model_;
 }
 

@@ -49,7 +49,7 @@ struct CompInfo {
   EVerdict verdict = EVerdict::kNone;
   XFVector leverages;     // "OLevX[a]", of the scores t, see distances.h
   XFVector leverages_y;   // "OLevY[a]", of the scores u
-  XFVector weighted_s2o;  // "S2WOX[a]", the weighted variances by row, see distances.h
+  XFVector weighted_s2o;  // "S2WOX[a]", weighted variances by row, see distances.h
   XFVector t;             // "t[a]", scores, N
   XFVector p;             // "p[a]", loadings, K
   // Without responses these have no elements.

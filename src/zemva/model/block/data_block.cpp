@@ -27,17 +27,19 @@ std::vector<double> Widened(const XFVector& vector) {
 
 }  // namespace
 
-int DataBlock::Extract(Workset& workset, EModType type, char selector) {
+int DataBlock::Extract(Workset& workset, EModType type, char selector, ModelLog& log) {
   int status = status::kOk;
   // Null without a code stands for a table that the work set has not.
   const auto take = [&](auto& table, auto* extracted) {
     table.reset(extracted);
     if (extracted == nullptr && status == status::kOk) status = workset.GetStatus();
   };
-  take(values_, workset.ExtMatrix(type, block_, selector));
+  take(values_, workset.ExtMatrix(type, block_, selector, log));
+  if (status == status::kOk) take(preparation_, workset.ExtPreparation(type, block_, selector));
   if (status == status::kOk) take(variables_, workset.ExtVarInfo(type, block_, selector));
-  if (status == status::kOk)
+  if (status == status::kOk) {
     take(scalings_, workset.ExtScaInfo(type, block_, selector, values_.get()));
+  }
   if (status == status::kOk) take(transformations_, workset.ExtTraInfo(type, block_, selector));
   if (status == status::kOk) take(terms_, workset.ExtExpInfo(type, block_, selector));
   if (status == status::kOk) take(lags_, workset.ExtLagInfo(type, block_, selector));
@@ -121,6 +123,7 @@ int DataBlock::MakeCentred(bool is_centred, ModelLog& log,
   made->terms_ = terms_;
   made->lags_ = lags_;
   made->blocks_ = blocks_;
+  made->preparation_ = preparation_;
   made->info_ = info_;
   const int status = made->Center(is_centred, log);
   if (status == status::kOk) centred = std::move(made);

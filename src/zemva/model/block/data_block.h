@@ -18,6 +18,7 @@
 #include "zemva/model/preprocess/sca_info.h"
 #include "zemva/model/preprocess/tra_info.h"
 #include "zemva/model/workset/model_type.h"
+#include "zemva/model/workset/preparation.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/numeric/x_matrix.h"
 
@@ -44,11 +45,11 @@ class DataBlock {
 
   // Takes matrix and tables out of a work set, into a block that holds nothing yet. The work set's
   // code when it refuses.
-  int Extract(Workset& workset, EModType type, char selector);
+  int Extract(Workset& workset, EModType type, char selector, ModelLog& log);
   bool IsLoaded() const { return values_ != nullptr; }
   // Whether both were loaded from the same values with the same weights.
   bool HasDataOf(const DataBlock& other) const;
-  // Frees matrix, tables and residuals; the record of component 0 stays.
+  // Frees matrix, tables and residuals; the record of component 0 and the preparation stay.
   void Unload();
 
   // Reports variables with fewer than 4 present values, and variables and, in X, observations with
@@ -91,8 +92,9 @@ class DataBlock {
   ResidualMatrix& GetResiduals() { return *residuals_; }
   const ResidualMatrix& GetResiduals() const { return *residuals_; }
 
-  // The record of component 0: there once anything was loaded.
+  // The record of component 0 and how the matrix was made: there once anything was loaded.
   const std::optional<CentInfo>& GetInfo() const { return info_; }
+  const Preparation& GetPreparation() const { return *preparation_; }
 
   // Null where there is no such stage: -1 and 0.
   const Stage* GetStage(int a) const;
@@ -101,8 +103,8 @@ class DataBlock {
   float GetResidual(int i, int k) const;
   // The element, centred and scaled.
   float GetCentredValue(int i, int k) const;
-  // A value of column k in and out of the units of the residuals. Missing stays missing, and is what
-  // comes back from a weight of 0.
+  // A value of column k in and out of the units of the residuals. Missing stays missing, and is
+  // what comes back from a weight of 0.
   float CenterAndScale(float value, int k) const;
   double Restore(double value, int k) const;
 
@@ -122,6 +124,7 @@ class DataBlock {
   std::shared_ptr<ExpInfo> terms_;
   std::shared_ptr<LagInfo> lags_;
   std::shared_ptr<BlkInfo> blocks_;
+  std::shared_ptr<const Preparation> preparation_;
   std::optional<CentInfo> info_;
   std::optional<ResidualMatrix> residuals_;
 };

@@ -9,20 +9,18 @@
 
 namespace zemva {
 
-// A window, and whether anything was written to it.
-class ModelLog {
+// Another window, and whether anything was written to it through this one.
+class ModelLog : public StreamWindow {
  public:
   explicit ModelLog(StreamWindow& window) : window_(window) {}
 
-  Listing Line() {
-    is_written_ = true;
-    return Listing(window_);
-  }
+  Listing Line() { return Listing(*this); }
   // Lines with their ends.
-  void Write(const std::string& lines) {
+  void Write(const char* lines) override {
     is_written_ = true;
     window_ << lines;
   }
+  void Write(const std::string& lines) { Write(lines.c_str()); }
 
   bool IsWritten() const { return is_written_; }
   void ClearIsWritten() { is_written_ = false; }

@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
+#include "zemva/base/paths.h"
 #include "zemva/base/time_stamp.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/workset/workset.h"
-#include "zemva/base/paths.h"
 
 namespace zemva {
 namespace {
@@ -112,7 +112,7 @@ int Model::LoadWS() {
     std::vector<std::unique_ptr<DataBlock>> loaded;
     for (const DataBlock* const block : GetBlocks()) {
       loaded.push_back(std::make_unique<DataBlock>(block->GetBlock()));
-      int status = loaded.back()->Extract(*workset, type_, selector_);
+      int status = loaded.back()->Extract(*workset, type_, selector_, log_);
       if (status == status::kOk) status = ExtractRowTables(*workset, rows);
       if (status == status::kOk) status = Check(*loaded.back(), *rows.observations);
       if (status != status::kOk) return status;
@@ -187,8 +187,7 @@ int Model::Unload() {
 int Model::Save(short number) {
   SetModNum(number);
   const bool has_address = header_.address.View() != kNoAddress;
-  const int status =
-      has_address ? WriteListing(GetModAddr(), &Model::ShowAll) : status::dio::kFileNameMissing;
+  const int status = has_address ? WriteModel(GetModAddr()) : status::dio::kFileNameMissing;
   if (status == status::kOk) {
     saved_address_ = header_.address;
   } else {

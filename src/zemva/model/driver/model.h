@@ -11,15 +11,15 @@
 #include "zemva/base/export.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/object_base.h"
 #include "zemva/data/object_header.h"
 #include "zemva/data/obs_info.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/block/comp_info.h"
-#include "zemva/model/execution/distance_results.h"
 #include "zemva/model/block/model_log.h"
 #include "zemva/model/block/model_owner.h"
+#include "zemva/model/execution/distance_results.h"
 #include "zemva/model/execution/distances.h"
 #include "zemva/model/execution/predictions.h"
 #include "zemva/model/preprocess/lag_info.h"
@@ -50,8 +50,8 @@ struct Validation;
 // then calls ExecLS. Observations, variables and components count from 1; component 0 is the data
 // centred and scaled, component -1 the data as loaded.
 //
-// What is done to X is done to Y, once for both; a kind of model says how a component is fitted, what
-// its cross-validation leaves unpredicted, and what scores a row has.
+// What is done to X is done to Y, once for both; a kind of model says how a component is fitted,
+// what its cross-validation leaves unpredicted, and what scores a row has.
 //
 // Every operation returns a status code and keeps it for GetStatus. While that is a failure all
 // others return it at once, until Reset; 8012 and 8029 are none. 8002 when memory runs out, 8011
@@ -164,8 +164,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual float GetPModYPS(char a, short i) const;
   // The distances of the prediction set's observations; null before its execution.
   virtual const DistanceResults* GetPSResults() const;
-  // What cross-validation predicts of Y or, without responses, of X: of a component (A), cumulative,
-  // by variable (V).
+  // What cross-validation predicts of Y or, without responses, of X: of a component (A),
+  // cumulative, by variable (V).
   virtual float GetQ2AX(char a) const;
   virtual float GetQ2AY(char a) const;
   virtual float GetQ2VAX(char a, short k) const;
@@ -219,7 +219,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Makes what components 1..a leave of X, centred and scaled: a new matrix, the caller's. Null,
   // with the status, when it cannot.
   virtual XFMatrix* MakeResid(char a);
-  // Drops the components after a, and a failure. 8021 for a negative a.
+  // Drops the components after a, with them the results of executions, and a failure. 8021 for a
+  // negative a.
   virtual int Reset(short a);
   // Lists the response surface, for models that have one; 8045 for others.
   virtual int RSEqn(StreamWindow& window);
@@ -313,8 +314,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // loaded, to which GetB0 is to be added.
   float GetCoeffCS(char a, short k, short m) const;
   float GetCoeff(char a, short k, short m) const;
-  // sqrt(sum of squared errors / (n - A0 - a)) of the work set for the components in use, in the units
-  // of GetYPredLS.
+  // sqrt(sum of squared errors / (n - A0 - a)) of the work set for the components in use, in the
+  // units of GetYPredLS.
   float GetRMSEE(short m) const;
   // The errors of the prediction set; null before its execution and without responses.
   const PredictionErrors* GetPredictionErrorsPS() const;
@@ -367,13 +368,16 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Whether a correction for missing values was cut to its limit.
   bool IsOverrun() const { return is_overrun_; }
   int GetStatus() const { return status_; }
+  // Whether the status is that of a failure, which stands against all operations.
+  bool HasFailed() const;
 
   // --- Listings on disk ---
 
   // These leave the status alone.
   //
   // Gives the model a number and writes all its listings to its address. 1006, and "Could not save
-  // model" in the log, when that fails; 2011 likewise while it has only the address it began with.
+  // model" in the log, when that fails; likewise 1001 where there is a file that is no listing of a
+  // model, and 2011 while it has only the address it began with.
   int Save(short number);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
@@ -421,7 +425,6 @@ class ZEMVA_API Model : public ConstructDestructMessage {
     if (status_ == status::mva::kComponentAborted) is_search_over_ = true;
     return status_;
   }
-  bool HasFailed() const;
   int SetStatus(int status) { return status_ = status; }
 
   // How far a correction for missing values may go for a loading.
@@ -454,6 +457,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int ExtractRowTables(Workset& workset, RowTables& rows) const;
   // The blocks that the model has, X first.
   std::vector<DataBlock*> GetBlocks() const;
+  int WriteModel(const char* path);
   int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
   // For a model that has dropped components.
   int ClearStatus() {

@@ -119,6 +119,10 @@ void Model::DropComp() {
 
 int Model::Reset(short a) {
   if (a < 0) return SetStatus(status::mva::kIndexOutOfRange);
+  if (GetComponentCount() > a) {
+    DeleteLSResults();
+    DeletePSResults();
+  }
   while (GetComponentCount() > a) DropComp();
   return ClearStatus();
 }
@@ -136,8 +140,8 @@ void Model::Measure(CompInfo& component) {
   x_->Measure({a0_, a, a}, component.x);
   const Stage& initial = *GetStage(EBlock::kX, 0);
   const double total = static_cast<double>(initial.ss);
-  const double gain = static_cast<double>(GetStage(EBlock::kX, a - 1)->ss) -
-                      static_cast<double>(component.x.ss);
+  const double gain =
+      static_cast<double>(GetStage(EBlock::kX, a - 1)->ss) - static_cast<double>(component.x.ss);
   // Eig = (SSX before - SSX) min(N, K) / SSX of stage 0
   const double dimension = std::min(GetNObs(), GetNVarX());
   component.eigenvalue = total > 0.0 ? static_cast<float>(gain / total * dimension) : 0.0f;
@@ -170,9 +174,8 @@ void Model::MeasureWeighted(CompInfo& component) {
     const auto row = static_cast<std::size_t>(i - 1);
     const WeightedSums sums =
         weights.Sum(x_->GetResiduals().Row(row), values.Row(i), x_->GetInfo()->row_counts[row]);
-    const double variance = WeightedVariance(sums, a);
-    component.weighted_s2o[i] = static_cast<float>(variance);
-    sum += variance;
+    component.weighted_s2o[i] = static_cast<float>(WeightedObservationVariance(sums, a));
+    sum += WeightedVariance(sums, a);
   }
   component.weighted_s2o.SetActValInfo();
   // S2WX = (sum of the weighted variances of the observations) / (N - A0 - a)
@@ -188,7 +191,8 @@ int Model::Judge(const Validation& validation, const Rules& rules, CompInfo& com
   const EBlock target = GetTarget().GetBlock();
   const bool is_small = JudgeByR2(*GetStage(target, a - 1), *GetStage(target, a),
                                   *GetStage(target, 0), rules.least_share, component, log_);
-  const bool is_refused = is_small || JudgeByDefault(validation.is_cross_validated, component, log_);
+  const bool is_refused =
+      is_small || JudgeByDefault(validation.is_cross_validated, component, log_);
   return is_refused && options_->GetIsRule() ? status::mva::kComponentAborted : status::kOk;
 }
 

@@ -30,7 +30,8 @@ bool AreFinite(std::span<const float> values) {
 
 int Model::AddPSResults() {
   return Run([&] {
-    predictions_ = std::make_shared<Predictions>(GetUsed(options_->GetAUsePS()), GetNVarX(), GetNVarY());
+    predictions_ =
+        std::make_shared<Predictions>(GetUsed(options_->GetAUsePS()), GetNVarX(), GetNVarY());
     return status::kOk;
   });
 }
@@ -46,14 +47,14 @@ int Model::ExecPS() {
     DeletePSResults();
     Predset* const predset = owner_->GetCurrentPredset();
     if (predset == nullptr) return status::mva::kPredsetNotAvailable;
-    const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(type_, EBlock::kX, selector_));
+    const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(x_->GetPreparation(), log_));
     if (data == nullptr) return predset->GetStatus();
     std::unique_ptr<XFMatrix> observed;
-    if (HasY()) observed.reset(predset->ExtMatrix(type_, EBlock::kY, selector_));
+    if (HasY()) observed.reset(predset->ExtMatrix(y_->GetPreparation(), log_));
     if (HasY() && observed == nullptr) return predset->GetStatus();
     const std::unique_ptr<ObsInfo> observations(predset->ExtObsInfo());
     if (observations == nullptr) return predset->GetStatus();
-    const std::unique_ptr<I1Vector> selection(predset->ExtMembership(type_, selector_));
+    const std::unique_ptr<I1Vector> selection(predset->ExtMembership(x_->GetPreparation()));
     if (selection == nullptr) return predset->GetStatus();
     for (char& byte : selection->Values()) byte = byte != 0 ? kMemberRow : kNewRow;
     const int status = ExecuteRows(*observations, *data, observed.get(), *selection);
@@ -174,7 +175,8 @@ void Model::SetDistance(std::span<const float> row, std::span<const float> resid
   double variance = 0.0;
   if (gauge.is_weighted) {
     const ResidualWeights weights(GetComponent(a)->x.mpow);
-    variance = WeightedVariance(weights.Sum(residuals, row, present_count), gauge.size.of_row);
+    variance =
+        WeightedObservationVariance(weights.Sum(residuals, row, present_count), gauge.size.of_row);
   } else {
     const double squares = SumInLanes(residuals.size(), [&](std::size_t k) {
       return static_cast<double>(residuals[k]) * static_cast<double>(residuals[k]);

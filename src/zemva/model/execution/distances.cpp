@@ -84,6 +84,11 @@ double WeightedVariance(const WeightedSums& sums, int of_row) {
   return df > 1 ? variance * sums.present_count / df : variance;
 }
 
+double WeightedObservationVariance(const WeightedSums& sums, int of_row) {
+  return sums.present_count <= of_row ? static_cast<double>(kMissing)
+                                      : WeightedVariance(sums, of_row);
+}
+
 DistanceTest::DistanceTest(const BlockSize& size, double df) : r_(size.MembershipCorrection()) {
   const double k = size.variable_count;
   const double r = size.of_row;

@@ -53,6 +53,8 @@ class ResidualWeights {
 // (sum w e^2 / sum w) m / (m - r), the last factor where m - r > 1; 0 where sum w is no more than
 // 1e-30.
 double WeightedVariance(const WeightedSums& sums, int of_row);
+// The same for the distance of the observation; missing where m <= r, as without weights.
+double WeightedObservationVariance(const WeightedSums& sums, int of_row);
 
 // The F test of an observation's variance against that of the model. v2, the residual degrees of
 // freedom per observation, is DF / (K - r), at least 1, which without missing values is N - A0 - c.

@@ -22,13 +22,17 @@ namespace {
 
 constexpr double kLeastVariableShare = 0.02;
 
-// Whether an inverse of a matrix whose elements are at most 1 has digits that mean something.
-bool IsDetermined(const FMatrix& inverse) {
-  constexpr float kLargest = 1e6f;
+// Whether the inverse of a matrix of sums of products, with this diagonal, has digits that mean
+// something. M[c][c] M^-1[c][c] = 1 / (1 - R^2), with R^2 that of c on the others: 1 or more, where
+// the inversion has not met its smallest pivot, and beyond what floats resolve the more c depends
+// on the others.
+bool IsDetermined(const FMatrix& inverse, std::span<const float> diagonal) {
+  constexpr double kLeast = 0.5;
+  constexpr double kMost = 1e6;
   for (int c = 1; c <= inverse.NRow(); ++c) {
-    for (const float element : inverse.Row(c)) {
-      if (!(std::fabs(element) < kLargest)) return false;
-    }
+    const double inflation = static_cast<double>(inverse[c][c]) *
+                             static_cast<double>(diagonal[static_cast<std::size_t>(c - 1)]);
+    if (!(inflation > kLeast && inflation < kMost)) return false;
   }
   return true;
 }
@@ -159,9 +163,11 @@ int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
       cross_products[c][d] = sum_present([&](int k) { return loading(c, k) * loading(d, k); });
     }
   }
+  std::vector<float> diagonal;
+  for (int c = 1; c <= a; ++c) diagonal.push_back(cross_products[c][c]);
   const int status = cross_products.MInv();
   if (status == status::mat::kMemory) return status::mva::kMemory;
-  if (status != status::kOk || !IsDetermined(cross_products)) {
+  if (status != status::kOk || !IsDetermined(cross_products, diagonal)) {
     GetLog().Write("Matrix singular!\n");
     SetIsOverrun();
     return status::kOk;

@@ -24,8 +24,8 @@ NameOrder OrderOfNames(const VarInfo& variables) {
 
 }  // namespace
 
-Predset::Predset(const char* name, Dataset& dataset, const Workset& workset, StreamWindow& window)
-    : name_(name), dataset_(dataset), workset_(workset), window_(window) {
+Predset::Predset(const char* name, Dataset& dataset, const Workset& workset)
+    : name_(name), dataset_(dataset), workset_(workset) {
   status_ = MemoryGuarded([&] { return Init(); });
 }
 
@@ -125,14 +125,6 @@ XFMatrix* Predset::ExtMatrix(const Preparation& preparation, StreamWindow& windo
                             [&](auto& matrix) { return MakeMatrix(preparation, window, matrix); });
 }
 
-XFMatrix* Predset::ExtMatrix(EModType type, EBlock block, char selector) {
-  return HandOver<XFMatrix>(status_, [&](auto& matrix) {
-    std::unique_ptr<Preparation> preparation;
-    const int status = workset_.MakePreparation(type, block, selector, preparation);
-    return status == status::kOk ? MakeMatrix(*preparation, window_, matrix) : status;
-  });
-}
-
 ObsInfo* Predset::ExtObsInfo() {
   return HandOver<ObsInfo>(status_, [&](auto& table) {
     const XI1Vector selection = SelectObs();
@@ -162,13 +154,6 @@ I1Vector* Predset::ExtMembership(const Preparation& preparation) {
                            [&](short i) { return preparation.members.GetElement(i); });
     return status::kOk;
   });
-}
-
-I1Vector* Predset::ExtMembership(EModType type, char selector) {
-  std::unique_ptr<Preparation> preparation;
-  status_ = MemoryGuarded(
-      [&] { return workset_.MakePreparation(type, EBlock::kX, selector, preparation); });
-  return preparation == nullptr ? nullptr : ExtMembership(*preparation);
 }
 
 }  // namespace zemva

@@ -27,13 +27,12 @@ namespace zemva {
 // are of the same Dataset, of the same size for both, each variable is its own match.
 //
 // Every operation that can fail returns a status code, or a null pointer, and keeps the code for
-// GetStatus. A failed one changes nothing. 8002 is returned by all when memory runs out. Messages
-// go to the window, each on its own line.
+// GetStatus. A failed one changes nothing. 8002 is returned by all when memory runs out.
 class ZEMVA_API Predset {
  public:
-  // All observations are in. Loads the data set, which like work set and window must outlive the
+  // All observations are in. Loads the data set, which like the work set must outlive the
   // prediction set; where that fails the status is the code of Load and there are no observations.
-  Predset(const char* name, Dataset& dataset, const Workset& workset, StreamWindow& window);
+  Predset(const char* name, Dataset& dataset, const Workset& workset);
   Predset(const Predset&) = delete;
   Predset& operator=(const Predset&) = delete;
 
@@ -70,16 +69,12 @@ class ZEMVA_API Predset {
   // nothing of the data set, while such a Y is missing throughout; 8046 when the data set has other
   // observations or variables than it had; the code of Load when it has to be loaded and cannot.
   XFMatrix* ExtMatrix(const Preparation& preparation, StreamWindow& window);
-  // The same as the work set is now, with the codes of its ExtMatrix; messages go to the window of
-  // the prediction set.
-  XFMatrix* ExtMatrix(EModType type, EBlock block, char selector);
   ObsInfo* ExtObsInfo();
   // The positions of the observations in the data set.
   I2Vector* ExtObsIx();
   // 1 for the observations that the model is made of: those of the same Dataset that were taken out
   // of the work set. 0 for others, and so for all where the data sets differ. 8040 as above.
   I1Vector* ExtMembership(const Preparation& preparation);
-  I1Vector* ExtMembership(EModType type, char selector);
 
  private:
   int Init();
@@ -94,7 +89,6 @@ class ZEMVA_API Predset {
   FixedText<24> name_;
   Dataset& dataset_;
   const Workset& workset_;
-  StreamWindow& window_;
   // Whether both sets are of the same Dataset, of the same size.
   bool is_of_workset_ = false;
   ObsInfo observations_{"ObsInfo"};

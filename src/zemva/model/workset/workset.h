@@ -271,8 +271,6 @@ class ZEMVA_API Workset {
   template <typename Table>
   Table* ExtRows(EModType type, EBlock block, char selector, const Table& rows,
                  Table* (Table::*extract)(const XI1Vector*) const);
-  int MakePreparation(EModType type, EBlock block, char selector,
-                      std::unique_ptr<Preparation>& preparation) const;
   int MakeMatrix(EModType type, EBlock block, const Selection& selection, StreamWindow& window,
                  std::unique_ptr<XFMatrix>& matrix) const;
   // A row for each element of `row_classes`.

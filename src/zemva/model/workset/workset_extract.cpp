@@ -110,21 +110,6 @@ ColumnPlan Workset::MakePlan(const VarInfo& wanted) const {
   return ColumnPlan(variables_, lags_, transformations_, terms_, wanted);
 }
 
-int Workset::MakePreparation(EModType type, EBlock block, char selector,
-                             std::unique_ptr<Preparation>& preparation) const {
-  Selection selection = {SelectObs(type, selector), SelectVars(type, block)};
-  const int status = Check(type, block, selector, selection);
-  if (status != status::kOk) return status;
-  std::unique_ptr<const ColumnPlan> plan;
-  if (!IsClassBlock(type, block)) {
-    plan = std::make_unique<const ColumnPlan>(MakePlan(selection.variables));
-  }
-  preparation =
-      std::make_unique<Preparation>(Preparation{this, block, std::move(selection.observations),
-                                                std::move(selection.variables), std::move(plan)});
-  return status::kOk;
-}
-
 int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
                         StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const {
   const std::vector<short> rows = Positions(selection.observations);
@@ -166,8 +151,15 @@ XFMatrix* Workset::ExtMatrix(EModType type, EBlock block, char selector, StreamW
 }
 
 Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector) {
-  return HandOver<Preparation>(status_, [&](auto& preparation) {
-    return MakePreparation(type, block, selector, preparation);
+  return Ext<Preparation>(type, block, selector, [&](Selection& selection, auto& preparation) {
+    std::unique_ptr<const ColumnPlan> plan;
+    if (!IsClassBlock(type, block)) {
+      plan = std::make_unique<const ColumnPlan>(MakePlan(selection.variables));
+    }
+    preparation =
+        std::make_unique<Preparation>(Preparation{this, block, std::move(selection.observations),
+                                                  std::move(selection.variables), std::move(plan)});
+    return status::kOk;
   });
 }
 
