@@ -234,9 +234,13 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
     const std::span<const float> w = component.w.Values();
     double sum = 0.0;
     double usable = 0.0;
+    bool is_complete = true;
     for (std::size_t k = 0; k < left.size(); ++k) {
-      if (IsMissing(values.Values()[k])) continue;
       const auto weight = static_cast<double>(w[k]);
+      if (IsMissing(values.Values()[k])) {
+        is_complete = is_complete && weight == 0.0;
+        continue;
+      }
       sum += weight * left[k];
       usable += weight * weight;
     }
@@ -245,8 +249,9 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
       std::ranges::fill(scores.Values(), kMissing);
       return status::kOk;
     }
-    double factor = 1.0 / usable;
-    if (factor > cap.limit) {
+    // The length of w is 1 but for rounding, which is nothing to make up for.
+    double factor = is_complete ? 1.0 : 1.0 / usable;
+    if (factor > cap.limit && sum != 0.0) {
       cap.report(number, factor);
       factor = cap.limit;
     }
