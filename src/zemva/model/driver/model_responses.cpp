@@ -106,23 +106,24 @@ float Model::GetSEYPredULS(short i, short m) const {
   return GetLimitLS(i, m, 1.0);
 }
 
-PredictionErrors Model::MakeErrorsLS() const {
-  PredictionErrors errors(GetNVarY());
+PredictionErrors Model::MakeErrorsLS(short first, short last) const {
+  PredictionErrors errors(last - first + 1);
   const BlockSize size = GetSize(EBlock::kY, GetUsed(options_->GetAUseLS()));
   std::vector<float> of_response(static_cast<std::size_t>(GetNObs()));
   const std::vector<char> is_member(of_response.size(), 1);
-  for (const short m : PositionsUpTo(GetNVarY())) {
+  for (const short number : PositionsUpTo(errors.rss.NVal())) {
+    const auto m = static_cast<short>(first + number - 1);
     for (const short i : PositionsUpTo(GetNObs())) {
       of_response[static_cast<std::size_t>(i - 1)] = GetYPredErrLS(i, m);
     }
-    errors.Set(m, of_response, is_member, size.a0 + size.of_column);
+    errors.Set(number, of_response, is_member, size.a0 + size.of_column);
   }
   return errors;
 }
 
 float Model::GetRMSEE(short m) const {
   if (m < 1 || m > GetNVarY() || GetComponentCount() == 0 || !y_->IsLoaded()) return kMissing;
-  return MakeErrorsLS().sd_adj_ls[m];
+  return MakeErrorsLS(m, m).sd_adj_ls[1];
 }
 
 // --- Of the prediction set ---
