@@ -42,8 +42,8 @@ void AddErrors(const ResidualMatrix& y, const LeftOut& others, std::span<const f
     if (others.IsWholeRow(others.ClassOf(i)) || IsMissing(t[i])) continue;
     const std::span<const float> row = y.Row(i);
     y.ForEachPresent(i, [&](std::size_t m) {
-      const double error = static_cast<double>(row[m]) -
-                           static_cast<double>(t[i]) * static_cast<double>(c[m]);
+      const double error =
+          static_cast<double>(row[m]) - static_cast<double>(t[i]) * static_cast<double>(c[m]);
       errors[m] += error * error;
     });
   }
@@ -87,11 +87,10 @@ int PLSModel::Fit(CompInfo& component) {
   const auto largest = std::ranges::max_element(squares) - squares.begin();
   GetY()->GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.u.Values());
   int iterations = 0;
-  const int status =
-      Nipals(LeftOut(),
-             {component.t.Values(), component.u.Values(), component.w.Values(),
-              component.c.Values(), component.p.Values()},
-             iterations);
+  const int status = Nipals(LeftOut(),
+                            {component.t.Values(), component.u.Values(), component.w.Values(),
+                             component.c.Values(), component.p.Values()},
+                            iterations);
   component.iteration_count =
       static_cast<short>(std::min<int>(iterations, std::numeric_limits<short>::max()));
   for (XFVector* vector : {&component.t, &component.u, &component.w, &component.c, &component.p}) {
