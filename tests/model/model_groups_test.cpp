@@ -8,7 +8,6 @@
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
 #include "zemva/data/selection.h"
-#include "zemva/model/pls/pls_model.h"
 #include "zemva/model/preprocess/exp_info.h"
 #include "zemva/model/preprocess/lag_info.h"
 #include "zemva/model/preprocess/sca_info.h"
@@ -98,14 +97,13 @@ TEST(ModelGroups, TablesTakeThemOver) {
 
 TEST(ModelGroups, TablesTakeThoseOfResponsesOver) {
   // a and the responses c and d are a block.
-  Bench bench("abcd", test::Noise().Table(10, 4));
+  test::PLSBench bench(test::Noise().Table(10, 4), 2);
   for (const short j : {short{1}, short{3}, short{4}}) {
     bench.workset.SetBlock(j, 7, BlkInfo::kFourthRoot);
-    if (j > 1) bench.workset.SetRole(j, EVarRole::kY);
   }
   bench.workset.SetFixedWeight(4, EScaType::kFW, 2.0f);
-  PLSModel model(&bench.owner, EModType::kPLS12, bench.window, &bench.options, 0);
-  ASSERT_EQ(model.Compute(), 0);
+  ASSERT_EQ(bench.Compute(), 0);
+  const PLSModel& model = bench.model;
   LagInfo lags("LagInfo");
   ExpInfo terms("ExpInfo");
   BlkInfo blocks("BlkInfo", 1);
