@@ -1,0 +1,306 @@
+// What models by partial least squares make of gaps and of bad data, predict, refuse and say.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/model_fixture.h"
+#include "model/pls_reference.h"
+
+namespace zemva {
+namespace {
+
+using test::Column;
+using test::Noise;
+using test::PLSBench;
+using test::Rows;
+using test::Table;
+
+constexpr float kM = kMissing;
+
+double D(float value) {
+  return static_cast<double>(value);
+}
+
+// --- Missing values ---
+
+// Worked by hand. What is corrected: w of b, whose fifth value meets 4 of the 8 in u'u; t of the
+// fifth row; p of b. With a cap of 1 nothing is: w is as 3 to 2.
+const Rows kGapInX = {{.5, .5, 1}, {.5, .5, 1}, {.5, .5, 1}, {.5, .5, 1}, {.5, kM, 2}};
+// c of the second response, of which the first value meets 1 of the 8 in t't; u of the first row.
+const Rows kGapInY = {{1, 2, kM}, {1, 2, 1}, {1, 2, 1}, {1, 2, 1}, {2, 4, 2}};
+
+TEST(PLSGaps, AreMadeUpForUpToTheCaps) {
+  const struct {
+    Rows rows;
+    int responses;
+    float cap;
+    int groups;
+    Column w, t, c, u, p;
+    std::string log;
+  } cases[] = {
+      {kGapInX, 1, 10, 0, {.6, .8}, {.7, .7, .7, .7, .83333333}, {1.6827124}, {}, {.6843868, .71428571},
+       ""},
+      {kGapInX, 1, 1, 5, {.83205029, .55470020}, {.69337525, .69337525, .69337525, .69337525, .41602515},
+       {1.7200798}, {}, {.7608046, .6615692},
+       "Variance for X-variable 100 a is (close to) zero.\n"
+       "Variance for X-variable 200 b is (close to) zero.\n"
+       "CompLimWLoa overrun for w, VarIx 2, was 2\n"
+       "CompLimTScr overrun for t, ObsIx 5, was 1.44444\n"
+       "CompLimPLoa overrun for varIx 2, was 1.09\n"
+       "CompLimWLoa overrun for w, VarIx 2, was 2.33333\n"
+       "CompLimTScr overrun for t, ObsIx 5, was 1.36\n"
+       "CompLimWLoa overrun for w, VarIx 2, was 2.33333\n"
+       "CompLimTScr overrun for t, ObsIx 5, was 1.36\n"
+       "CompLimWLoa overrun for w, VarIx 2, was 2.33333\n"
+       "CompLimTScr overrun for t, ObsIx 5, was 1.36\n"
+       "CompLimWLoa overrun for w, VarIx 2, was 2.33333\n"
+       "CompLimTScr overrun for t, ObsIx 5, was 1.36\n"
+       "CompLimScr overrun for obsIx 5, was 2\n"
+       "Q2[1]= "},
+      {kGapInY, 2, 10, 0, {1}, {1, 1, 1, 1, 2}, {2, 1}, {1, 1, 1, 1, 2}, {1}, ""},
+      {kGapInY, 2, 1, 0, {1}, {1, 1, 1, 1, 2}, {2, .875}, {.83934426, 1.0229508, 1.0229508, 1.0229508, 2.0459016},
+       {1},
+       "CompLimCLoa overrun for c, VarIx 2, was 1.14286\n"
+       "CompLimUScr overrun for u, ObsIx 1, was 1.19141\n"
+       " R2X(cum)[1] = "},
+  };
+  for (const auto& c : cases) {
+    for (const bool is_told : {true, false}) {
+      PLSBench bench(c.rows, c.responses);
+      bench.TakeAsIs();
+      bench.options.SetMaxMisValObsLS(100);
+      bench.options.SetMaxIter(0);
+      bench.options.SetCompLimLoa(c.cap);
+      bench.options.SetCompLimScr(c.cap);
+      bench.options.SetIsShoLoaLim(is_told);
+      bench.options.SetIsShoScrLim(is_told);
+      bench.options.SetNCV(5);
+      if (c.groups > 0) bench.options.SetSeqValidate(EValidate::CV);
+      ASSERT_EQ(bench.Compute(), 0);
+      const PLSModel& model = bench.model;
+      EXPECT_EQ(model.IsOverrun(), c.cap == 1);
+      const std::string& log = bench.window.log;
+      EXPECT_EQ(log.starts_with(c.log), is_told || c.log.empty()) << log;
+      EXPECT_EQ(log.find("overrun") == std::string::npos, !is_told || c.cap > 1);
+      const auto expect = [&](const Column& expected, float (Model::*get)(char, short) const) {
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+          EXPECT_NEAR(D((model.*get)(1, static_cast<short>(i + 1))), expected[i], 1e-6) << i;
+        }
+      };
+      expect(c.w, &Model::GetW);
+      expect(c.t, &Model::GetT);
+      expect(c.c, &Model::GetC);
+      expect(c.u, &Model::GetU);
+      expect(c.p, &Model::GetP);
+    }
+  }
+}
+
+// The fit and the rounds of a table with gaps in both blocks, the fifth row without X and the sixth
+// without Y, against the definition in double.
+TEST(PLSGaps, FollowTheDefinition) {
+  for (const float cap : {1000.0f, 1.1f}) {
+    Rows rows = Noise().Table(15, 7);
+    for (std::size_t i = 0; i < 15; ++i) {
+      rows[i][5] += 2 * rows[i][0] - rows[i][1];
+      rows[i][6] += rows[i][0] + rows[i][2];
+      if (i % 3 == 0) rows[i][i % 5] = kM;
+      if (i % 4 == 1) rows[i][5 + i % 2] = kM;
+    }
+    for (std::size_t k = 0; k < 5; ++k) rows[4][k] = kM;
+    rows[5][5] = rows[5][6] = kM;
+    PLSBench bench(rows, 2);
+    bench.TakeAsIs();
+    bench.options.SetMaxMisValObsLS(100);
+    bench.options.SetCompLimLoa(cap);
+    bench.options.SetCompLimScr(cap);
+    bench.options.SetNCV(4);
+    bench.options.SetSeqValidate(cap > 2 ? EValidate::CV : EValidate::NoCV);
+    ASSERT_EQ(bench.Compute(2), 0);
+    const PLSModel& model = bench.model;
+    Table e, f;
+    for (const auto& row : rows) {
+      e.emplace_back(row.begin(), row.begin() + 5);
+      f.emplace_back(row.begin() + 5, row.end());
+    }
+    EXPECT_EQ(model.GetT(1, 5), kM);
+    EXPECT_EQ(model.GetU(1, 6), 0.0f);
+    EXPECT_EQ(model.GetDModYLS(2, 6), kM);
+    EXPECT_EQ(model.GetYPredLS(5, 1), kM);
+    EXPECT_EQ(model.GetYPredErrLS(6, 1), kM);
+    for (char a = 1; a <= 2; ++a) {
+      const auto values = [&](int count, float (Model::*get)(char, short) const) {
+        Column column;
+        for (short i = 1; i <= count; ++i) column.push_back(D((model.*get)(a, i)));
+        return column;
+      };
+      const Column u = values(15, &Model::GetU);
+      const auto press = test::Press(e, f, u, 4, 300);
+      for (short m = 1; m <= 2 && cap > 2; ++m) {
+        const Column left = test::Transposed(f)[static_cast<std::size_t>(m - 1)];
+        EXPECT_NEAR(D(model.GetQ2VAY(a, m)),
+                    1 - press[static_cast<std::size_t>(m - 1)] / test::Dot(left, left), 1e-4);
+      }
+      const test::PlsComponent expected(e, f, u, D(cap), 300);
+      const auto expect = [&](const Column& column, float (Model::*get)(char, short) const) {
+        const Column got = values(static_cast<int>(column.size()), get);
+        for (std::size_t i = 0; i < got.size(); ++i) EXPECT_NEAR(got[i], column[i], 1e-4) << i;
+      };
+      expect(expected.w, &Model::GetW);
+      expect(expected.t, &Model::GetT);
+      expect(expected.c, &Model::GetC);
+      expect(expected.u, &Model::GetU);
+      expect(expected.p, &Model::GetP);
+      test::Deflate(e, expected.t, expected.p);
+      test::Deflate(f, expected.t, expected.c);
+    }
+  }
+}
+
+TEST(PLSGaps, OfALowRankTableCostNothing) {
+  // Rows are i times (1, 2, 3, 4, 5), without the last column but one and two, the responses.
+  Rows rows;
+  for (int i = -5; i <= 5; ++i) {
+    rows.emplace_back();
+    for (int k = 1; k <= 5; ++k) rows.back().push_back(static_cast<float>(i * k));
+  }
+  for (std::size_t k = 0; k < 5; ++k) rows[k + 6][k] = rows[k][(k + 1) % 5] = kM;
+  PLSBench bench(rows, 2);
+  bench.TakeAsIs();
+  ASSERT_EQ(bench.Compute(), 0);
+  const PLSModel& model = bench.model;
+  EXPECT_NEAR(D(model.GetR2X(1)), 1.0, 1e-6);
+  EXPECT_NEAR(D(model.GetR2Y(1)), 1.0, 1e-6);
+  for (short i = 1; i <= 11; ++i) {
+    EXPECT_NEAR(D(model.GetYPredLS(i, 1)), 4.0 * (i - 6), 1e-4);
+    EXPECT_NEAR(D(model.GetYPredLS(i, 2)), 5.0 * (i - 6), 1e-4);
+  }
+}
+
+TEST(PLSGaps, TheGeneralWayIsThePlainOneWhereNothingIsMissing) {
+  // A row without any value sends all others the general way.
+  const Rows rows = Noise().Table(9, 6);
+  Rows with_empty = rows;
+  with_empty.push_back(std::vector<float>(6, kM));
+  for (const int responses : {1, 2}) {
+    PLSBench plain(rows, responses);
+    PLSBench general(with_empty, responses);
+    ASSERT_EQ(plain.Compute(3), 0);
+    ASSERT_EQ(general.Compute(3), 0);
+    for (char a = 1; a <= 3; ++a) {
+      EXPECT_EQ(general.model.GetNIter(a), plain.model.GetNIter(a));
+      for (short i = 1; i <= 9; ++i) {
+        EXPECT_NEAR(D(general.model.GetT(a, i)), D(plain.model.GetT(a, i)), 1e-5);
+        EXPECT_NEAR(D(general.model.GetU(a, i)), D(plain.model.GetU(a, i)), 1e-4);
+      }
+    }
+    EXPECT_EQ(general.model.GetT(1, 10), kM);
+  }
+}
+
+// --- Refusals ---
+
+TEST(PLSModel, RefusesWhatItCannotBeMadeOf) {
+  const auto nothing = [](PLSBench&) {};
+  const Rows noise = Noise().Table(8, 3);
+  const auto with = [&](std::size_t column, const std::vector<float>& values) {
+    Rows rows = noise;
+    for (std::size_t i = 0; i < 8; ++i) rows[i][column] = values[i];
+    return rows;
+  };
+  const Rows few_responses = with(2, {1, kM, kM, 2, kM, kM, kM, 3});
+  const Rows orthogonal = {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}};
+  const Rows crossed = {{1, 1, 1}, {1, -1, 1}, {-1, 1, -1}, {-1, -1, -1}};
+  const struct {
+    Rows rows;
+    int responses;
+    std::function<void(PLSBench&)> prepare;
+    short asked;
+    int status;
+    char got;
+    std::string log;
+  } cases[] = {
+      {noise, 0, nothing, 1, 8018, 0, ""},
+      {noise, 3, nothing, 1, 8017, 0, ""},
+      {Rows(noise.begin(), noise.begin() + 3), 1, nothing, 1, 8020, 0, ""},
+      {with(2, {7, 7, 7, kM, 7, 7, 7, 7}), 1, nothing, 1, 8028, 0,
+       "Variance for Y-variable 300 c is zero.\n"},
+      {with(2, {0, 0, 0, 0, 0, 0, 0, 1e-20f}), 1, nothing, 1, 8038, 0,
+       "Undefined scaling weight for Y-variable 300 c\n"},
+      {few_responses, 1, nothing, 1, 8039, 0,
+       "Y variable 300, c has less than 4 non-missing values.\nCan not compute model.\n"
+       "Y variable 300, c has more than MaxMisVal% missing values ( 62.50%).\n"
+       "Y matrix has missing value problem. Can not compute model.\n"
+       "See log for further information.\n"},
+      {with(2, {1, kM, kM, 2, kM, 5, kM, 3}), 1,
+       [](PLSBench& bench) {
+         bench.options.SetMaxMisValVarLS(49);
+         bench.owner.reply = 'n';
+       },
+       1, 8039, 0, "Y variable 300, c has more than MaxMisVal% missing values ( 50.00%).\n"},
+      {orthogonal, 1, nothing, 1, 8024, 0, ""},
+      // Nothing is left of Y behind the first component, which stays.
+      {crossed, 1, nothing, 2, 8024, 1, " R2X(cum)[1] = 0.500\n R2Y(cum)[1] = 1.000\n"
+       "Not significant component acc. to rule 3.\n"},
+      // b is there only where u is 0; the response only where t is.
+      {{{-1, kM, -1}, {1, kM, 1}, {-1, kM, -1}, {1, kM, 1}, {2, 1, 0}, {1, 2, 0}, {3, 3, 0}, {4, 5, 0}},
+       1, [](PLSBench& bench) { bench.TakeAsIs(); }, 1, 8042, 0, ""},
+      {{{0, 1, 1}, {0, 2, 2}, {0, 1, 3}, {0, 2, 5}, {1, 1, kM}, {1, 2, kM}, {1, 3, kM}, {1, 4, kM}},
+       2, [](PLSBench& bench) { bench.TakeAsIs(); }, 1, 8042, 0, ""},
+      // b is there in every second observation, which one of two rounds leaves out.
+      {with(1, {1, kM, 2, kM, 4, kM, 3, kM}), 1,
+       [](PLSBench& bench) {
+         bench.options.SetNCV(2);
+         bench.options.SetSeqValidate(EValidate::CV);
+       },
+       1, 8043, 0, ""},
+      {noise, 1, [](PLSBench& bench) { bench.options.SetNCV(1), bench.options.SetSeqValidate(EValidate::CV); },
+       1, 8013, 0, ""},
+      {noise, 1,
+       [](PLSBench& bench) { bench.options.SetIsRule(true), bench.options.SetRuleValidate(EValidate::Eig); },
+       1, 8013, 0, ""},
+      {noise, 1, [](PLSBench& bench) { bench.workset.SetFixedWeight(3, EScaType::kFW, 1e38f); }, 1,
+       8005, 0, "Y variable 300, c is out of range when centred and scaled.\n"},
+      // The fifth row has b alone, of the least weight there is: its score is 1250000, and p'w next
+      // to nothing.
+      {{{1, 8e-7f, 1}, {-1, -8e-7f, -1}, {1, 8e-7f, 1}, {-1, -8e-7f, -1}, {kM, 1, 0}}, 1,
+       [](PLSBench& bench) {
+         bench.TakeAsIs();
+         bench.options.SetCompLimScr(1e13f);
+         bench.options.SetCompLimLoa(1.0f);
+         bench.options.SetIsShoLoaLim(false);
+       },
+       1, 8006, 0, " R2X(cum)[1] = 0.200\n R2Y(cum)[1] = 0.000\n"
+       "Not significant component acc. to rule 4.\nMatrix singular!\n"},
+      // What is unusual is none of this: more responses than observations.
+      {Noise().Table(5, 26), 20, nothing, 2, 0, 2, " R2X(cum)[1] = "},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    PLSBench bench(c.rows, c.responses);
+    bench.options.SetNCV(4);
+    bench.options.SetMaxMisValVarLS(60);
+    bench.options.SetMaxMisValObsLS(100);
+    c.prepare(bench);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(bench.Compute(c.asked), c.status);
+    const bool is_aborted = bench.owner.reply == 'n';
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              is_aborted ? "Model computation aborted.\nSee log for further information.\n" : "");
+    EXPECT_EQ(bench.owner.questions, is_aborted ? c.log + "Continue model computation?" : "");
+    EXPECT_EQ(bench.model.GetA(), c.got);
+    EXPECT_EQ(bench.window.log.substr(0, c.status == 0 ? c.log.size() : std::string::npos), c.log);
+    // What there is goes on: it is executed, and predicts.
+    if (c.got == 0) continue;
+    bench.model.Reset(c.got);
+    EXPECT_EQ(bench.model.ExecLS(char{0}), 0);
+    EXPECT_TRUE(std::isfinite(bench.model.GetYPredLS(1, 1)));
+  }
+}
+
+}  // namespace
+}  // namespace zemva
