@@ -42,10 +42,25 @@ TEST(PLSGaps, AreMadeUpForUpToTheCaps) {
     Column w, t, c, u, p;
     std::string log;
   } cases[] = {
-      {kGapInX, 1, 10, 0, {.6, .8}, {.7, .7, .7, .7, .83333333}, {1.6827124}, {}, {.6843868, .71428571},
+      {kGapInX,
+       1,
+       10,
+       0,
+       {.6, .8},
+       {.7, .7, .7, .7, .83333333},
+       {1.6827124},
+       {},
+       {.6843868, .71428571},
        ""},
-      {kGapInX, 1, 1, 5, {.83205029, .55470020}, {.69337525, .69337525, .69337525, .69337525, .41602515},
-       {1.7200798}, {}, {.7608046, .6615692},
+      {kGapInX,
+       1,
+       1,
+       5,
+       {.83205029, .55470020},
+       {.69337525, .69337525, .69337525, .69337525, .41602515},
+       {1.7200798},
+       {},
+       {.7608046, .6615692},
        "Variance for X-variable 100 a is (close to) zero.\n"
        "Variance for X-variable 200 b is (close to) zero.\n"
        "CompLimWLoa overrun for w, VarIx 2, was 2\n"
@@ -62,7 +77,14 @@ TEST(PLSGaps, AreMadeUpForUpToTheCaps) {
        "CompLimScr overrun for obsIx 5, was 2\n"
        "Q2[1]= "},
       {kGapInY, 2, 10, 0, {1}, {1, 1, 1, 1, 2}, {2, 1}, {1, 1, 1, 1, 2}, {1}, ""},
-      {kGapInY, 2, 1, 0, {1}, {1, 1, 1, 1, 2}, {2, .875}, {.83934426, 1.0229508, 1.0229508, 1.0229508, 2.0459016},
+      {kGapInY,
+       2,
+       1,
+       0,
+       {1},
+       {1, 1, 1, 1, 2},
+       {2, .875},
+       {.83934426, 1.0229508, 1.0229508, 1.0229508, 2.0459016},
        {1},
        "CompLimCLoa overrun for c, VarIx 2, was 1.14286\n"
        "CompLimUScr overrun for u, ObsIx 1, was 1.19141\n"
@@ -244,13 +266,31 @@ TEST(PLSModel, RefusesWhatItCannotBeMadeOf) {
        1, 8039, 0, "Y variable 300, c has more than MaxMisVal% missing values ( 50.00%).\n"},
       {orthogonal, 1, nothing, 1, 8024, 0, ""},
       // Nothing is left of Y behind the first component, which stays.
-      {crossed, 1, nothing, 2, 8024, 1, " R2X(cum)[1] = 0.500\n R2Y(cum)[1] = 1.000\n"
+      {crossed, 1, nothing, 2, 8024, 1,
+       " R2X(cum)[1] = 0.500\n R2Y(cum)[1] = 1.000\n"
        "Not significant component acc. to rule 3.\n"},
       // b is there only where u is 0; the response only where t is.
-      {{{-1, kM, -1}, {1, kM, 1}, {-1, kM, -1}, {1, kM, 1}, {2, 1, 0}, {1, 2, 0}, {3, 3, 0}, {4, 5, 0}},
-       1, [](PLSBench& bench) { bench.TakeAsIs(); }, 1, 8042, 0, ""},
+      {{{-1, kM, -1},
+        {1, kM, 1},
+        {-1, kM, -1},
+        {1, kM, 1},
+        {2, 1, 0},
+        {1, 2, 0},
+        {3, 3, 0},
+        {4, 5, 0}},
+       1,
+       [](PLSBench& bench) { bench.TakeAsIs(); },
+       1,
+       8042,
+       0,
+       ""},
       {{{0, 1, 1}, {0, 2, 2}, {0, 1, 3}, {0, 2, 5}, {1, 1, kM}, {1, 2, kM}, {1, 3, kM}, {1, 4, kM}},
-       2, [](PLSBench& bench) { bench.TakeAsIs(); }, 1, 8042, 0, ""},
+       2,
+       [](PLSBench& bench) { bench.TakeAsIs(); },
+       1,
+       8042,
+       0,
+       ""},
       // b is there in every second observation, which one of two rounds leaves out.
       {with(1, {1, kM, 2, kM, 4, kM, 3, kM}), 1,
        [](PLSBench& bench) {
@@ -258,23 +298,32 @@ TEST(PLSModel, RefusesWhatItCannotBeMadeOf) {
          bench.options.SetSeqValidate(EValidate::CV);
        },
        1, 8043, 0, ""},
-      {noise, 1, [](PLSBench& bench) { bench.options.SetNCV(1), bench.options.SetSeqValidate(EValidate::CV); },
+      {noise, 1,
+       [](PLSBench& bench) {
+         bench.options.SetNCV(1), bench.options.SetSeqValidate(EValidate::CV);
+       },
        1, 8013, 0, ""},
       {noise, 1,
-       [](PLSBench& bench) { bench.options.SetIsRule(true), bench.options.SetRuleValidate(EValidate::Eig); },
+       [](PLSBench& bench) {
+         bench.options.SetIsRule(true), bench.options.SetRuleValidate(EValidate::Eig);
+       },
        1, 8013, 0, ""},
       {noise, 1, [](PLSBench& bench) { bench.workset.SetFixedWeight(3, EScaType::kFW, 1e38f); }, 1,
        8005, 0, "Y variable 300, c is out of range when centred and scaled.\n"},
       // The fifth row has b alone, of the least weight there is: its score is 1250000, and p'w next
       // to nothing.
-      {{{1, 8e-7f, 1}, {-1, -8e-7f, -1}, {1, 8e-7f, 1}, {-1, -8e-7f, -1}, {kM, 1, 0}}, 1,
+      {{{1, 8e-7f, 1}, {-1, -8e-7f, -1}, {1, 8e-7f, 1}, {-1, -8e-7f, -1}, {kM, 1, 0}},
+       1,
        [](PLSBench& bench) {
          bench.TakeAsIs();
          bench.options.SetCompLimScr(1e13f);
          bench.options.SetCompLimLoa(1.0f);
          bench.options.SetIsShoLoaLim(false);
        },
-       1, 8006, 0, " R2X(cum)[1] = 0.200\n R2Y(cum)[1] = 0.000\n"
+       1,
+       8006,
+       0,
+       " R2X(cum)[1] = 0.200\n R2Y(cum)[1] = 0.000\n"
        "Not significant component acc. to rule 4.\nMatrix singular!\n"},
       // What is unusual is none of this: more responses than observations.
       {Noise().Table(5, 26), 20, nothing, 2, 0, 2, " R2X(cum)[1] = "},
@@ -300,6 +349,265 @@ TEST(PLSModel, RefusesWhatItCannotBeMadeOf) {
     EXPECT_EQ(bench.model.ExecLS(char{0}), 0);
     EXPECT_TRUE(std::isfinite(bench.model.GetYPredLS(1, 1)));
   }
+}
+
+TEST(PLSModel, TakesAsManyVariablesAsThereCanBe) {
+  Rows rows(5, std::vector<float>(32767));
+  Noise noise;
+  for (auto& row : rows) {
+    for (float& value : row) value = noise.Next();
+  }
+  for (const EModType type : {EModType::kPLS12, EModType::kPLS21}) {
+    PLSBench bench(test::SmallDataset(std::string(32766, 'x') + 'y', rows), {"y"}, type);
+    ASSERT_EQ(bench.Compute(), 0);
+    ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+    EXPECT_EQ(bench.model.GetNVarX() + bench.model.GetNVarY(), 32767);
+    EXPECT_TRUE(std::isfinite(bench.model.GetRMSEE(bench.model.GetNVarY())));
+  }
+}
+
+// --- What they say ---
+
+// Shares of X and Y are those of the reference of this sample; Q2 is that of the refits.
+TEST(PLSModel, TellsAndListsEachComponentAndItsVerdict) {
+  const std::string significant =
+      "Significant component (5%) acc. to rule 1.\nSignificant component (5%) acc. to rule 2.\n";
+  const std::string first = " R2X(cum)[1] = 0.576\n R2Y(cum)[1] = 0.832\n";
+  const std::string second = " R2X(cum)[2] = 0.676\n R2Y(cum)[2] = 0.854\n";
+  const std::string third =
+      " R2X(cum)[3] = 0.899\n R2Y(cum)[3] = 0.858\nNot significant component acc. to rule 4.\n";
+  const std::string rule_5 = "Component not significant acc. to current rules.\n";
+  const std::string head =
+      "Comp      R2X    R2X(c) R2Y   R2Y(c)   Eig  Q2    Q2(c) Iter  S\n"
+      "Center    0.000  0.000  0.000  0.000     -     -     -    -  -\n"
+      "Comp[1]   0.576  0.576  0.832  0.832  5.76  0.82  0.82    1 R1\n";
+  const struct {
+    bool is_rule, is_designed;
+    std::string log, list;
+  } cases[] = {
+      {false, false,
+       "Q2[1]= 0.816 Q2Lim= 0.097\n" + significant + first + "Q2[2]= -0.157 Q2Lim= 0.097\n" +
+           second + rule_5 + "Q2[3]= -0.069 Q2Lim= 0.097\n" + third,
+       head + "Comp[2]   0.101  0.676  0.022  0.854  1.01 -0.16  0.82    1 N5\n"
+              "Comp[3]   0.223  0.899  0.004  0.858  2.23 -0.07  0.82    1 N4\n"},
+      {true, false,
+       "Q2[1]= 0.816 Q2Lim= 0.097\n" + significant + first + "Q2[2]= -0.157 Q2Lim= 0.097\n" +
+           second + rule_5,
+       head},
+      {true, true,
+       "Q2[1]= 0.816 Q2Lim= -0.200\n" + significant + first + "Q2[2]= -0.157 Q2Lim= -0.200\n" +
+           significant + second + "Q2[3]= -0.069 Q2Lim= -0.200\n" + significant + third,
+       head + "Comp[2]   0.101  0.676  0.022  0.854  1.01 -0.16  0.82    1 R1\n"},
+  };
+  for (const auto& c : cases) {
+    PLSBench bench(test::Sample("mtcars"), {"mpg"});
+    bench.owner.options.SetVariMode(EVariType::R2);
+    bench.options.SetIsRule(c.is_rule);
+    bench.options.SetIsXDesigned(c.is_designed);
+    bench.options.SetSeqValidate(EValidate::CV);
+    EXPECT_EQ(bench.Compute(3), c.is_rule ? 8029 : 0);
+    EXPECT_EQ(bench.window.log, c.log);
+    test::RecordingWindow list;
+    bench.model.Show(list);
+    EXPECT_EQ(list.log.substr(list.log.find("Comp ")), c.list);
+    // By a design all ten variables are used up: 32 - 1 - 10, else 32 - 1 - 1.
+    EXPECT_FLOAT_EQ(bench.model.GetS2VY(1, 1),
+                    bench.model.GetSSVY(1, 1) / (c.is_designed ? 21.0f : 30.0f));
+  }
+}
+
+TEST(PLSModel, ListsItsParts) {
+  PLSBench bench(test::Sample("mtcars"), {"mpg"});
+  bench.options.SetSeqValidate(EValidate::CV);
+  bench.options.SetIsCenter(false);
+  bench.owner.options.SetVariMode(EVariType::R2adj);
+  test::RecordingWindow list;
+  ASSERT_EQ(bench.Compute(1), 0);
+  bench.model.ShowCent(list);
+  EXPECT_TRUE(list.log.starts_with("Data uncentered.\n"));
+  bench.model.Reset(0);
+  bench.model.Unload();
+  bench.options.SetIsCenter(true);
+  ASSERT_EQ(bench.Compute(1), 0);
+  ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+  list.log.clear();
+  bench.model.Show(list);
+  bench.model.ShowAll(list);
+  for (const char* const part : {
+           "PLS-12  Model number: 0 name: UnNamed\n",
+           "\n NObs = 32, NVarX= 10, NVarY= 1\nS2X[-1]= 9459.75, DFX[-1]=  320 S2Y[-1]= 438.822\n",
+           // 1 - (1 - R2) 31 10 / (30 9), and 1 - (1 - R2) 31 / 30.
+           "Comp     R2Xa R2Xa(c)  R2Ya  R2Ya(c)   Eig  Q2    Q2(c) Iter  S\n",
+           "Comp[1]   0.513  0.513  0.826  0.826  5.76  0.82  0.82    1 R1\n",
+           "Data for centering.\n",
+           "     1                       mpg       20.0906      0.165921            31             "
+           "1\n",
+           "Component[1]\nSignificant comp. acc. to rule 1. Q2= 0.816, Q2(cum)= 0.816\n"
+           "R2X(cum)= 0.576, R2Y(cum)= 0.832, Eig= 5.758, S2X= ",
+           ", S2WX= ",
+           ", DFX= 270, Iter= 1\ntMin= ",
+           " tMax= ",
+           " S2t= ",
+           "The centered and scaled coeff.s are:\n"
+           "  VNum                      VNam                       mpg\n"
+           "     2                       cyl                 ",
+           "Executing WS: Model UnNamed\n  ONum                      ONam      DModX[1]      "
+           "PModX[1]"
+           "      DModY[1]      PModY[1]       Tsquare\n",
+           "For Y-variable 1 mpg\n  RSS (work set) =",
+       }) {
+    EXPECT_NE(list.log.find(part), std::string::npos) << part << list.log.substr(0, 4000);
+  }
+}
+
+// --- Prediction ---
+
+TEST(PLSPrediction, MeasuresMembersAsTheWorkSetAndOthersByTheirErrors) {
+  PLSBench bench(test::Sample("mtcars"), {"mpg", "qsec"});
+  for (short i = 25; i <= 32; ++i) bench.workset.SetIsObsIn(i, false);
+  ASSERT_EQ(bench.Compute(2), 0);
+  PLSModel& model = bench.model;
+  ASSERT_EQ(model.ExecLS(char{0}), 0);
+  Predset predset("PS", *bench.dataset, bench.workset, bench.window);
+  bench.owner.predset = &predset;
+  ASSERT_EQ(model.ExecPS(), 0);
+  ASSERT_EQ(model.GetNObsPS(), 32);
+  const XFMatrix& data = *bench.dataset->GetDMPtr();
+  for (short m = 1; m <= 2; ++m) {
+    double squares = 0.0;
+    const short column = m == 1 ? 1 : 7;
+    for (short i = 1; i <= 32; ++i) {
+      EXPECT_EQ(model.GetYObsPS(i, m), data[i][column]);
+      const double half = D(model.GetSEYPredUPS(i, m)) - D(model.GetYPredPS(i, m));
+      EXPECT_NEAR(D(model.GetYPredPS(i, m)) - D(model.GetSEYPredLPS(i, m)), half, 1e-4);
+      if (i <= 24) {
+        EXPECT_NEAR(D(model.GetYPredPS(i, m)), D(model.GetYPredLS(i, m)), 1e-4);
+        EXPECT_NEAR(D(model.GetSEYPredUPS(i, m)), D(model.GetSEYPredULS(i, m)), 1e-3);
+        EXPECT_NEAR(D(model.GetDModYPS(2, i)), D(model.GetDModYLS(2, i)), 1e-4);
+        EXPECT_NEAR(D(model.GetPModYPS(2, i)), D(model.GetPModYLS(2, i)), 1e-4);
+        continue;
+      }
+      double by_b = D(model.GetB0(2, m));
+      for (short k = 1; k <= 9; ++k) {
+        const short from = model.GetVarInfoX()->GetVNum(k);
+        by_b += D(model.GetCoeff(2, k, m)) * D(data[i][from]);
+      }
+      EXPECT_NEAR(D(model.GetYPredPS(i, m)), by_b, 1e-3);
+      const double error = D(data[i][column]) - D(model.GetYPredPS(i, m));
+      EXPECT_NEAR(D(model.GetYPredErrPS(i, m)), error, 1e-4);
+      squares += error * error;
+    }
+    const PredictionErrors& errors = *model.GetPredictionErrorsPS();
+    EXPECT_NEAR(D(errors.press[m]), squares, 1e-4 * squares);
+    EXPECT_NEAR(D(errors.sd_ts[m]), std::sqrt(squares / 8), 1e-4);
+    EXPECT_NEAR(D(errors.sd_adj_ls[m]), D(model.GetRMSEE(m)), 1e-4);
+    EXPECT_EQ(model.GetNPredErrTeS(m), 8);
+    EXPECT_EQ(model.GetNPredErrTrS(m), 24);
+  }
+  test::RecordingWindow list;
+  model.ShowRes(list);
+  const std::string summary = list.log.substr(list.log.rfind("For Y-variable 7 qsec\n"));
+  EXPECT_NE(summary.find(" (n=24) Corr.d sqrt(RSS/n) ="), std::string::npos) << summary;
+  EXPECT_NE(summary.find("\n  PRESS (test set)   ="), std::string::npos);
+  EXPECT_NE(summary.find(" (n=8) sqrt(PRESS/n)      ="), std::string::npos);
+  EXPECT_NE(list.log.find(" WS-memb.\n"), std::string::npos);
+}
+
+TEST(PLSPrediction, ProjectsOnWhatIsPresent) {
+  // Of rank one: what is missing changes no score.
+  Rows rows;
+  for (const float i : {-4.0f, -3.0f, -1.0f, 1.0f, 2.0f, 5.0f}) rows.push_back({i, 2 * i, -2 * i, 3 * i});
+  PLSBench bench(rows, 1);
+  bench.TakeAsIs();
+  ASSERT_EQ(bench.Compute(), 0);
+  const auto data =
+      test::SmallDataset("abc", {{5, 10, -10}, {5, kM, -10}, {kM, kM, kM}, {5, kM, kM}});
+  I1Vector selection(4, Model::kNewRow);
+  bench.options.SetMaxMisValObsPS(100);
+  bench.options.SetIsShoScrLim(true);
+  bench.window.log.clear();
+  for (const float limit : {1000.0f, 2.0f, 1.0f}) {
+    bench.options.SetCompLimScr(limit);
+    ASSERT_EQ(bench.model.ExecPS(data->GetOIPtr(), data->GetDMPtr(), &selection), 0);
+    EXPECT_NEAR(D(bench.model.GetYPredPS(1, 1)), 15.0, 1e-4);
+    // w = (1, 2, -2) / 3: of the squares there are 5 and 1 ninths.
+    EXPECT_NEAR(D(bench.model.GetYPredPS(2, 1)), limit == 1 ? 15 / 1.8 : 15.0, 1e-4);
+    EXPECT_EQ(bench.model.GetYPredPS(3, 1), kM);
+    EXPECT_NEAR(D(bench.model.GetYPredPS(4, 1)), std::min(15.0, 15.0 / 9 * D(limit)), 1e-4);
+    EXPECT_EQ(bench.model.GetYObsPS(1, 1), kM);
+  }
+  const std::string head = "Executing PS: Model UnNamed\n";
+  const std::string tail = "Can not execute observation 30\n";
+  std::string log = bench.window.log;
+  for (auto at = log.find("DCritWS"); at != std::string::npos; at = log.find("DCritWS")) {
+    log.erase(at, log.find('\n', at) + 1 - at);
+  }
+  EXPECT_EQ(log, head + tail + head + tail + "CompLimScr overrun for obsIx 4, was 9\n" + head +
+                     "CompLimScr overrun for obsIx 2, was 1.8\n" + tail +
+                     "CompLimScr overrun for obsIx 4, was 9\n");
+}
+
+TEST(PLSPrediction, TransformsBackWhereItIsWanted) {
+  PLSBench bench(test::Sample("mtcars"), {"mpg"});
+  bench.workset.SetTransformation(1, ETraType::kLog, 1, 0, 0);
+  bench.options.SetIsBackTraYLS(false);
+  ASSERT_EQ(bench.Compute(2), 0);
+  const PLSModel& model = bench.model;
+  EXPECT_FLOAT_EQ(model.GetYObsLS(1, 1), std::log10(21.0f));
+  const auto get = [&] {
+    return std::vector<float>{model.GetYPredLS(1, 1), model.GetSEYPredLLS(1, 1),
+                              model.GetSEYPredULS(1, 1)};
+  };
+  const std::vector<float> logs = get();
+  bench.options.SetIsBackTraYLS(true);
+  EXPECT_FLOAT_EQ(model.GetYObsLS(1, 1), 21.0f);
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(D(get()[i]), std::pow(10, D(logs[i])), 1e-4);
+}
+
+// --- Types ---
+
+TEST(PLSModel, RelatesTheBlocksThatItsTypeSays) {
+  // Blocks turned round, which kPLS21 turns back.
+  PLSBench straight(test::Sample("spectra"), {"y1", "y2"});
+  PLSBench turned(test::Sample("spectra"), {}, EModType::kPLS21);
+  for (short j = 1; j < turned.workset.GetNVarDS() - 1; ++j)
+    turned.workset.SetRole(j, EVarRole::kY);
+  ASSERT_EQ(straight.Compute(2), 0);
+  ASSERT_EQ(turned.Compute(2), 0);
+  EXPECT_EQ(turned.model.GetNVarY(), 2);
+  EXPECT_EQ(turned.model.GetR2Y(2), straight.model.GetR2Y(2));
+
+  // Both numbers of discriminant models; a class with one member, and rows that are in none.
+  std::vector<float> predicted;
+  for (const EModType type : {EModType::kPLS1DA, EModType::kPLS1DAOld}) {
+    PLSBench bench(test::Sample("iris"), {}, type);
+    for (short i = 1; i <= 60; ++i) bench.workset.SetOClass(i, i <= 50 ? 3 : i < 60 ? 4 : 9);
+    ASSERT_EQ(bench.Compute(2), 0);
+    const PLSModel& model = bench.model;
+    EXPECT_EQ(model.GetNObs(), 60);
+    ASSERT_EQ(model.GetNVarY(), 3);
+    EXPECT_EQ(model.GetNVarYDS(), 0);
+    EXPECT_STREQ(model.GetVarInfoY()->GetVNam(2), "Class4");
+    EXPECT_EQ(model.GetYObsLS(60, 3), 1.0f);
+    EXPECT_EQ(model.GetYObsLS(60, 1), 0.0f);
+    EXPECT_GT(model.GetYPredLS(1, 1), 0.8f);
+    EXPECT_LT(model.GetYPredLS(51, 1), 0.2f);
+    predicted.push_back(model.GetYPredLS(1, 1));
+    Predset predset("PS", *bench.dataset, bench.workset, bench.window);
+    bench.owner.predset = &predset;
+    ASSERT_EQ(bench.model.ExecPS(), 0);
+    EXPECT_EQ(model.GetYObsPS(60, 3), 1.0f);
+    EXPECT_EQ(model.GetYObsPS(61, 3), kM);
+    EXPECT_NE(model.GetYPredPS(61, 3), kM);
+    EXPECT_EQ(model.GetNPredErrTrS(1), 60);
+    test::RecordingWindow list;
+    bench.model.Show(list);
+    EXPECT_TRUE(list.log.starts_with("PLS-1DA  Model number: 0"));
+  }
+  EXPECT_EQ(predicted[0], predicted[1]);
+  PLSBench one_class(test::Sample("iris"), {}, EModType::kPLS1DA);
+  for (short i = 1; i <= 60; ++i) one_class.workset.SetOClass(i, 3);
+  EXPECT_EQ(one_class.Compute(2), 8018);
 }
 
 }  // namespace
