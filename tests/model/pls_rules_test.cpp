@@ -304,6 +304,18 @@ TEST(PLSModel, RefusesWhatItCannotBeMadeOf) {
   }
 }
 
+TEST(PLSModel, KeepsWhatItHasWhereYCannotBeLoaded) {
+  Rows rows = Noise().Table(9, 3);
+  for (std::size_t i = 0; i < 8; ++i) rows[i][2] = 1;
+  PLSBench bench(rows, 1);
+  ASSERT_EQ(bench.Compute(), 0);
+  bench.workset.SetIsObsIn(9, false);
+  EXPECT_EQ(bench.model.LoadWS(), 8028);
+  EXPECT_EQ(bench.model.GetNObs(), 9);
+  EXPECT_EQ(bench.model.GetXPtr()->NRow(), 9);
+  EXPECT_NE(bench.model.GetXResLS(1, 9, 1), kM);
+}
+
 TEST(PLSModel, TakesAsManyVariablesAsThereCanBe) {
   Rows rows(5, std::vector<float>(32767));
   Noise noise;
@@ -363,6 +375,14 @@ TEST(PLSModel, TellsAndListsEachComponentAndItsVerdict) {
     test::RecordingWindow list;
     bench.model.Show(list);
     EXPECT_EQ(list.log.substr(list.log.find("Comp ")), c.list);
+    // The residuals of X and Y are as they were before what was refused.
+    bench.model.Reset(1);
+    bench.options.SetIsRule(false);
+    ASSERT_EQ(bench.Compute(2), 0);
+    PLSBench straight(test::Sample("mtcars"), {"mpg"});
+    ASSERT_EQ(straight.Compute(2), 0);
+    EXPECT_NEAR(D(bench.model.GetT(2, 1)), D(straight.model.GetT(2, 1)), 1e-5);
+    EXPECT_NEAR(D(bench.model.GetC(2, 1)), D(straight.model.GetC(2, 1)), 1e-5);
     // By a design all ten variables are used up: 32 - 1 - 10, else 32 - 1 - 1.
     EXPECT_FLOAT_EQ(bench.model.GetS2VY(1, 1),
                     bench.model.GetSSVY(1, 1) / (c.is_designed ? 21.0f : 30.0f));

@@ -92,8 +92,8 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Workset* workset);
   // The same of the variables of a model, those of X and then those of Y, which `sel` has a byte
-  // for, and its blocks; without blocks in the model there are none. 8009 when the model has no data loaded. Its body is in
-  // model/driver/.
+  // for, and its blocks; without blocks in the model there are none. 8009 when the model has no
+  // data loaded. Its body is in model/driver/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Model* model);
 
