@@ -94,9 +94,9 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // runs out; the table is then unchanged. Its body is in model/workset/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Workset* workset);
-  // The same of the X variables of a model, which `sel` has a byte for, and its blocks; without
-  // blocks in the model there are none. 8009 when the model has no data loaded. Its body is in
-  // model/driver/.
+  // The same of the variables of a model, those of X and then those of Y, which `sel` has a byte
+  // for, and its blocks; without blocks in the model there are none. 8009 when the model has no
+  // data loaded. Its body is in model/driver/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Model* model);
 

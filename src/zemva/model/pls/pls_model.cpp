@@ -43,8 +43,8 @@ void AddErrors(const ResidualMatrix& y, const LeftOut& others, std::span<const f
     if (others.IsWholeRow(others.ClassOf(i)) || IsMissing(t[i])) continue;
     const std::span<const float> row = y.Row(i);
     y.ForEachPresent(i, [&](std::size_t m) {
-      const double error = static_cast<double>(row[m]) -
-                           static_cast<double>(t[i]) * static_cast<double>(c[m]);
+      const double error =
+          static_cast<double>(row[m]) - static_cast<double>(t[i]) * static_cast<double>(c[m]);
       errors[m] += error * error;
     });
   }
@@ -90,11 +90,10 @@ int PLSModel::Fit(CompInfo& component) {
   std::ranges::fill(component.c.Values(), 0.0f);
   component.c[static_cast<int>(largest) + 1] = 1.0f;
   int iterations = 0;
-  const int status =
-      Nipals(LeftOut(),
-             {component.t.Values(), component.u.Values(), component.w.Values(),
-              component.c.Values(), component.p.Values()},
-             iterations);
+  const int status = Nipals(LeftOut(),
+                            {component.t.Values(), component.u.Values(), component.w.Values(),
+                             component.c.Values(), component.p.Values()},
+                            iterations);
   component.iteration_count =
       static_cast<short>(std::min<int>(iterations, std::numeric_limits<short>::max()));
   for (XFVector* vector : {&component.t, &component.u, &component.w, &component.c, &component.p}) {
@@ -238,9 +237,13 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
     const std::span<const float> w = component.w.Values();
     double sum = 0.0;
     double usable = 0.0;
+    bool is_complete = true;
     for (std::size_t k = 0; k < left.size(); ++k) {
-      if (IsMissing(values.Values()[k])) continue;
       const auto weight = static_cast<double>(w[k]);
+      if (IsMissing(values.Values()[k])) {
+        is_complete = is_complete && weight == 0.0;
+        continue;
+      }
       sum += weight * left[k];
       usable += weight * weight;
     }
@@ -249,8 +252,9 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
       std::ranges::fill(scores.Values(), kMissing);
       return status::kOk;
     }
-    double factor = 1.0 / usable;
-    if (factor > cap.limit) {
+    // The length of w is 1 but for rounding, which is nothing to make up for.
+    double factor = is_complete ? 1.0 : 1.0 / usable;
+    if (factor > cap.limit && sum != 0.0) {
       cap.report(number, factor);
       factor = cap.limit;
     }

@@ -47,7 +47,8 @@ int BlkInfo::SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags,
 int ScaInfo::SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
                         bool is_from_data) {
   if (variables == nullptr || workset == nullptr) return SetStatus(status::mva::kNullPointer);
-  return TakeRows(workset->GetScalings(), *variables, matrix, is_from_data);
+  const ScaInfo* const source = &workset->GetScalings();
+  return TakeRows({&source, 1}, *variables, matrix, is_from_data);
 }
 
 }  // namespace zemva
