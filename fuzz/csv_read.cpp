@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "csv_reader.h"
+#include "csv/csv_reader.h"
 
 namespace {
 

@@ -51,5 +51,5 @@ expect("${out}" "^,,a\n1,x,2\n2,y,\n$")
 
 foreach(wrong "convert;a.csv" "convert;a;b;c" "convert;a;b;--name")
   run(2 ${wrong})
-  expect("${err}" " zemva convert IN.csv OUT.vdo")
+  expect("${err}" "usage: zemva convert IN.csv OUT.vdo \\[options\\]")
 endforeach()

@@ -1,4 +1,4 @@
-#include "csv_reader.h"
+#include "csv/csv_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "code_page.h"
+#include "text/code_page.h"
 #include "zemva/numeric/missing.h"
 
 namespace zemva::tools {

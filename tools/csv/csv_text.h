@@ -1,0 +1,85 @@
+// The text of a comma-separated file: its encoding, its cells, and what is said about them.
+#ifndef ZEMVA_TOOLS_CSV_CSV_TEXT_H
+#define ZEMVA_TOOLS_CSV_CSV_TEXT_H
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zemva::tools {
+
+// Where a cell begins: its line in the file, and its column in the table. Both count from 1.
+struct CsvPlace {
+  int line;
+  int column;
+};
+
+// "line 3, column 2: reason".
+std::string CsvMessage(CsvPlace place, std::string_view reason);
+
+// A file that is not read, and why.
+class CsvError : public std::runtime_error {
+ public:
+  CsvError(CsvPlace place, std::string_view reason) : runtime_error(CsvMessage(place, reason)) {}
+};
+
+// The characters of a file, which belong to the caller. Raises CsvError for an empty file, for one
+// with a zero byte, and for one that begins with the mark of UTF-8 and is something else.
+class CsvText {
+ public:
+  explicit CsvText(std::string_view bytes);
+
+  // Behind the mark of UTF-8, if there is one.
+  std::string_view GetCharacters() const { return characters_; }
+  // The separator that the header row shows; CsvCells says how rows are made of cells.
+  //
+  // It is the character behind the first cell when that is empty or quoted. Else it is a tab if the
+  // row holds one outside quotes, else a semicolon, else a comma.
+  char GetSeparator() const { return separator_; }
+
+  // A text of the file in the code page. `is_whole` tells whether that has all its characters.
+  std::string InCodePage(std::string_view cell, bool& is_whole) const;
+  // The same between quotes, on one line, not too long and in UTF-8: for a message.
+  std::string Quoted(std::string_view cell) const;
+
+ private:
+  std::string_view characters_;
+  bool is_utf8_;
+  char separator_;
+};
+
+struct CsvCell {
+  std::string_view text;  // without its quotes; until the next cell is read
+  CsvPlace place;
+  bool is_last;  // of its row
+};
+
+// The cells of a file, one after the other. A row ends at \n or \r\n; lines without any character
+// are skipped. A cell that begins with a quote ends at the next one: it may hold separators, line
+// breaks and, doubled, quotes.
+class CsvCells {
+ public:
+  explicit CsvCells(const CsvText& text)
+      : rest_(text.GetCharacters()), separator_(text.GetSeparator()) {}
+
+  // False behind the last cell. Raises CsvError for quotes that are not closed, and for characters
+  // between closed quotes and the end of their cell.
+  bool Next(CsvCell& cell);
+
+ private:
+  bool StartRow();
+  std::string_view TakePlain();
+  std::string_view TakeQuoted(CsvPlace place);
+  bool TakeEnd(CsvPlace place);
+
+  std::string_view rest_;
+  char separator_;
+  std::string unquoted_;  // the text of a cell with doubled quotes
+  int line_ = 1;
+  int column_ = 0;
+  bool is_row_open_ = false;
+};
+
+}  // namespace zemva::tools
+
+#endif  // ZEMVA_TOOLS_CSV_CSV_TEXT_H
