@@ -43,19 +43,6 @@ bool TakePart(std::string_view& text, char separator, std::string& part) {
   return text.empty() || text.front() == separator;
 }
 
-// The parts of a text between separators, of which there is at least one.
-std::vector<std::string> Split(std::string_view option, std::string_view text, char separator) {
-  const std::string_view whole = text;
-  std::vector<std::string> parts;
-  while (true) {
-    if (!TakePart(text, separator, parts.emplace_back())) {
-      Refuse(option, "quotes around a name are not closed in " + Quoted(whole));
-    }
-    if (text.empty()) return parts;
-    text.remove_prefix(1);
-  }
-}
-
 std::string InCodePage(std::string_view option, std::string_view name) {
   if (name.empty()) Refuse(option, "a name is empty");
   std::size_t lost = 0;
@@ -94,9 +81,21 @@ short ParseWithin(std::string_view option, std::string_view text, short least, s
   return *number;
 }
 
+std::vector<std::string> ParseList(std::string_view option, std::string_view text, char separator) {
+  const std::string_view whole = text;
+  std::vector<std::string> parts;
+  while (true) {
+    if (!TakePart(text, separator, parts.emplace_back())) {
+      Refuse(option, "quotes around a name are not closed in " + Quoted(whole));
+    }
+    if (text.empty()) return parts;
+    text.remove_prefix(1);
+  }
+}
+
 std::vector<float> ParseReals(std::string_view option, std::string_view text) {
   std::vector<float> numbers;
-  for (const std::string& part : Split(option, text, ',')) {
+  for (const std::string& part : ParseList(option, text, ',')) {
     const char* const end = part.data() + part.size();
     const auto result = std::from_chars(part.data(), end, numbers.emplace_back());
     if (result.ec != std::errc() || result.ptr != end || !std::isfinite(numbers.back())) {
@@ -108,14 +107,14 @@ std::vector<float> ParseReals(std::string_view option, std::string_view text) {
 
 std::vector<std::string> ParseNames(std::string_view option, std::string_view text,
                                     char separator) {
-  std::vector<std::string> names = Split(option, text, separator);
+  std::vector<std::string> names = ParseList(option, text, separator);
   for (std::string& name : names) name = InCodePage(option, name);
   return names;
 }
 
 std::vector<NumberRange> ParseRanges(std::string_view option, std::string_view text) {
   std::vector<NumberRange> ranges;
-  for (const std::string& part : Split(option, text, ',')) {
+  for (const std::string& part : ParseList(option, text, ',')) {
     ranges.push_back(ParseRange(option, part));
   }
   return ranges;

@@ -20,6 +20,10 @@ short ParseWithin(std::string_view option, std::string_view text, short least, s
 // Real numbers between commas.
 std::vector<float> ParseReals(std::string_view option, std::string_view text);
 
+// The parts of a text between separators, of which there is at least one.
+std::vector<std::string> ParseList(std::string_view option, std::string_view text,
+                                   char separator = ',');
+
 // Names of variables between separators, in the code page.
 std::vector<std::string> ParseNames(std::string_view option, std::string_view text,
                                     char separator = ',');

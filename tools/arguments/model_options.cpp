@@ -6,6 +6,8 @@
 #include <span>
 
 #include "arguments/command_line.h"
+#include "arguments/csv_arguments.h"
+#include "arguments/settings_folder.h"
 
 namespace zemva::tools {
 namespace {
@@ -199,10 +201,7 @@ void AddSelection(CLI::App& line, ModelOptions& options) {
 }  // namespace
 
 void AddModelOptions(CLI::App& line, ModelOptions& options) {
-  AddFile(line, "FILE",
-          "the data: a project file, a table of comma-separated values, or - for "
-          "such a table on standard input",
-          options.file);
+  AddFile(line, "FILE", kDataHelp, options.file);
   AddSearch(line, options);
   AddPreprocessing(line, options);
   AddSelection(line, options);
@@ -210,8 +209,9 @@ void AddModelOptions(CLI::App& line, ModelOptions& options) {
             options.test_file);
   AddOption(line, "--out", "DIR", "writes the results into a folder, as tables",
             options.out_directory);
-  AddOption(line, "--ini", "DIR", "the folder of the settings file", options.settings_directory,
-            "that of the user");
+  AddSettingsFolder(line, options.settings_directory);
+  AddClassColumn(line, options.csv);
+  AddCsvOptions(line, options.csv);
 }
 
 void AddResponseOptions(CLI::App& line, ModelOptions& options) {
@@ -234,6 +234,9 @@ void CheckModelOptions(const ModelOptions& options) {
   if (options.is_without_cross_validation && !options.component_count &&
       options.rule != EValidate::Eig) {
     throw UsageError("--no-cv takes --components or --rule eigenvalue: nothing else decides");
+  }
+  if (options.csv.class_column && !options.classes.empty()) {
+    throw UsageError("--class-by and --class cannot both make the classes");
   }
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "arguments/lists.h"
+#include "csv/csv_options.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/model/preprocess/sca_info.h"
 #include "zemva/model/preprocess/tra_info.h"
@@ -38,6 +39,7 @@ struct ModelOptions {
   };
 
   std::string file;
+  CsvOptions csv;                        // of the file and of the one to predict
   std::optional<short> component_count;  // without it the rules of significance decide
   std::optional<EValidate> rule;         // which of them
   bool is_without_cross_validation = false;

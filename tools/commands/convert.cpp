@@ -1,6 +1,4 @@
 // A table of comma-separated values becomes the data set of a project file.
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -10,8 +8,9 @@
 #include <utility>
 
 #include "arguments/command_line.h"
+#include "arguments/csv_arguments.h"
 #include "commands/commands.h"
-#include "csv/csv_reader.h"
+#include "csv/csv_file.h"
 #include "text/code_page.h"
 #include "zemva/base/native_path.h"
 #include "zemva/data/dataset.h"
@@ -29,24 +28,9 @@ struct ConvertOptions {
   std::string out;
   std::optional<std::string> name;
   std::optional<std::string> title;
-  bool is_repairing = false;
+  bool is_forced = false;
+  CsvOptions csv;
 };
-
-std::optional<std::string> ReadFile(const std::string& name) {
-  const std::filesystem::path path = NativePath(name);
-  const auto close = [](std::FILE* stream) { std::fclose(stream); };
-  const std::unique_ptr<std::FILE, decltype(close)> file(OpenFile(path, "rb"));
-  if (file == nullptr) return std::nullopt;
-  std::string bytes;
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  if (!error) bytes.reserve(static_cast<std::size_t>(size));
-  std::array<char, 1 << 16> block;
-  while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
-    bytes.append(block.data(), got);
-  }
-  return std::ferror(file.get()) != 0 ? std::nullopt : std::optional(std::move(bytes));
-}
 
 // A text of the command line in the code page, and whether that and the field have all of it.
 std::string FieldText(std::string_view text, std::size_t capacity, bool& fits) {
@@ -76,11 +60,14 @@ bool SetField(const std::optional<std::string>& value, const char* option, std::
 }
 
 // The header of the data set to write: that of the one it replaces, else a new one named after the
-// table. Its status is that of the file which it is to go into.
+// table. Its status is that of the file which it is to go into. Raises Failure for a data set that
+// is not to be replaced.
 void StartHeader(const ConvertOptions& options, Dataset& header) {
   std::error_code error;
   if (std::filesystem::exists(NativePath(options.out), error)) {
-    header.LoadListProject();
+    if (header.LoadListProject() == status::kOk && !options.is_forced) {
+      throw Failure(options.out, "holds a data set already; --force replaces it");
+    }
     return;
   }
   bool fits = true;
@@ -109,22 +96,12 @@ int Convert(const ConvertOptions& options) {
   if (header.GetStatus() != status::kOk) return Fail(options.out, header.GetStatus());
   const auto set_name = [&](const char* name) { header.SetDSNam(name); };
   const auto set_title = [&](const char* title) { header.SetDSTitle(title); };
-  if (!SetField(options.name, "--name", kLongestDatasetName, options.is_repairing, set_name) ||
-      !SetField(options.title, "--title", kLongestTitle, options.is_repairing, set_title)) {
+  if (!SetField(options.name, "--name", kLongestDatasetName, options.csv.is_repairing, set_name) ||
+      !SetField(options.title, "--title", kLongestTitle, options.csv.is_repairing, set_title)) {
     return kFailed;
   }
-  const std::optional<std::string> bytes = ReadFile(options.in);
-  if (!bytes) return Fail(options.in, "cannot be read");
-  CsvRepairs::Report report;
-  if (options.is_repairing) {
-    report = [&](const std::string& message) { Tell(options.in, message); };
-  }
-  CsvTable table;
-  try {
-    table = ReadCsv(*bytes, CsvRepairs(report));
-  } catch (const CsvError& error) {
-    return Fail(options.in, error.what());
-  }
+  CsvTable table = ReadCsvFile(options.in, options.csv);
+  if (options.csv.is_verbose) Tell(options.in, table.description);
   const int saved = SaveTable(std::move(table), header, discard);
   return saved == status::kOk ? kDone : Fail(options.out, saved);
 }
@@ -136,12 +113,13 @@ Run AddConvert(CLI::App& program) {
                               "Makes the data set of a project file out of comma-separated values.",
                               "zemva convert measured.csv measured.vdo --title 'First series'");
   const auto options = std::make_shared<ConvertOptions>();
-  AddFile(line, "IN.csv", "the table to read", options->in);
+  AddFile(line, "IN.csv", "the table to read, or - for standard input", options->in);
   AddFile(line, "OUT.vdo", "the project file, new or with a data set to replace", options->out);
   AddOption(line, "--name", "NAME", "the name of the data set", options->name,
             "that of the table, or of the data set it replaces");
   AddOption(line, "--title", "TITLE", "its title", options->title);
-  AddFlag(line, "--repair", "change what does not fit, and say so", options->is_repairing);
+  AddFlag(line, "--force", "replace the data set that OUT.vdo holds", options->is_forced);
+  AddCsvOptions(line, options->csv);
   return [options] { return Convert(*options); };
 }
 

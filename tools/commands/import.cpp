@@ -12,6 +12,7 @@
 #include "arguments/command_line.h"
 #include "commands/commands.h"
 #include "commands/plugin_library.h"
+#include "csv/csv_file.h"
 #include "csv/csv_writer.h"
 #include "text/code_page.h"
 #include "zemva/base/atomic_file.h"
@@ -183,9 +184,12 @@ int Import(const ImportOptions& options) {
     const Plugin plugin(library);
     grid = Session(plugin).Import(options.file);
   } catch (const std::runtime_error& problem) {
-    return Fail(options.file, problem.what());
+    const bool is_table = !IsProjectFile(options.file) && IsTextFile(options.file);
+    const char* const hint =
+        is_table ? "; it is a text, and convert, stats and pc take tables" : "";
+    return Fail(options.file, std::string(problem.what()) + hint);
   }
-  if (!options.out || *options.out == "-") {
+  if (!options.out || *options.out == kStandardStream) {
     grid->WriteTo(stdout);
     return kDone;
   }

@@ -6,6 +6,7 @@
 
 #include "arguments/command_line.h"
 #include "commands/commands.h"
+#include "csv/csv_file.h"
 #include "text/code_page.h"
 #include "zemva/data/dataset.h"
 #include "zemva/dio/dio_data.h"
@@ -71,6 +72,9 @@ void PrintDataset(Dataset& dataset) {
 }
 
 int ShowInfo(const std::string& path) {
+  if (!IsProjectFile(path) && IsTextFile(path)) {
+    return Fail(path, "is a text, no project file; convert, stats and pc take tables");
+  }
   StreamWindow discard;
   FileContents contents;
   const int listed = GetFileContents(path.c_str(), discard, contents);

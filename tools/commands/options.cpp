@@ -1,15 +1,14 @@
 // The global options in the settings file: what they are, and setting one.
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "arguments/command_line.h"
+#include "arguments/settings_folder.h"
 #include "commands/commands.h"
-#include "zemva/base/native_path.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/options/prj_opt.h"
 
@@ -22,9 +21,7 @@ void PrintRow(const char* key, const char* value, const char* default_value, con
 
 int ListOptions() {
   PrjOpt options(true);
-  if (!options.LoadGlobal()) {
-    return Fail(IniFile::GetSettingsFile(), "cannot be read, or not be written");
-  }
+  ReadSettings(options);
   PrintRow("Option", "Value", "Default", "Legal values");
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const auto type = static_cast<EOptType>(number);
@@ -63,17 +60,7 @@ struct OptionsOptions {
 };
 
 int RunOptions(const OptionsOptions& options) {
-  const std::optional<std::string>& directory = options.directory;
-  if (directory) {
-    std::error_code error;
-    if (!std::filesystem::is_directory(NativePath(*directory), error)) {
-      return Fail(*directory, "no such directory");
-    }
-    IniFile::SetIniPath(directory->c_str());
-  }
-  if (IniFile::GetSettingsFile().empty()) {
-    return Fail(directory.value_or("the settings directory"), "path too long");
-  }
+  ChooseSettingsFolder(options.directory);
   return options.key.empty() ? ListOptions() : SetOption(options.key, options.value);
 }
 
@@ -93,8 +80,7 @@ Run AddOptions(CLI::App& program) {
                  "Lists what models start from, with defaults and legal values, or sets it.",
                  "zemva options set NCV 5");
   const auto options = std::make_shared<OptionsOptions>();
-  AddOption(line, "--ini", "DIR", "the folder of the settings file", options->directory,
-            "that of the user");
+  AddSettingsFolder(line, options->directory);
   CLI::App& set =
       AddCommand(line, "set", "Sets one option in the settings file.", "zemva options set NCV 5");
   set.fallthrough()->allow_extras();

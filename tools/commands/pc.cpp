@@ -5,9 +5,11 @@
 
 #include "arguments/command_line.h"
 #include "arguments/model_options.h"
+#include "arguments/settings_folder.h"
 #include "commands/commands.h"
 #include "model/model_csv.h"
 #include "model/model_run.h"
+#include "model/result_folder.h"
 #include "text/text_window.h"
 #include "zemva/model/pc/pc_model.h"
 
@@ -19,23 +21,23 @@ struct PcOptions {
   std::optional<char> only_class;
 };
 
-int WriteFiles(const PCModel& model, Dataset* test, const std::string& folder) {
-  int exit_status = MakeFolder(folder);
-  const auto write = [&](const ResultTable& table) {
-    if (exit_status == kDone) exit_status = WriteTable(table, folder);
-  };
-  write(TabulateComponents(model));
-  write(TabulateObservations(model));
-  write(TabulateVariables(model));
-  if (test != nullptr) write(TabulatePredictions(model, *test));
-  return exit_status;
+void WriteFiles(const PCModel& model, Dataset* test, ResultFolder& folder) {
+  folder.Write(TabulateComponents(model));
+  folder.Write(TabulateObservations(model));
+  folder.Write(TabulateVariables(model));
+  if (test != nullptr) folder.Write(TabulatePredictions(model, *test));
+  folder.RemoveOthers();
 }
 
 int RunModel(const PcOptions& options) {
   CheckModelOptions(options.model);
-  if (options.only_class && !options.model.classes.contains(*options.only_class)) {
+  const bool has_classes = options.model.csv.class_column.has_value();
+  if (options.only_class && !has_classes && !options.model.classes.contains(*options.only_class)) {
     throw UsageError("--only-class: --class does not say what is in it");
   }
+  ChooseSettingsFolder(options.model.settings_directory);
+  std::optional<ResultFolder> folder;
+  if (options.model.out_directory) folder.emplace(*options.model.out_directory);
   ModelRun run(options.model);
   const EModType type = options.only_class ? EModType::kPC1Cl : EModType::kPC1;
   int exit_status = run.LoadFile();
@@ -46,8 +48,8 @@ int RunModel(const PcOptions& options) {
   auto& model = static_cast<PCModel&>(run.GetModel());
   TextWindow listing(stdout);
   model.Show(listing);
-  const auto& folder = options.model.out_directory;
-  return folder ? WriteFiles(model, run.GetTestDataset(), *folder) : kDone;
+  if (folder) WriteFiles(model, run.GetTestDataset(), *folder);
+  return kDone;
 }
 
 }  // namespace

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "arguments/command_line.h"
+#include "arguments/csv_arguments.h"
 #include "commands/commands.h"
+#include "csv/csv_file.h"
 #include "text/code_page.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/status.h"
@@ -59,12 +61,20 @@ void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& heade
   }
 }
 
-int ShowStats(const std::string& path, bool is_all) {
-  Dataset dataset("Stats", path.c_str(), GlobalStreamWindow());
-  if (const int status = dataset.Load(); status != status::kOk) return Fail(path, status);
+struct StatsOptions {
+  std::string file;
+  CsvOptions csv;
+  bool is_all = false;
+};
+
+int ShowStats(const StatsOptions& options) {
+  const std::string& path = options.file;
+  const OpenedTable table = OpenTable(path, options.csv, GlobalStreamWindow());
+  Dataset& dataset = *table.dataset;
+  if (!dataset.IsLoaded() && dataset.Load() != status::kOk) return Fail(path, dataset.GetStatus());
   const XI1Vector variables("Variables", dataset.GetNVarDS(), 1);
   const XI1Vector observations("Observations", dataset.GetNObsDS(), 1);
-  const UniVar summary = is_all ? WithEveryStatistic() : UniVar();
+  const UniVar summary = options.is_all ? WithEveryStatistic() : UniVar();
   XFMatrix* results = nullptr;
   XSVector* headers = nullptr;
   const int status = summary.CalcAndReturnAsVectors(dataset.GetDMPtr(), &variables, &observations,
@@ -79,17 +89,14 @@ int ShowStats(const std::string& path, bool is_all) {
 }  // namespace
 
 Run AddStats(CLI::App& program) {
-  struct StatsOptions {
-    std::string file;
-    bool is_all = false;
-  };
   CLI::App& line = AddCommand(program, "stats", "Summarises each variable of a file.",
-                              "zemva stats measured.vdo --all");
+                              "zemva stats measured.csv --all");
   const auto options = std::make_shared<StatsOptions>();
-  AddFile(line, "FILE", "the data", options->file);
+  AddFile(line, "FILE", kDataHelp, options->file);
   AddFlag(line, "--all", "also median, quartiles, skewness, kurtosis and normality",
           options->is_all);
-  return [options] { return ShowStats(options->file, options->is_all); };
+  AddCsvOptions(line, options->csv);
+  return [options] { return ShowStats(*options); };
 }
 
 }  // namespace zemva::tools

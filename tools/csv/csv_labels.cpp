@@ -42,13 +42,14 @@ std::vector<short> CsvNumbers::Finish() {
     while (taken_.test(Slot(free))) ++free;
     taken_.set(Slot(free));
     numbers_[label.index] = free;
-    repairs_.Tell(label.place, label.reason, "renumbered " + std::to_string(free));
+    repairs_.Tell(CsvRepair::kObservationRenumbered, label.place, label.reason,
+                  "renumbered " + std::to_string(free));
   }
   return std::move(numbers_);
 }
 
 std::string CsvNumbers::FindFault(std::string_view cell, std::optional<short> number) const {
-  if (IsMissingCell(cell)) return "the observation has no number";
+  if (text_.IsMissing(cell)) return "the observation has no number";
   if (!number) return text_.Quoted(cell) + " is not a whole number from -32768 to 32767";
   if (taken_.test(Slot(*number))) {
     return "the number " + std::to_string(*number) + " is that of another observation";
@@ -73,7 +74,8 @@ std::vector<std::string> CsvNames::Finish() {
     std::string& name = names_[label.index];
     if (name.empty()) name = NumberedName("Var_", static_cast<int>(label.index + 1));
     name = TakeDistinct(name);
-    repairs_.Tell(label.place, label.reason, "named '" + Utf8FromCodePage(name) + "'");
+    repairs_.Tell(CsvRepair::kNameChanged, label.place, label.reason,
+                  "named '" + Utf8FromCodePage(name) + "'");
   }
   return std::move(names_);
 }

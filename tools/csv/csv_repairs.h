@@ -2,6 +2,7 @@
 #ifndef ZEMVA_TOOLS_CSV_CSV_REPAIRS_H
 #define ZEMVA_TOOLS_CSV_CSV_REPAIRS_H
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,10 +12,24 @@
 
 namespace zemva::tools {
 
+enum class CsvRepair {
+  kCellMadeMissing,
+  kRowFilledUp,
+  kRowCut,
+  kObservationRenumbered,
+  kNameChanged,
+  kRowsLeftOut,
+  kVariablesLeftOut,
+};
+inline constexpr std::array<std::string_view, 7> kCsvRepairNames = {
+    "cells made missing",        "rows filled up", "rows cut",
+    "observations renumbered",   "names changed",  "lots of rows left out",
+    "lots of variables left out"};
+
 class CsvRepairs {
  public:
-  // Receives a line for each repair. Without one nothing is repaired.
-  using Report = std::function<void(const std::string&)>;
+  // Receives each repair, with a line on it. Without one nothing is repaired.
+  using Report = std::function<void(CsvRepair, const std::string&)>;
 
   explicit CsvRepairs(Report report) : report_(std::move(report)) {}
 
@@ -22,12 +37,14 @@ class CsvRepairs {
   void Refuse(CsvPlace place, std::string_view reason) const {
     if (!report_) throw CsvError(place, reason);
   }
-  void Tell(CsvPlace place, std::string_view reason, std::string_view repair) const {
-    report_(CsvMessage(place, std::string(reason) + ": " + std::string(repair)));
+  void Tell(CsvRepair kind, CsvPlace place, std::string_view reason,
+            std::string_view repair) const {
+    report_(kind, CsvMessage(place, std::string(reason) + ": " + std::string(repair)));
   }
-  void RefuseOrTell(CsvPlace place, std::string_view reason, std::string_view repair) const {
+  void RefuseOrTell(CsvRepair kind, CsvPlace place, std::string_view reason,
+                    std::string_view repair) const {
     Refuse(place, reason);
-    Tell(place, reason, repair);
+    Tell(kind, place, reason, repair);
   }
 
  private:

@@ -1,6 +1,9 @@
 #include "csv/csv_text.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
 
 #include "text/code_page.h"
 
@@ -8,6 +11,10 @@ namespace zemva::tools {
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
+constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
+constexpr std::string_view kSeparatorLine = "sep=";
+constexpr std::string_view kMissingWords[] = {"NA", "N/A", "#N/A", "NaN", "nan", "null"};
 constexpr std::string_view kSeparators = "\t;,";  // the first that occurs is taken
 constexpr std::size_t kLongestQuotation = 40;
 
@@ -17,11 +24,18 @@ bool IsSeparator(char c) {
 
 // The length of the line end that the text starts with, 0 if it starts with none.
 std::size_t LineEndLength(std::string_view text) {
-  return text.starts_with('\n') ? 1 : text.starts_with("\r\n") ? 2 : 0;
+  return text.starts_with("\r\n") ? 2 : text.starts_with('\n') || text.starts_with('\r') ? 1 : 0;
 }
 
 int CountLines(std::string_view text) {
-  return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+  int count = 0;
+  while (true) {
+    const std::size_t end = text.find_first_of("\r\n");
+    if (end == std::string_view::npos) return count;
+    text.remove_prefix(end);
+    text.remove_prefix(LineEndLength(text));
+    ++count;
+  }
 }
 
 // Where the quote stands that closes the one at the start; npos if none does.
@@ -45,7 +59,7 @@ char FindSeparator(std::string_view text) {
     if (c == '"') {
       is_quoted = !is_quoted && (IsSeparator(previous) || previous == '"');
     } else if (!is_quoted) {
-      if (c == '\n') break;
+      if (c == '\n' || c == '\r') break;
       best = std::min(best, kSeparators.find(c));
     }
     previous = c;
@@ -67,7 +81,23 @@ std::string CsvMessage(CsvPlace place, std::string_view reason) {
   return message;
 }
 
-CsvText::CsvText(std::string_view bytes) : characters_(bytes), is_utf8_(IsUtf8(bytes)) {
+std::string_view WithoutBlanks(std::string_view cell) {
+  constexpr std::string_view kBlanks = " \t";
+  const std::size_t start = cell.find_first_not_of(kBlanks);
+  if (start == std::string_view::npos) return {};
+  return cell.substr(start, cell.find_last_not_of(kBlanks) - start + 1);
+}
+
+CsvText::CsvText(std::string_view bytes, const CsvOptions& options)
+    : options_(options), characters_(bytes) {
+  if (bytes.starts_with(kUtf16LittleMark) || bytes.starts_with(kUtf16BigMark)) {
+    std::optional<std::string> text =
+        Utf8FromUtf16(bytes.substr(2), bytes.starts_with(kUtf16LittleMark));
+    if (!text) throw CsvError({1, 1}, "the file is marked as UTF-16 but is something else");
+    decoded_ = std::move(*text);
+    characters_ = decoded_;
+  }
+  is_utf8_ = IsUtf8(characters_);
   if (bytes.starts_with(kUtf8Mark)) {
     if (!is_utf8_) throw CsvError({1, 1}, "the file is marked as UTF-8 but is something else");
     characters_.remove_prefix(kUtf8Mark.size());
@@ -79,7 +109,30 @@ CsvText::CsvText(std::string_view bytes) : characters_(bytes), is_utf8_(IsUtf8(b
   if (characters_.find_first_not_of("\r\n") == std::string_view::npos) {
     throw CsvError({1, 1}, "the file is empty");
   }
-  separator_ = FindSeparator(characters_);
+  TakeSeparatorLine();
+  if (options_.delimiter) separator_ = *options_.delimiter;
+  if (separator_ == '\0') separator_ = FindSeparator(characters_);
+}
+
+// Spreadsheets write "sep=;" to tell each other.
+void CsvText::TakeSeparatorLine() {
+  if (!characters_.starts_with(kSeparatorLine)) return;
+  const std::string_view rest = characters_.substr(kSeparatorLine.size());
+  const std::size_t end = LineEndLength(rest.substr(std::min<std::size_t>(1, rest.size())));
+  if (end == 0 || LineEndLength(rest) != 0) return;
+  separator_ = rest.front();
+  characters_ = rest.substr(1 + end);
+  ++first_line_;
+  if (characters_.find_first_not_of("\r\n") == std::string_view::npos) {
+    throw CsvError({1, 1}, "the file is empty");
+  }
+}
+
+bool CsvText::IsMissing(std::string_view cell) const {
+  const std::string_view text = WithoutBlanks(cell);
+  const auto is_text = [text](std::string_view word) { return text == word; };
+  return text.empty() || std::ranges::any_of(kMissingWords, is_text) ||
+         std::ranges::any_of(options_.missing_words, is_text);
 }
 
 std::string CsvText::InCodePage(std::string_view cell, bool& is_whole) const {
@@ -125,10 +178,8 @@ bool CsvCells::StartRow() {
 
 std::string_view CsvCells::TakePlain() {
   std::size_t end = 0;
-  while (end < rest_.size() && rest_[end] != separator_ && rest_[end] != '\n') ++end;
-  const bool has_return =
-      rest_.substr(end).starts_with('\n') && rest_.substr(0, end).ends_with('\r');
-  if (has_return) --end;
+  const auto ends = [this](char c) { return c == separator_ || c == '\n' || c == '\r'; };
+  while (end < rest_.size() && !ends(rest_[end])) ++end;
   const std::string_view text = rest_.substr(0, end);
   rest_.remove_prefix(end);
   return text;

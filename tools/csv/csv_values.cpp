@@ -20,20 +20,8 @@ std::errc Parse(std::string_view number, float& value) {
 
 }  // namespace
 
-std::string_view WithoutBlanks(std::string_view cell) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t start = cell.find_first_not_of(kBlanks);
-  if (start == std::string_view::npos) return {};
-  return cell.substr(start, cell.find_last_not_of(kBlanks) - start + 1);
-}
-
 std::string_view WithoutPlus(std::string_view number) {
   return number.starts_with('+') && !number.starts_with("+-") ? number.substr(1) : number;
-}
-
-bool IsMissingCell(std::string_view cell) {
-  const std::string_view text = WithoutBlanks(cell);
-  return text.empty() || text == "NA";
 }
 
 bool IsNumeric(std::string_view cell) {
@@ -44,11 +32,12 @@ bool IsNumeric(std::string_view cell) {
 }
 
 float CsvValues::Value(CsvPlace place, std::string_view cell) {
-  if (IsMissingCell(cell)) return kMissing;
+  if (text_.IsMissing(cell)) return kMissing;
   float value = 0.0f;
   const std::string_view fault = FindFault(WithoutPlus(WithoutBlanks(cell)), value);
   if (fault.empty()) return value;
-  repairs_.RefuseOrTell(place, text_.Quoted(cell) + std::string(fault), "missing");
+  repairs_.RefuseOrTell(CsvRepair::kCellMadeMissing, place, text_.Quoted(cell) + std::string(fault),
+                        "missing");
   return kMissing;
 }
 

@@ -10,28 +10,25 @@
 
 namespace zemva::tools {
 
-// Without the blanks around it.
-std::string_view WithoutBlanks(std::string_view cell);
 // Without the sign that says nothing.
 std::string_view WithoutPlus(std::string_view number);
-
-// An empty cell, blanks alone, or NA.
-bool IsMissingCell(std::string_view cell);
 
 // Whether the cell reads as a number, with a decimal point or comma.
 bool IsNumeric(std::string_view cell);
 
 class CsvValues {
  public:
-  CsvValues(const CsvText& text, const CsvRepairs& repairs)
-      : text_(text), repairs_(repairs), decimal_mark_(text.GetSeparator() == ',' ? '.' : '\0') {}
+  CsvValues(const CsvText& text, const CsvOptions& options, const CsvRepairs& repairs)
+      : text_(text),
+        repairs_(repairs),
+        decimal_mark_(options.decimal_mark.value_or(text.GetSeparator() == ',' ? '.' : '\0')) {}
 
   // The value of a cell, kMissing where there is none. What is not a number, not finite in single
   // precision or the missing value itself is refused, or repaired to kMissing.
   //
-  // Where commas do not separate cells, a number may be written with a decimal comma instead of a
-  // point. The first number with either decides for all: so 1,234.5 and 1.234,5 in one table are
-  // found to be no numbers, whichever comma was meant.
+  // Unless the options say which: where commas do not separate cells, a number may be written with
+  // a decimal comma instead of a point. The first number with either decides for all: so 1,234.5
+  // and 1.234,5 in one table are found to be no numbers, whichever comma was meant.
   float Value(CsvPlace place, std::string_view cell);
 
  private:

@@ -1,13 +1,9 @@
 #include "model/model_csv.h"
 #include "zemva/base/positions.h"
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 #include <vector>
 
-#include "text/messages.h"
-#include "zemva/base/native_path.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
 
@@ -98,18 +94,6 @@ ResultTable TabulatePredictions(const PCModel& model, Dataset& test) {
   columns.AddNumber("DModXPS", [&model, row, a](short i) { return model.GetDModXPS(a, row(i)); });
   columns.AddNumber("PModXPS", [&model, row, a](short i) { return model.GetPModXPS(a, row(i)); });
   return {"predictions", std::move(columns), test.GetNObsDS()};
-}
-
-int MakeFolder(const std::string& folder) {
-  std::error_code error;
-  const std::filesystem::path path = NativePath(folder);
-  std::filesystem::create_directories(path, error);
-  return std::filesystem::is_directory(path, error) ? kDone : Fail(folder, "cannot be created");
-}
-
-int WriteTable(const ResultTable& table, const std::string& folder) {
-  const std::string path = folder + "/" + table.name + ".csv";
-  return table.columns.WriteTo(path, table.row_count) ? kDone : Fail(path, "cannot be written");
 }
 
 }  // namespace zemva::tools

@@ -1,24 +1,50 @@
 #include "model/model_run.h"
 
+#include <array>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
+#include "arguments/settings_folder.h"
+#include "csv/csv_file.h"
 #include "model/model_setup.h"
 #include "text/messages.h"
 #include "zemva/base/native_path.h"
 #include "zemva/errors/messages.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
+#include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
 namespace {
 
-// The number of the new data set in the project, 0 where there is no memory for it.
-short AddFile(const std::string& path, Project& project) {
-  auto dataset = std::make_unique<Dataset>("Data", path.c_str(), GlobalStreamWindow());
-  return project.AddDataset(dataset.release());  // the project's
+// The classes of observations, from 0, that a table has.
+int SetClasses(const std::vector<char>& classes, Workset& workset) {
+  short i = 0;
+  for (const char number : classes) {
+    ++i;
+    if (number == 0) continue;
+    if (const int status = workset.SetOClass(i, number); status != status::kOk) return status;
+  }
+  return status::kOk;
+}
+
+// Of a component, and of all up to it: of Y where the model has one.
+float GetQ2(const Model& model, char a) {
+  return model.GetNVarY() > 0 ? model.GetQ2AY(a) : model.GetQ2AX(a);
+}
+float GetCumulativeQ2(const Model& model, char a) {
+  return model.GetNVarY() > 0 ? model.GetQ2Y(a) : model.GetQ2X(a);
+}
+
+std::string Rounded(float value) {
+  std::array<char, 32> text;
+  std::snprintf(text.data(), text.size(), "%.3f", static_cast<double>(value));
+  return text.data();
 }
 
 bool IsSameFile(const std::string& one, const std::string& other) {
@@ -29,10 +55,13 @@ bool IsSameFile(const std::string& one, const std::string& other) {
 }  // namespace
 
 int ModelRun::LoadFile() {
-  dataset_ = AddFile(options_.file, project_);
+  ReadSettings(project_.GetPrjOpt());
+  OpenedTable table = OpenTable(options_.file, options_.csv, GlobalStreamWindow());
+  dataset_ = project_.AddDataset(table.dataset.release());  // the project's
   if (dataset_ != 0) workset_ = project_.AddWorkset(dataset_, "Workset");
   if (workset_ == 0) return Fail(options_.file, project_.GetStatus());
-  const int status = SetUpWorkset(options_, GetWorkset());
+  int status = SetClasses(table.classes, GetWorkset());
+  if (status == status::kOk) status = SetUpWorkset(options_, GetWorkset());
   return status == status::kOk ? kDone : Fail(options_.file, status);
 }
 
@@ -48,9 +77,17 @@ int ModelRun::MakeModel(EModType type, char selector) {
   if (model_options.GetNComp() > rank) model_options.SetNComp(static_cast<short>(rank));
   if (!options_.test_file) return kDone;
   const bool is_same = IsSameFile(*options_.test_file, options_.file);
-  test_dataset_ = is_same ? dataset_ : AddFile(*options_.test_file, project_);
+  test_dataset_ = is_same ? dataset_ : AddTestFile();
   if (test_dataset_ != 0) predset_ = project_.AddPredset(test_dataset_, workset_, "Predset");
   return predset_ != 0 ? kDone : Fail(*options_.test_file, project_.GetStatus());
+}
+
+// Its observations need no names and classes.
+short ModelRun::AddTestFile() {
+  CsvOptions csv = options_.csv;
+  csv.are_columns_optional = true;
+  OpenedTable table = OpenTable(*options_.test_file, csv, GlobalStreamWindow());
+  return project_.AddDataset(table.dataset.release());  // the project's
 }
 
 int ModelRun::Fit() {
@@ -65,7 +102,33 @@ int ModelRun::Fit() {
   if (count < options_.component_count.value_or(0)) {
     Tell(options_.file, "there can be no more than " + Counted(count, "component"));
   }
+  TellOfWeakComponents();
   return kDone;
+}
+
+// What a reader of the model should know of how its components were found.
+void ModelRun::TellOfWeakComponents() const {
+  const Model& model = GetModel();
+  const short most = project_.GetModel(model_)->GetModOpt().GetMaxIter();
+  int first_negative = 0;
+  for (int component = 1; component <= model.GetA(); ++component) {
+    const auto a = static_cast<char>(component);
+    const std::string subject = "component " + std::to_string(component);
+    if (model.GetNIter(a) > most) {
+      Tell(options_.file, subject + " has not converged in " + Counted(most, "iteration") +
+                              "; --max-iter allows more");
+    }
+    const float q2 = GetQ2(model, a);
+    if (first_negative == 0 && !IsMissing(q2) && q2 < 0) first_negative = component;
+  }
+  if (first_negative == 0 || options_.component_count) return;
+  const int before = first_negative - 1;
+  Tell(options_.file,
+       "component " + std::to_string(first_negative) + " predicts less than none (Q2 below 0)" +
+           (before == 0 ? "; --components says how many to fit"
+                        : "; --components " + std::to_string(before) + " keeps " +
+                              Counted(before, "component") + " with a Q2(cum) of " +
+                              Rounded(GetCumulativeQ2(model, static_cast<char>(before)))));
 }
 
 // Drops components beyond the rank of the table, which fit what rounding has left of it.

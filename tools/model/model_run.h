@@ -19,8 +19,8 @@ class ModelRun {
   // The options outlive the run.
   explicit ModelRun(const ModelOptions& options) : options_(options) {}
 
-  // Reads the file and does what the options say of its variables and observations. Raises
-  // UsageError.
+  // Reads the settings file and the data, and does what the options say of its variables and
+  // observations. Raises UsageError.
   int LoadFile();
   // Makes the model, which the work set stays as it is for, and reads the file of predictions.
   // Where that is the file of the model, it knows the observations that the model is made of.
@@ -37,6 +37,8 @@ class ModelRun {
   Dataset* GetTestDataset() const { return project_.GetDataset(test_dataset_); }
 
  private:
+  short AddTestFile();
+  void TellOfWeakComponents() const;
   int KeepComponents(int failure);
   int DropNoise();
 

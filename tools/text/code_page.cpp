@@ -25,7 +25,12 @@ void AppendUtf8(std::string& out, unsigned character) {
     append(0xC0 | character >> 6);
     append(0x80 | (character & 0x3F));
   } else {
-    append(0xE0 | character >> 12);
+    if (character < 0x10000) {
+      append(0xE0 | character >> 12);
+    } else {
+      append(0xF0 | character >> 18);
+      append(0x80 | (character >> 12 & 0x3F));
+    }
     append(0x80 | (character >> 6 & 0x3F));
     append(0x80 | (character & 0x3F));
   }
@@ -86,6 +91,26 @@ std::string Utf8FromCodePage(std::string_view text) {
     AppendUtf8(out, 0x80 <= byte && byte < 0xA0 ? kHighControls[byte - 0x80] : byte);
   }
   return out;
+}
+
+std::optional<std::string> Utf8FromUtf16(std::string_view bytes, bool is_low_byte_first) {
+  if (bytes.size() % 2 != 0) return std::nullopt;
+  const std::size_t low = is_low_byte_first ? 0 : 1;
+  const auto unit = [&](std::size_t i) {
+    return i < bytes.size() ? ByteAt(bytes, i + low) | ByteAt(bytes, i + 1 - low) << 8 : 0;
+  };
+  std::string text;
+  for (std::size_t i = 0; i < bytes.size(); i += 2) {
+    unsigned character = unit(i);
+    if ((character & 0xF800) == 0xD800) {
+      i += 2;
+      const unsigned second = unit(i);
+      if ((character & 0xFC00) != 0xD800 || (second & 0xFC00) != 0xDC00) return std::nullopt;
+      character = 0x10000 + ((character & 0x3FF) << 10 | (second & 0x3FF));
+    }
+    AppendUtf8(text, character);
+  }
+  return text;
 }
 
 bool IsUtf8(std::string_view text) {

@@ -3,6 +3,7 @@
 #define ZEMVA_TOOLS_TEXT_CODE_PAGE_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,9 @@ std::string PrintableFromCodePage(std::string_view text);
 
 // Whether the bytes are UTF-8 throughout: no overlong forms, surrogates or numbers beyond Unicode.
 bool IsUtf8(std::string_view text);
+
+// A text of 16-bit units, with the low or the high byte of each first; none where it is no UTF-16.
+std::optional<std::string> Utf8FromUtf16(std::string_view bytes, bool is_low_byte_first);
 
 // The other way, for a text that IsUtf8. A '?' stands for each character that the code page has
 // not; `lost` is how many there are.
