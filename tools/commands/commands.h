@@ -22,6 +22,7 @@ Run AddImport(CLI::App& program);
 Run AddInfo(CLI::App& program);
 Run AddOptions(CLI::App& program);
 Run AddPc(CLI::App& program);
+Run AddPls(CLI::App& program);
 Run AddStats(CLI::App& program);
 
 }  // namespace zemva::tools

@@ -186,7 +186,7 @@ int Import(const ImportOptions& options) {
   } catch (const std::runtime_error& problem) {
     const bool is_table = !IsProjectFile(options.file) && IsTextFile(options.file);
     const char* const hint =
-        is_table ? "; it is a text, and convert, stats and pc take tables" : "";
+        is_table ? "; it is a text, and convert, stats, pc and pls take tables" : "";
     return Fail(options.file, std::string(problem.what()) + hint);
   }
   if (!options.out || *options.out == kStandardStream) {

@@ -73,7 +73,7 @@ void PrintDataset(Dataset& dataset) {
 
 int ShowInfo(const std::string& path) {
   if (!IsProjectFile(path) && IsTextFile(path)) {
-    return Fail(path, "is a text, no project file; convert, stats and pc take tables");
+    return Fail(path, "is a text, no project file; convert, stats, pc and pls take tables");
   }
   StreamWindow discard;
   FileContents contents;

@@ -103,7 +103,7 @@ CsvTable ReadCsvFile(const std::string& path, const CsvOptions& options) {
   if (BeginsAsProject(*bytes)) {
     throw Failure(name, path == kStandardStream
                             ? "a project file cannot be read from there"
-                            : "is a project file: info, stats and pc take it as it is");
+                            : "is a project file: info, stats, pc and pls take it as it is");
   }
   RepairCounts counts;
   CsvRepairs::Report report;

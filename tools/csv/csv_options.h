@@ -11,8 +11,9 @@ namespace zemva::tools {
 // Columns are given by their heading or by their number, from 1.
 struct CsvOptions {
   std::optional<char> delimiter = {};
-  std::optional<char> decimal_mark = {};        // '.' or ','
-  std::vector<std::string> missing_words = {};  // beside those that always stand for a missing value
+  std::optional<char> decimal_mark = {};  // '.' or ','
+  std::vector<std::string> missing_words =
+      {};  // beside those that always stand for a missing value
   bool is_without_header = false;
   std::optional<std::string> name_column = {};
   std::optional<std::string> number_column = {};

@@ -67,6 +67,8 @@ void CsvOutline::AddCell(std::size_t index, std::string_view cell) {
   if (index < kLabelColumns) column.is_whole = column.is_whole && ParseNumber(cell).has_value();
   if (column.has_value || text_.IsMissing(cell)) return;
   (IsNumeric(cell) ? column.has_value : column.has_text) = true;
+  const std::size_t sign = cell.find_first_not_of(" +-");
+  column.has_word = column.has_word || cell.find_first_not_of("0123456789., '", sign) != cell.npos;
 }
 
 CsvOutline::Column* CsvOutline::FindColumn(const std::string& wanted) {
@@ -172,7 +174,7 @@ std::string CsvOutline::Describe(int column) const {
 
 void CsvOutline::RefuseTexts() const {
   const auto is_text = [](const Column& column) {
-    return column.role == CsvRole::kVariable && column.IsText();
+    return column.role == CsvRole::kVariable && column.IsText() && column.has_word;
   };
   const auto column = std::ranges::find_if(columns_, is_text);
   if (column == columns_.end()) return;

@@ -45,6 +45,7 @@ class CsvOutline {
     std::string heading;
     CsvRole role = CsvRole::kVariable;
     bool has_text = false;
+    bool has_word = false;  // a text of more than digits and the marks in numbers
     bool has_value = false;
     bool is_whole = true;  // all cells are whole numbers
     int variable = 0;

@@ -4,17 +4,19 @@
 
 #include "model/result_folder.h"
 #include "zemva/data/dataset.h"
-#include "zemva/model/pc/pc_model.h"
+#include "zemva/model/driver/model.h"
 
 namespace zemva::tools {
 
 // The model outlives the tables.
-ResultTable TabulateComponents(const PCModel& model);
-ResultTable TabulateObservations(const PCModel& model);
-ResultTable TabulateVariables(const PCModel& model);
+ResultTable TabulateComponents(const Model& model);
+ResultTable TabulateObservations(const Model& model);
+ResultTable TabulateVariables(const Model& model);
+// Of a model that has responses.
+ResultTable TabulateResponses(const Model& model);
 // A row for each observation of the data set that the model was executed on, those that were left
 // out included. It outlives the table too.
-ResultTable TabulatePredictions(const PCModel& model, Dataset& test);
+ResultTable TabulatePredictions(const Model& model, Dataset& test);
 
 }  // namespace zemva::tools
 
