@@ -4,9 +4,13 @@
 #   install_packages REASON PACKAGE...   when one of them is missing
 #   install_win32_packages REASON        the cross compiler and the 32-bit Wine
 #
+#   $build_packages                      what every build needs beside its compiler
+#
 # They say what they install and why, and nothing when all is there. All they print goes to standard
 # error. Where something could not be installed they return non-zero, with $missing listing it. On a
 # system without apt-get they do nothing: the build says what it misses.
+
+build_packages="cmake ninja-build libcli11-dev"
 
 say() { echo "$*" >&2; }
 

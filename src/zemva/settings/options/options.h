@@ -58,6 +58,8 @@ class ZEMVA_API Options {
   // file get the default. False when the file cannot be read or memory runs out, and the options
   // are as they were, or when a default could not be written.
   bool LoadGlobal();
+  // The same for the options alone: the file stays as it is.
+  bool ReadGlobal();
   // Writes the global options and clears the change flag. False, and neither happens, when the file
   // could not be written.
   bool SaveGlobal();
@@ -98,6 +100,7 @@ class ZEMVA_API Options {
   void SetText(EOptType type, const char* text);
 
  private:
+  bool ReadFile(bool is_completed);
   using Values = std::array<FixedText<kLongestValue>, kOptionCount + 1>;
 
   // Fills the global options, and returns what the file lacks.
