@@ -16,14 +16,16 @@ try:
 except ImportError:
     numpy = None
 try:
+    import sklearn.cross_decomposition
     import sklearn.decomposition
+    import sklearn.model_selection
 except ImportError:
     sklearn = None
 
 
-def ours(program, rows, columns, missing_share, groups, path):
+def ours(program, rows, columns, missing_share, groups, path, responses=0):
     """Seconds in all and for the components, iterations, and the share of the sum of squares left."""
-    arguments = [rows, columns, missing_share, groups, 2, path]
+    arguments = [rows, columns, responses, missing_share, groups, 2, path]
     output = subprocess.run([program, *map(str, arguments)], check=True, capture_output=True)
     seconds, components, iterations, unexplained = output.stdout.split()
     return float(seconds), float(components), int(iterations), float(unexplained)
@@ -62,6 +64,54 @@ def scikit_learn(table):
     start = time.perf_counter()
     sklearn.decomposition.PCA(COMPONENTS, svd_solver="arpack").fit(table)
     return time.perf_counter() - start
+
+
+def pls_by_scikit_learn(table, responses, groups):
+    """Seconds of its PLSRegression, which centres; with groups, of predicting what each leaves out."""
+    x, y = table[:, :-responses], table[:, -responses:]
+    model = sklearn.cross_decomposition.PLSRegression(COMPONENTS, scale=False, max_iter=10000)
+    start = time.perf_counter()
+    if groups:
+        sklearn.model_selection.cross_val_predict(
+            model, x, y, cv=sklearn.model_selection.KFold(groups))
+    else:
+        model.fit(x, y)
+    return time.perf_counter() - start
+
+
+def pls_by_r(script, path, rows, columns, responses, method):
+    """Seconds of R's package pls, or None without it."""
+    arguments = [path, rows, columns, responses, method]
+    try:
+        output = subprocess.run(["Rscript", script, *map(str, arguments)], capture_output=True)
+    except FileNotFoundError:
+        return None
+    return float(output.stdout) if output.returncode == 0 else None
+
+
+def compare_pls(program, script, rows, columns, responses, folder):
+    path = os.path.join(folder, "responses")
+    fits, gaps, validated, by_others = [], [], [], {}
+    for _ in range(ROUNDS):  # by turns, as below
+        gaps.append(ours(program, rows, columns, MISSING_SHARE, 0, path, responses)[0])
+        validated.append(ours(program, rows, columns, 0, GROUPS, path, responses)[0])
+        fits.append(ours(program, rows, columns, 0, 0, path, responses)[0])
+        if sklearn and numpy:
+            table = numpy.fromfile(path, numpy.float32).reshape(rows, columns + responses)
+            for name, groups in (("scikit-learn", 0), ("scikit-learn, validated", GROUPS)):
+                seconds = pls_by_scikit_learn(table, responses, groups)
+                by_others.setdefault(name, []).append(seconds)
+    for method in ("oscorespls", "kernelpls"):
+        seconds = pls_by_r(script, path, rows, columns, responses, method)
+        if seconds is not None:
+            by_others[method] = [seconds]
+    fit, validation = min(fits), min(validated)
+    print(f"  {responses} responses by partial least squares: a model in {fit * 1e3:.1f} ms, "
+          f"{min(gaps) / fit:.2f} times that with {MISSING_SHARE:.0%} missing, "
+          f"{validation / fit:.2f} times cross-validated")
+    for name, seconds in by_others.items():
+        own = validation if "validated" in name else fit
+        print(f"  {name:23} {min(seconds) / own:7.2f} times ours", flush=True)
 
 
 def fastest(runs):
@@ -106,11 +156,13 @@ def compare(program, script, rows, columns, folder):
                       f"{theirs[1]:.6f} unexplained (threshold {name})", flush=True)
 
 
-def main(program, script, *sizes):
+def main(program, script, pls_script, *sizes):
     with tempfile.TemporaryDirectory() as folder:
         for size in sizes:
             rows, columns = map(int, size.split("x"))
             compare(program, script, rows, columns, folder)
+            for responses in (1, 3):
+                compare_pls(program, pls_script, rows, columns, responses, folder)
 
 
 main(*sys.argv[1:])

@@ -1,7 +1,8 @@
 // Fits five components to one table and writes the table out, so that other packages can be given
-// the same one: nipals_fit ROWS COLUMNS MISSING_SHARE GROUPS REPETITIONS FILE. Prints the fastest
-// time in seconds, in all and for the components, the iterations and the share of the sum of
-// squares that is left.
+// the same one: nipals_fit ROWS COLUMNS RESPONSES MISSING_SHARE GROUPS REPETITIONS FILE. The
+// responses, if any, are columns behind the others, of which then they are predicted. Prints the
+// fastest time in seconds, in all and for the components, the iterations and the share of the sum
+// of squares that is left.
 #include <cmath>
 #include <fstream>
 #include <iostream>
@@ -25,13 +26,14 @@ void Write(const zemva::XFMatrix& table, const char* path) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 7) return 2;
-  const zemva::XFMatrix table =
-      zemva::NipalsTable(std::stoi(arguments[1]), std::stoi(arguments[2]), std::stod(arguments[3]));
-  Write(table, arguments[6]);
-  zemva::FiveComponentModel model(table, std::stoi(arguments[4]));
+  if (count != 8) return 2;
+  const int responses = std::stoi(arguments[3]);
+  const zemva::XFMatrix table = zemva::NipalsTable(
+      std::stoi(arguments[1]), std::stoi(arguments[2]) + responses, std::stod(arguments[4]));
+  Write(table, arguments[7]);
+  zemva::FiveComponentModel model(table, std::stoi(arguments[5]), responses);
   zemva::FiveComponents fastest = model.Fit();
-  for (int repetition = 1; repetition < std::stoi(arguments[5]); ++repetition) {
+  for (int repetition = 1; repetition < std::stoi(arguments[6]); ++repetition) {
     const zemva::FiveComponents result = model.Fit();
     if (result.seconds < fastest.seconds) fastest = result;
   }

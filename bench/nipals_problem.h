@@ -3,6 +3,7 @@
 #define ZEMVA_BENCH_NIPALS_PROBLEM_H
 
 #include <chrono>
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -45,15 +46,20 @@ struct FiveComponents {
   double seconds = 0;     // from loading the data to the statistics of the last component
   double components = 0;  // of these, for the components
   int iterations = 0;
-  double unexplained = 0;  // share of the sum of squares that is left
+  double unexplained =
+      0;  // share of the sum of squares that is left, of Y where there are responses
 };
 
 // A model of a table as it is, neither centred nor scaled, that can be fitted over and over.
 class FiveComponentModel : private ModelOwner {
  public:
-  // With `groups` above 0 each component is cross-validated.
-  FiveComponentModel(const XFMatrix& table, int groups) : dataset_(MakeDataset(table)) {
-    for (const short k : PositionsUpTo(workset_.GetNVar())) workset_.SetScaling(k, EScaType::kNone);
+  // With `groups` above 0 each component is cross-validated. The last `responses` columns are Y.
+  FiveComponentModel(const XFMatrix& table, int groups, int responses = 0)
+      : dataset_(MakeDataset(table)), has_responses_(responses > 0) {
+    for (const short k : PositionsUpTo(workset_.GetNVar())) {
+      workset_.SetScaling(k, EScaType::kNone);
+      if (k > workset_.GetNVar() - responses) workset_.SetRole(k, EVarRole::kY);
+    }
     options_.SetIsRule(false);
     options_.SetIsSeq(false);
     options_.SetNComp(kComponents);
@@ -68,7 +74,8 @@ class FiveComponentModel : private ModelOwner {
       return std::chrono::duration<double>(Clock::now() - start).count();
     };
     const auto start = Clock::now();
-    PCModel model(this, EModType::kPC1, GlobalStreamWindow(), &options_, 0);
+    const std::unique_ptr<Model> made = MakeModel();
+    Model& model = *made;
     model.LoadWS();
     model.Center();
     const auto first = Clock::now();
@@ -76,12 +83,21 @@ class FiveComponentModel : private ModelOwner {
     FiveComponents result;
     result.components = since(first);
     result.seconds = since(start);
-    result.unexplained = 1.0 - static_cast<double>(model.GetR2X(kComponents));
+    const float explained = has_responses_ ? model.GetR2Y(kComponents) : model.GetR2X(kComponents);
+    result.unexplained = 1.0 - static_cast<double>(explained);
     for (char a = 1; a <= kComponents; ++a) result.iterations += model.GetNIter(a);
     return result;
   }
 
  private:
+  std::unique_ptr<Model> MakeModel() {
+    StreamWindow& window = GlobalStreamWindow();
+    if (!has_responses_) {
+      return std::make_unique<PCModel>(this, EModType::kPC1, window, &options_, 0);
+    }
+    return std::make_unique<PLSModel>(this, EModType::kPLS12, window, &options_, 0);
+  }
+
   static Dataset MakeDataset(const XFMatrix& table) {
     auto* const observations = new ObsInfo("ObsInfo");
     auto* const variables = new VarInfo("VarInfo");
@@ -96,6 +112,7 @@ class FiveComponentModel : private ModelOwner {
   const PrjOpt& GetOptions() const override { return project_options_; }
 
   Dataset dataset_;
+  bool has_responses_;
   Workset workset_{"WS", dataset_, GlobalStreamWindow()};
   PrjOpt project_options_{true};
   ModOpt options_;

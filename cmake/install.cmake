@@ -5,17 +5,26 @@ include(CMakePackageConfigHelpers)
 
 set(zemva_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zemva)
 
-install(TARGETS zemva_program)
+install(TARGETS zemva_program COMPONENT program)
+if(TARGET zemva_plugin)  # where the program looks for it, and no linker does
+  install(TARGETS zemva_plugin LIBRARY DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+endif()
 install(TARGETS zemva EXPORT zemva
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT zemva NAMESPACE zemva:: FILE zemva-targets.cmake DESTINATION ${zemva_package_dir})
+  COMPONENT library
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT library)
+install(EXPORT zemva NAMESPACE zemva:: FILE zemva-targets.cmake DESTINATION ${zemva_package_dir}
+  COMPONENT library)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/zemva-config-version.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES cmake/zemva-config.cmake ${PROJECT_BINARY_DIR}/zemva-config-version.cmake
-  DESTINATION ${zemva_package_dir})
+  DESTINATION ${zemva_package_dir} COMPONENT library)
 
 set(zemva_prefix_from_pc ${CMAKE_INSTALL_PREFIX})
 cmake_path(RELATIVE_PATH zemva_prefix_from_pc
   BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+if(NOT BUILD_SHARED_LIBS)
+  set(zemva_static_flag " -DZEMVA_STATIC")
+endif()
 configure_file(cmake/zemva.pc.in zemva.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/zemva.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/zemva.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+  COMPONENT library)

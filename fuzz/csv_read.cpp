@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "csv_reader.h"
+#include "csv/csv_reader.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using zemva::tools::CsvTable;
 
 std::optional<CsvTable> Read(std::string_view bytes, zemva::tools::CsvRepairs::Report report) {
   try {
-    return ReadCsv(bytes, zemva::tools::CsvRepairs(std::move(report)));
+    return ReadCsv(bytes, {}, zemva::tools::CsvRepairs(std::move(report)));
   } catch (const zemva::tools::CsvError&) {
     return std::nullopt;
   }
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   std::size_t repairs = 0;
   const std::optional<CsvTable> refused = Read(bytes, nullptr);
-  const std::optional<CsvTable> repaired = Read(bytes, [&](const std::string&) { ++repairs; });
+  const std::optional<CsvTable> repaired = Read(bytes, [&](auto, const std::string&) { ++repairs; });
   if (refused) Require(repaired && repairs == 0);
   if (repaired) {
     Check(*repaired);

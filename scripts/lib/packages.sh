@@ -4,16 +4,20 @@
 #   install_packages REASON PACKAGE...   when one of them is missing
 #   install_win32_packages REASON        the cross compiler and the 32-bit Wine
 #
+#   $build_packages                      what every build needs beside its compiler
+#
 # They say what they install and why, and nothing when all is there. All they print goes to standard
 # error. Where something could not be installed they return non-zero, with $missing listing it. On a
 # system without apt-get they do nothing: the build says what it misses.
+
+build_packages="cmake ninja-build libcli11-dev"
 
 say() { echo "$*" >&2; }
 
 # The command that stands for a package which may also have come in another way.
 command_of() {
   case $1 in
-    g++ | cmake | clang | wine | pkg-config) echo "$1" ;;
+    g++ | cmake | clang | clang-tidy | wine | pkg-config) echo "$1" ;;
     ninja-build) echo ninja ;;
     g++-mingw-w64-i686-posix) echo i686-w64-mingw32-g++-posix ;;
   esac

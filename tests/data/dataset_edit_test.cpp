@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "data/plain_table.h"
+#include "support/recording_window.h"
 #include "zemva/data/dangerous_data_set_manipulator.h"
 #include "zemva/data/dataset.h"
-#include "data/plain_table.h"
 #include "zemva/numeric/x_vector.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -48,38 +48,46 @@ TEST(DatasetEdit, AnEmptyDataSetGrowsFromNothing) {
   EXPECT_EQ(Content(dataset), (PlainTable{{{1, ""}}, {{7, "o"}}, {{kGap}}}));
 }
 
-TEST(DatasetEdit, DeletingAnUnknownVariableLowersTheCountAlone) {
-  StreamWindow window;
-  const auto dataset = MakeDataset(SmallTable(2, 3), window);
-  EXPECT_EQ(dataset->DelObs(9), 8014);
-  EXPECT_EQ(Content(*dataset), SmallTable(2, 3));
-  EXPECT_EQ(dataset->DelVar(9), 0);
-  EXPECT_EQ(dataset->GetNVarDS(), 2);
-  EXPECT_EQ(dataset->GetDMPtr()->NCol(), 3);
-  EXPECT_EQ(dataset->GetVIPtr()->GetNVar(), 3);
-  EXPECT_EQ(dataset->GetVIPtr()->GetStatus(), 8021);
-  EXPECT_EQ(dataset->DelObs(2), 0);
-  EXPECT_EQ(Content(*dataset), SmallTable(1, 2));
-}
-
+// Deleting an unknown variable lowers the count alone; what is beyond goes with the next edit.
 TEST(DatasetEdit, RefusalsChangeNothing) {
   StreamWindow window;
-  const auto dataset = MakeDataset(SmallTable(3, 2), window);
+  const auto dataset = MakeDataset(SmallTable(3, 3), window);
   const auto taller = MakeDataset(SmallTable(4, 2), window);
+  Dataset missing("missing", "no/such/file.vdo", window);
   const XI1Vector too_short("sel", 2, 1);
   I2Vector unknown(1, 5);
+  EXPECT_EQ(dataset->DelVar(9), 0);
+  EXPECT_EQ(dataset->GetVIPtr()->GetStatus(), 8021);
+  EXPECT_EQ(dataset->DelObs(9), 8014);
   EXPECT_EQ(dataset->DeleteExcludedObservations(nullptr), 8022);
   EXPECT_EQ(dataset->DeleteExcludedObservations(&too_short), 5004);
   EXPECT_EQ(dataset->DelVars(nullptr), 8022);
   EXPECT_EQ(dataset->DelVars(&unknown), 8014);
   EXPECT_EQ(dataset->AddVars(nullptr, 1), 0);
   EXPECT_EQ(dataset->GetStatus(), 8022);
+  EXPECT_EQ(dataset->AddVars(nullptr, -1), 0);
+  EXPECT_EQ(dataset->GetStatus(), 8013);
   EXPECT_EQ(dataset->MergeObs(nullptr, false), 8022);
   EXPECT_EQ(dataset->MergeVar(nullptr, true), 8022);
   EXPECT_EQ(dataset->MergeVar(taller.get(), false), 8046);
-  Dataset missing("missing", "no/such/file.vdo", window);
   EXPECT_EQ(dataset->MergeObs(&missing, false), 2004);
-  EXPECT_EQ(Content(*dataset), SmallTable(3, 2));
+  EXPECT_EQ(dataset->GetNVarDS(), 2);
+  EXPECT_EQ(dataset->GetDMPtr()->NCol(), 3);
+  EXPECT_EQ(dataset->GetVIPtr()->GetNVar(), 3);
+  EXPECT_EQ(dataset->DelObs(3), 0);
+  EXPECT_EQ(Content(*dataset), SmallTable(2, 2));
+}
+
+TEST(DatasetEdit, DeletesAVariableForEachNumberListed) {
+  StreamWindow window;
+  PlainTable table = SmallTable(1, 4);
+  table.variables[2].number = 2;
+  const auto dataset = MakeDataset(table, window);
+  I2Vector listed(3, 2);
+  EXPECT_EQ(dataset->DelVars(&listed), 8014) << "two have the number";
+  listed[3] = 4;
+  EXPECT_EQ(dataset->DelVars(&listed), 0);
+  EXPECT_EQ(Content(*dataset), SmallTable(1, 1));
 }
 
 TEST(DatasetEdit, NoDataSetGrowsBeyond32767) {

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "zemva/data/dataset.h"
 #include "data/plain_table.h"
-#include "zemva/numeric/x_vector.h"
 #include "support/temp_folder.h"
+#include "zemva/data/dataset.h"
+#include "zemva/numeric/x_vector.h"
 
 namespace zemva {
 namespace {
@@ -171,22 +171,12 @@ class RandomEdits {
   int Pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   float Value() { return Pick(4) == 0 ? kGap : static_cast<float>(Pick(1000)); }
   Label AnyLabel(int numbers) {
-    static const std::string names[] = {"",
-                                        "A",
-                                        "A_1",
-                                        "A_2",
-                                        "A_3",
-                                        "A_2_2",
-                                        "B",
-                                        "B_1",
-                                        "C",
-                                        "D",
-                                        "E",
-                                        std::string(21, 'x'),
-                                        std::string(22, 'y'),
-                                        std::string(24, 'z')};
+    const int number = Pick(numbers);
     // The long ones end a repair: rarer than the others.
-    return {Pick(numbers), names[Pick(8) == 0 ? Pick(14) : Pick(11)]};
+    if (Pick(25) == 0) return {number, std::string(static_cast<std::size_t>(20 + Pick(5)), 'x')};
+    static const char* const names[] = {"",  "A",   "A_1", "A_2", "A_3", "A_2_2",
+                                        "B", "B_1", "C",   "D",   "E"};
+    return {number, names[Pick(11)]};
   }
 
   PlainTable MakeTable(int rows, int columns) {
@@ -207,7 +197,9 @@ class RandomEdits {
   void AddVariable(int columns) {
     const std::string name = AnyLabel(1).name;
     EXPECT_EQ(dataset_->AddVar(name.c_str()), columns + 1);
-    table_.variables.push_back({columns + 1, name});
+    table_.variables.push_back({0, name});
+    int position = 0;
+    for (Label& label : table_.variables) label.number = ++position;
     for (auto& row : table_.values) row.push_back(kGap);
   }
 

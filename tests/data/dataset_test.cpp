@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
-#include "zemva/data/dangerous_data_set_manipulator.h"
 #include "data/plain_table.h"
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
+#include "zemva/data/dangerous_data_set_manipulator.h"
 
 namespace zemva {
 namespace {
@@ -21,13 +22,26 @@ TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
   EXPECT_EQ(Dataset("n", nullptr, window).GetStatus(), 8013);
   // Cut, it would be another file.
   EXPECT_EQ(Dataset("n", std::string(261, 'a').c_str(), window).GetStatus(), 8013);
-  XFMatrix matrix("m", 2, 1, 0.0f);
-  ObsInfo observations("ObsInfo");
-  VarInfo variables("VarInfo");
-  variables.AddVar(1, "x");
-  Dataset dataset("n", "a", window, &matrix, &observations, &variables);
-  EXPECT_EQ(dataset.GetStatus(), 8013);
-  EXPECT_FALSE(dataset.IsLoaded());
+  EXPECT_EQ(Dataset("n", std::string(260, 'a').c_str(), window).GetStatus(), 0);
+  XFMatrix matrix("m", 1, 1, 0.0f);
+  ObsInfo row("ObsInfo"), no_row("ObsInfo");
+  VarInfo column("VarInfo"), no_column("VarInfo");
+  row.AddObs(1, "o");
+  column.AddVar(1, "x");
+  const struct {
+    XFMatrix* matrix;
+    ObsInfo* observations;
+    VarInfo* variables;
+  } cases[] = {{&matrix, &no_row, &column},
+               {&matrix, &row, &no_column},
+               {nullptr, &row, &column},
+               {&matrix, nullptr, &column},
+               {&matrix, &row, nullptr}};
+  for (const auto& c : cases) {
+    const Dataset dataset("n", "a", window, c.matrix, c.observations, c.variables);
+    EXPECT_EQ(dataset.GetStatus(), 8013);
+    EXPECT_FALSE(dataset.IsLoaded());
+  }
 }
 
 TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
@@ -39,7 +53,7 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
   EXPECT_EQ(dataset.GetDMPtr(), nullptr);
   EXPECT_EQ(dataset[1], nullptr);
   short number;
-  const char* name;
+  char* name;
   EXPECT_EQ(dataset.GetObsInfo(1, number, name), 2004);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(dataset.SetVarName(1, "x"), 2004);
@@ -50,6 +64,7 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
             std::string("Could not save data set 0to file ") + dataset.GetDSAddr() + ".\n");
   EXPECT_FALSE(std::filesystem::exists(dataset.GetDSAddr()));
   EXPECT_EQ(Dataset("n", "", window).Save(), 8013);
+  EXPECT_EQ(Dataset("n", "", window).DeleteFileA(), 8013);
 }
 
 TEST(Dataset, SavedAndLoadedItIsTheSame) {
@@ -66,10 +81,14 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   ASSERT_EQ(dataset->Save(), 0);
   EXPECT_FALSE(dataset->IsDirty());
   EXPECT_EQ(dataset->Load(), 8001);
+  EXPECT_EQ(dataset->LoadListProject(), 0);
+  EXPECT_EQ((*dataset)[0], nullptr);
+  EXPECT_EQ((*dataset)[4], nullptr);
 
   Dataset loaded("Tovle", path.c_str(), window);
   EXPECT_EQ(loaded.LoadListProject(), 0);
   EXPECT_FALSE(loaded.IsLoaded());
+  EXPECT_FALSE(loaded.IsDirty());
   EXPECT_EQ(test::Content(loaded), table);
   EXPECT_STREQ(loaded.GetDSNam(), "Plain");
   EXPECT_STREQ(loaded.GetDSTitle(), "A title");
@@ -78,6 +97,39 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   loaded.Unload();
   EXPECT_EQ(loaded.DeleteFileA(), 0);
   EXPECT_EQ(loaded.Load(), 2004);
+}
+
+TEST(Dataset, IsDirtyAfterWhatChangesIt) {
+  StreamWindow window;
+  const auto stranger = test::MakeDataset(test::SmallTable(2, 1), window);
+  stranger->SetObsNum(1, 11);
+  stranger->SetObsNum(2, 12);
+  stranger->SetVarName(1, "stranger");
+  const auto empty = test::MakeDataset(test::SmallTable(3, 0), window);
+  const struct {
+    const char* what;
+    bool is_change;
+    std::function<void(Dataset&)> operation;
+  } cases[] = {
+      {"title", true, [](Dataset& d) { d.SetDSTitle("t"); }},
+      {"name", true, [](Dataset& d) { d.SetDSNam("n"); }},
+      {"number", true, [](Dataset& d) { d.SetDSNum(3); }},
+      {"name of a variable", true, [](Dataset& d) { d.SetVarName(1, "v"); }},
+      {"an observation", true, [](Dataset& d) { d.AddObs(9, "o"); }},
+      {"variables", true, [&](Dataset& d) { d.MergeVar(&d, false); }},
+      {"no variables", false, [&](Dataset& d) { d.MergeVar(empty.get(), false); }},
+      {"other names", true, [&](Dataset& d) { d.MergeVar(empty.get(), true); }},
+      {"observations", true, [&](Dataset& d) { d.MergeObs(&d, false); }},
+      {"nothing that matches", false, [&](Dataset& d) { d.MergeObs(stranger.get(), false); }},
+      {"other numbers", true, [&](Dataset& d) { d.MergeObs(stranger.get(), true); }},
+      {"a refusal", false, [](Dataset& d) { d.DelObs(99); }},
+  };
+  for (const auto& c : cases) {
+    const auto dataset = test::MakeDataset(test::SmallTable(3, 2), window);
+    dataset->SetDirtyFlag(false);
+    c.operation(*dataset);
+    EXPECT_EQ(dataset->IsDirty(), c.is_change) << c.what;
+  }
 }
 
 TEST(Dataset, LoadDropsWhatIsBeyondTheCountsAndLeavesShortTablesShort) {
@@ -96,7 +148,8 @@ TEST(Dataset, LoadDropsWhatIsBeyondTheCountsAndLeavesShortTablesShort) {
   ASSERT_EQ(dataset->Save(), 0);
   Dataset bare("bare", path.c_str(), window);
   short number = 1;
-  const char* name = "old";
+  char old[] = "old";
+  char* name = old;
   EXPECT_EQ(bare.GetObsInfo(1, number, name), 8021);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(bare.GetVarInfo(1, number, name), 8021);
@@ -117,7 +170,11 @@ TEST(Dataset, ACopyIsItsOwn) {
   const auto dataset = test::MakeDataset(test::SmallTable(2, 2), window);
   Dataset copy(*dataset);
   copy[1][1] = 5.0f;
-  copy.SetObsName(1, "changed");
+  EXPECT_EQ(copy.SetObsName(1, "changed"), 0);
+  EXPECT_EQ(copy.SetObsName(3, "x"), 7002);
+  EXPECT_EQ(copy.SetObsNum(3, 1), 8021);
+  EXPECT_EQ(copy.GetVNum(2), 2);
+  EXPECT_EQ(copy.GetVIx(2), 2);
   EXPECT_EQ(test::Content(*dataset), test::SmallTable(2, 2));
   EXPECT_EQ(copy[1][1], 5.0f);
   EXPECT_TRUE(copy.IsClass(Dataset::GetClassID().GetID()));
@@ -126,15 +183,9 @@ TEST(Dataset, ACopyIsItsOwn) {
 TEST(Dataset, ListingsDoNotLoad) {
   test::RecordingWindow window;
   Dataset unloaded("name", "addr", window);
-  unloaded.Show(window);
   unloaded.SetDSCreaDate("today");
   unloaded.ShowAll(window);
   EXPECT_EQ(window.log,
-            "Data set name: name\n"
-            "Address: addr\n"
-            "Data set title  : UnTitled\n"
-            "No. of observations is 0, no. of variables is 0\n"
-            "Data set is unloaded.\n"
             "Data set name  : name\n"
             "Address: addr\n"
             "Data set title : UnTitled\n"

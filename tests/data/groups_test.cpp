@@ -5,17 +5,29 @@
 #include <string>
 #include <vector>
 
+#include "data/plain_table.h"
+#include "support/recording_window.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
-#include "support/recording_window.h"
+#include "zemva/model/workset/workset.h"
 
 namespace zemva {
 namespace {
 
+// Takes the classes from a work set.
+void SetClasses(const std::vector<int>& classes, ClaInfo& table) {
+  StreamWindow window;
+  const auto dataset =
+      test::MakeDataset(test::SmallTable(static_cast<int>(classes.size()), 1), window);
+  Workset workset("WS", *dataset, window);
+  short i = 0;
+  for (const int c : classes) EXPECT_EQ(workset.SetOClass(++i, static_cast<char>(c)), 0);
+  EXPECT_EQ(table.SetClaInfo(&workset), 0);
+}
+
 ClaInfo MakeClasses(const std::vector<int>& classes) {
   ClaInfo table("Classes", static_cast<short>(classes.size()));
-  short i = 0;
-  for (const int c : classes) table.SetOClass(++i, static_cast<char>(c));
+  SetClasses(classes, table);
   return table;
 }
 
@@ -45,17 +57,17 @@ TEST(ClaInfo, RowsFollowTheAssignments) {
   EXPECT_EQ(table.GetOClassNum(1), 3);
   EXPECT_EQ(table.GetNObsOClass(1), 3);
   EXPECT_EQ(table.GetOClassNum(2), 1);
-  table.SetOClass(3, 0);
+  const ItmInfo& rows = table;
+  EXPECT_STREQ(rows.GetINam(2), "Class1");
+  SetClasses({0, 3, 0, 3, 7}, table);  // the last is no observation of the table
+  EXPECT_EQ(rows.GetINam(2), nullptr);
   EXPECT_EQ(table.GetNOClass(), 1);
   EXPECT_EQ(table.GetNObsOClass(2), 0);
-  EXPECT_EQ(table.SetOClass(5, 1), 8021);
-  EXPECT_EQ(table.SetOClass(0, 1), 8021);
-  EXPECT_EQ(table.SetOClass(1, 100), 8021);
   test::RecordingWindow window;
   table.ShowAll(window);
   EXPECT_EQ(window.log.find("Classes has 1 items:\nOClass is: NValA= 4\n"), 0u);
   EXPECT_TRUE(
-      window.log.ends_with("\n  Item  CNum     CNam  NObs\n     1     3   Class3       3\n"));
+      window.log.ends_with("\n  Item  CNum     CNam  NObs\n     1     3   Class3       2\n"));
 }
 
 TEST(ClaInfo, NumbersForANewClass) {
@@ -111,6 +123,44 @@ TEST(BlkInfo, VariablesComeInNoBlockAndLeaveNoBlockOfOne) {
   EXPECT_EQ(table.GetBNum(1), 1);
 }
 
+TEST(BlkInfo, ABlockHasTheVariablesThatAreInIt) {
+  BlkInfo table = MakeBlocks({1, 2, 1, 2, 2, 3}, {1, 2});
+  table.UpdateItm(1, 1, "blk", BlkInfo::kSquareRoot, 9, 0.5f);
+  table.UpdateItm(2, 2, "blk", BlkInfo::kSquareRoot, 1, 0.5f);
+  EXPECT_EQ(table.DelVar(6), 0) << "of a block without a row";
+  EXPECT_EQ(table.DelVar(1), 0);
+  EXPECT_EQ(BlocksOf(table), (Blocks{2, 0, 2, 2}));
+  EXPECT_EQ(table.DelVar(1), 0);
+  EXPECT_EQ(BlocksOf(table), (Blocks{0, 2, 2}));
+  EXPECT_EQ(table.GetNItm(), 1);
+  EXPECT_EQ(table.GetNVar(1), 2);
+}
+
+TEST(BlkInfo, AVariableMadeOfAnotherJoinsItsBlock) {
+  BlkInfo table = MakeBlocks({7, 7, 0, 0}, {7});
+  for (const auto& [v, source] : {std::pair(0, 1), {5, 1}, {3, 0}, {3, 5}}) {
+    EXPECT_EQ(table.FixAddedVars(static_cast<short>(v), static_cast<short>(source)), 8021);
+  }
+  EXPECT_EQ(table.FixAddedVars(2, 1), 8023);
+  EXPECT_EQ(table.FixAddedVars(4, 1), 0);
+  EXPECT_EQ(table.FixAddedVars(3, 3), 0) << "of one in no block";
+  EXPECT_EQ(BlocksOf(table), (Blocks{7, 7, 0, 7}));
+  EXPECT_EQ(table.GetNVar(1), 3);
+}
+
+TEST(BlkInfo, RefusesNumbersOutside1To99) {
+  BlkInfo table = MakeBlocks({1, 1}, {1, 99});
+  for (const char b : {char{-5}, char{0}, char{100}}) {
+    EXPECT_EQ(table.AddItm(b, "x", BlkInfo::kSquareRoot, 2, 1.0f), 8021);
+    EXPECT_EQ(table.UpdateItm(1, b, "x", BlkInfo::kSquareRoot, 2, 1.0f), 8021);
+    EXPECT_EQ(table.SetINum(1, b), 8021);
+    EXPECT_EQ(b == 0 ? 8021 : table.SetBStat(1, b), 8021);
+  }
+  EXPECT_EQ(table.SetINum(1, 98), 0);
+  EXPECT_EQ(table.GetNItm(), 2);
+  EXPECT_EQ(table.GetBNum(1), 98);
+}
+
 TEST(BlkInfo, ExtractKeepsBlocksOfTwoOrMore) {
   BlkInfo table = MakeBlocks({1, 2, 1, 2, 1}, {1, 2});
   XI1Vector selection("sel", 5, 'X');
@@ -126,7 +176,7 @@ TEST(BlkInfo, ExtractKeepsBlocksOfTwoOrMore) {
 TEST(BlkInfo, RowsAreReadUpdatedAndListed) {
   BlkInfo table = MakeBlocks({1, 1, 1, 1}, {1});
   char number;
-  const char* name;
+  char* name;
   BlkInfo::EBlkType type;
   short nvar;
   float weight, scale;

@@ -71,7 +71,7 @@ inline PlainTable Content(Dataset& dataset) {
     return table;
   }
   short number;
-  const char* name;
+  char* name;
   for (int j = 1; j <= columns; ++j) {
     dataset.GetVarInfo(static_cast<short>(j), number, name);
     table.variables.push_back({number, name});

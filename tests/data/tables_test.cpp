@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "support/recording_window.h"
 #include "zemva/data/dataset.h"
 #include "zemva/data/ds_info.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
 #include "zemva/numeric/x_vector.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -47,10 +47,35 @@ TEST(ItmInfo, FailedChangesKeepTheirCodeAndChangeNothing) {
   EXPECT_FALSE(observations.IsModified());
 
   short number = 5;
-  const char* name = "old";
+  char old[] = "old";
+  char* name = old;
   EXPECT_EQ(observations.GetObs(4, number, name), 8021);
   EXPECT_EQ(number, 0);
   EXPECT_EQ(name, nullptr);
+}
+
+TEST(ItmInfo, ItemsCompareByNumberAndACopyIsWhole) {
+  const VarData item(1, "b");
+  EXPECT_TRUE(item < VarData(2, "a"));
+  EXPECT_FALSE(item < VarData(1, "c"));
+  EXPECT_TRUE(item == VarData(1, "a"));
+  EXPECT_TRUE(item != VarData(2, "b"));
+
+  ObsInfo table = ThreeObservations();
+  EXPECT_EQ(table.DelObs(99), 8014);
+  const ObsInfo copy(table);
+  ObsInfo assigned("other");
+  assigned = table;
+  table.DelAll();
+  table.ClearStatus();
+  for (const ObsInfo* each : {&copy, &std::as_const(assigned)}) {
+    EXPECT_STREQ(each->GetNam(), "Obs");
+    EXPECT_EQ(each->GetONum(3), 30);
+    EXPECT_EQ(each->GetONum(4), 0);
+    EXPECT_EQ(each->GetStatus(), 8014);
+    EXPECT_TRUE(each->IsModified());
+  }
+  EXPECT_EQ(ObsInfo(static_cast<const ObsInfo*>(nullptr)).GetStatus(), 8022);
 }
 
 TEST(ItmInfo, AFullTableRefusesAnotherRow) {
@@ -157,6 +182,18 @@ TEST(DSInfo, KeepsAddressesWholeAndDataSetsWithoutOwningThem) {
   EXPECT_STREQ(table.GetDSAddr(1), "one.vdo");
   EXPECT_EQ(table.GetDS(1), &dataset);
   EXPECT_EQ(table.GetDS(2), nullptr);
+  EXPECT_EQ(table.SetDS(2, nullptr), 7002);
+  EXPECT_EQ(table.SetDSAddr(2, ""), 7002);
+  EXPECT_EQ(table.SetDSAddr(1, "two.vdo"), 0);
+  table.ClearIsModified();
+  EXPECT_EQ(table.SetDS(1, nullptr), 0);
+  EXPECT_TRUE(table.IsModified());
+  EXPECT_EQ(table.GetDS(1), nullptr);
+  table.ShowAll(window);
+  EXPECT_EQ(window.log,
+            "Data sets has 1 items:\n"
+            "  Item DSNum     DSNam  DSAddr\n"
+            "     1     3       One  two.vdo\n");
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ class DamagedFile : public ::testing::Test {
     std::size_t length = 0;
     for (int i = 0; i <= dataset.GetNObsDS() + 1; ++i) {
       short number;
-      const char* name = nullptr;
+      char* name = nullptr;
       dataset.GetObsInfo(static_cast<short>(i), number, name);
       if (name != nullptr) length += std::string(name).size();
       name = nullptr;

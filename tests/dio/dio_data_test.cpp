@@ -64,7 +64,7 @@ TEST_F(DioDataTest, LoadsEveryFieldOfADataSet) {
     EXPECT_EQ(dataset_->GetNVarDS(), 2);
     EXPECT_EQ(dataset_->GetNValA(), 5);
     short number;
-    const char* name;
+    char* name;
     EXPECT_EQ(dataset_->GetObsInfo(2, number, name), 0);
     EXPECT_EQ(number, -2);
     EXPECT_STREQ(name, "second");
@@ -98,7 +98,7 @@ TEST_F(DioDataTest, LaterItemCountsButANumberThatIsSetStays) {
   EXPECT_STREQ(dataset_->GetDSNam(), "Later");
   EXPECT_EQ(dataset_->GetDSNum(), 7);
   short number;
-  const char* name;
+  char* name;
   dataset_->GetObsInfo(1, number, name);
   EXPECT_STREQ(name, "d");
   EXPECT_EQ((*dataset_)[1][1], 9.0f);
@@ -249,7 +249,7 @@ TEST_F(DioDataTest, LongNamesAreCutAndPutWhatFollowsOutOfStep) {
   const std::string fits(24, 'n');
   ASSERT_EQ(Load(FileOfItems(ItemsWith(kVarInfo, test::VarInfoItem({{1, fits}, {2, "y"}})))), 0);
   short number;
-  const char* name;
+  char* name;
   dataset_->GetVarInfo(1, number, name);
   EXPECT_EQ(name, fits);
   const std::string too_long(60000, 'n');
@@ -267,7 +267,7 @@ TEST_F(DioDataTest, TablesThatAreAbsentOrShortAnswerWithNone) {
   items.erase(items.begin() + kVarInfo);
   ASSERT_EQ(Load(FileOfItems(items)), 0);
   short number = 5;
-  const char* name = nullptr;
+  char* name = nullptr;
   EXPECT_EQ(dataset_->GetObsInfo(2, number, name), 8021);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(dataset_->GetVarInfo(1, number, name), 8021);

@@ -131,6 +131,53 @@ TEST_F(DioFileTest, HeaderFieldsAreReadAndWrittenInPlace) {
   EXPECT_EQ(bytes.substr(110, 4), test::I4(500));
 }
 
+TEST_F(DioFileTest, ScalarsAndArraysAreReadAsTheyWereWritten) {
+  const char bytes[] = {'-', 'a', 'b'};
+  const short numbers[] = {0, 1, -2};
+  const float values[] = {0.0f, 1.5f, -99.0f};
+  test::WriteBytes(path_ + "2", test::SmallFile());
+  DioFile source((path_ + "2").c_str(), window_);
+  source.OpenSuperItemFile();
+  int size = 0;
+  EXPECT_EQ(source.GetSuperSize(size), 0);
+  EXPECT_EQ(size, static_cast<int>(test::SmallFile().size()));
+  source.Seek(110);
+  const std::string written = Written([&](DioFile& file) {
+    EXPECT_EQ(file.WriteI1('x'), 0);
+    EXPECT_EQ(file.WriteI2(-3), 0);
+    EXPECT_EQ(file.WriteF4(2.5f), 0);
+    EXPECT_EQ(file.WriteVI1(bytes, 2), 0);
+    EXPECT_EQ(file.WriteVI2(numbers, 2), 0);
+    EXPECT_EQ(file.WriteVF4(values, 2), 0);
+    EXPECT_EQ(file.WriteComment("title", size), 0);
+    return file.CopySuperItemHeader(source);
+  });
+  EXPECT_EQ(size, 31 + 6);
+  EXPECT_EQ(written, "x" + test::I2(-3) + test::F4(2.5f) + "ab" + test::I2(1) + test::I2(-2) +
+                         test::F4(1.5f) + test::F4(-99.0f) +
+                         test::Item("Title", "sz61", {}, test::Z("title")) +
+                         test::SmallFile().substr(110, 31));
+  DioFile& file = Open(written);
+  char byte = 0;
+  short number = 0;
+  float value = 0.0f;
+  EXPECT_EQ(file.GetI1(byte), 0);
+  EXPECT_EQ(file.GetI2(number), 0);
+  EXPECT_EQ(file.GetF4(value), 0);
+  EXPECT_TRUE(byte == 'x' && number == -3 && value == 2.5f);
+  char* read = nullptr;
+  ASSERT_EQ(file.GetVI1(read, 2), 0);
+  EXPECT_EQ(std::string(read, 3), std::string("\0ab", 3));
+  delete[] read;
+
+  DioFile closed(path_.c_str(), window_);
+  EXPECT_EQ(closed.GetI2(number), 2005);
+  EXPECT_EQ(closed.WriteI2(number), 2006);
+  EXPECT_EQ(closed.CommitSuperItemFile(), 2006);
+  EXPECT_EQ(DioFile("", window_).NewFile(), 2011);
+  EXPECT_EQ(DioFile(folder_.File("no/such").c_str(), window_).NewFile(), 2002);
+}
+
 TEST_F(DioFileTest, ItemOffsetsAreFoundByName) {
   const std::string bytes = test::SmallFile();
   DioFile& file = Open(bytes);
@@ -233,8 +280,10 @@ TEST_F(DioFileTest, MatrixOfNoRowsReadsItsNameOnly) {
 }
 
 TEST_F(DioFileTest, DimensionsThatDoNotFitTheirFieldAreRefused) {
-  const XFMatrix high("M", 32768, 0, 0.0f);
-  const XFMatrix wide("M", 0, 32768, 0.0f);
+  XFMatrix high("M", 0, 0, 0.0f);
+  XFMatrix wide("M", 0, 0, 0.0f);
+  static_cast<FMatrix&>(high) = FMatrix(32768, 0, 0.0f);  // one with counts cannot be made so large
+  static_cast<FMatrix&>(wide) = FMatrix(0, 32768, 0.0f);
   const XI2Vector long_vector("V", 40000, 4);
   const std::string bytes = Written([&](DioFile& file) {
     int size = 0;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstring>
 #include <string>
 
 #include "zemva/errors/dio_error.h"
@@ -67,6 +69,14 @@ TEST(DioErrors, ShowMsgReturnsTheStatusAndComposesByClassNumber) {
     EXPECT_STREQ(error.GetMsg(), c.message) << "class " << c.error_code;
     EXPECT_STREQ(error.GetText(), "detail");
   }
+}
+
+TEST(DioErrors, ShowMsgIsTheirFirstVirtualOperation) {
+  // A pointer to a virtual member begins with its offset in the table plus 1.
+  const auto member = &BaseError::ShowMsg;
+  std::ptrdiff_t slot = 0;
+  std::memcpy(&slot, &member, sizeof slot);
+  EXPECT_EQ(slot, 1);
 }
 
 TEST(DioErrors, MergeComposesTextAndStatus) {

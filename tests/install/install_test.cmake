@@ -25,16 +25,31 @@ file(MAKE_DIRECTORY ${work})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${work}/made)
 file(RENAME ${work}/made ${prefix})
 
-# The programs stand beside the installed one, where Windows finds the library.
-run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${work}/consumer
-  -D CMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -D CMAKE_C_COMPILER=${C} -D CMAKE_CXX_COMPILER=${CXX}
-  -D zemva_ROOT=${prefix} -D CMAKE_RUNTIME_OUTPUT_DIRECTORY=${prefix}/bin)
-run(${CMAKE_COMMAND} --build ${work}/consumer)
+function(configure source build)
+  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${source} -B ${build} -D CMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}
+    -D CMAKE_C_COMPILER=${C} -D CMAKE_CXX_COMPILER=${CXX} ${ARGN})
+endfunction()
 
+# The programs of a consumer with what is installed in FOLDER. They stand beside the installed one,
+# where Windows finds the library.
+function(expect_usable folder)
+  configure(${CMAKE_CURRENT_LIST_DIR}/consumer ${folder}-consumer
+    -D zemva_ROOT=${folder} -D CMAKE_RUNTIME_OUTPUT_DIRECTORY=${folder}/bin)
+  run(${CMAKE_COMMAND} --build ${folder}-consumer --target ${ARGN})
+  foreach(program classes functions)
+    expect_output("50 4 Alabama 13.2\n" ${folder}/bin/${program}${SUFFIX} ${SAMPLE}.vdo)
+  endforeach()
+endfunction()
+
+expect_usable(${prefix} all)
 file(READ ${SAMPLE}.csv grid)
 expect_output("${grid}" ${prefix}/bin/zemva${SUFFIX} import ${SAMPLE}.vdo)
-expect_output("50 4 Alabama 13.2\n" ${prefix}/bin/classes${SUFFIX} ${SAMPLE}.vdo)
-expect_output("50 4 Alabama 13.2\n" ${prefix}/bin/functions${SUFFIX} ${SAMPLE}.vdo)
+
+# The static library, of the objects that are there: to compile them once more takes minutes.
+configure(${SOURCE} ${work}/static -D BUILD_SHARED_LIBS=OFF -D ZEMVA_TESTS=OFF)
+run(${AR} qcs ${work}/static/lib/libzemva.a @${OBJECTS})
+run(${CMAKE_COMMAND} --install ${work}/static --prefix ${work}/archive --component library)
+expect_usable(${work}/archive classes functions)
 
 find_program(PKG_CONFIG pkg-config)
 if(PKG_CONFIG AND NOT TOOLCHAIN)

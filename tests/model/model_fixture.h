@@ -6,15 +6,16 @@
 #include <string>
 #include <vector>
 
+#include "model/small_dataset.h"
+#include "support/recording_window.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/block/model_owner.h"
 #include "zemva/model/pc/pc_model.h"
-#include "model/small_dataset.h"
+#include "zemva/model/pls/pls_model.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/settings/options/mod_opt.h"
-#include "support/recording_window.h"
 
 namespace zemva::test {
 
@@ -36,9 +37,18 @@ class Owner : public ModelOwner {
   std::string questions;
 };
 
+// Names "a", "b" and so on.
+inline std::string Letters(int count) {
+  std::string letters;
+  for (int k = 0; k < count; ++k) letters += static_cast<char>('a' + k);
+  return letters;
+}
+
 // Centred, with the options of a model outside a project but for what a test sets.
-struct Bench {
-  explicit Bench(std::unique_ptr<Dataset> source) : dataset(std::move(source)) {
+template <typename Kind>
+struct BenchOf {
+  BenchOf(std::unique_ptr<Dataset> source, EModType type)
+      : dataset(std::move(source)), model(&owner, type, window, &options, 0) {
     owner.workset = &workset;
     options.SetIsCenter(true);
     options.SetIsRule(false);
@@ -46,8 +56,6 @@ struct Bench {
     options.SetSeqValidate(EValidate::NoCV);
     options.SetNComp(1);
   }
-  Bench(const std::string& names, const Rows& rows) : Bench(SmallDataset(names, rows)) {}
-
   // Computes while there is more to do. The last status.
   int Compute() {
     int status = model.Compute();
@@ -64,7 +72,35 @@ struct Bench {
   Workset workset{"WS", *dataset, window};
   Owner owner;
   ModOpt options;
-  PCModel model{&owner, EModType::kPC1, window, &options, 0};
+  Kind model;
+};
+
+struct Bench : BenchOf<PCModel> {
+  explicit Bench(std::unique_ptr<Dataset> source) : BenchOf(std::move(source), EModType::kPC1) {}
+  Bench(const std::string& names, const Rows& rows) : Bench(SmallDataset(names, rows)) {}
+};
+
+// With responses by name, or so many of the last variables.
+struct PLSBench : BenchOf<PLSModel> {
+  PLSBench(std::unique_ptr<Dataset> source, const std::vector<std::string>& responses,
+           EModType type = EModType::kPLS12)
+      : BenchOf(std::move(source), type) {
+    for (const std::string& name : responses) {
+      workset.SetRole(workset.GetVIx(name.c_str()), EVarRole::kY);
+    }
+  }
+  PLSBench(const Rows& rows, int response_count, EModType type = EModType::kPLS12)
+      : BenchOf(SmallDataset(Letters(static_cast<int>(rows[0].size())), rows), type) {
+    for (int m = 0; m < response_count; ++m) {
+      workset.SetRole(static_cast<short>(workset.GetNVarDS() - m), EVarRole::kY);
+    }
+  }
+
+  // Neither centred nor scaled.
+  void TakeAsIs() {
+    options.SetIsCenter(false);
+    for (const short j : PositionsUpTo(workset.GetNVar())) workset.SetScaling(j, EScaType::kNone);
+  }
 };
 
 inline std::unique_ptr<Dataset> Sample(const std::string& name) {
@@ -72,13 +108,6 @@ inline std::unique_ptr<Dataset> Sample(const std::string& name) {
                                            GlobalStreamWindow());
   dataset->Load();
   return dataset;
-}
-
-// Names "a", "b" and so on.
-inline std::string Letters(int count) {
-  std::string letters;
-  for (int k = 0; k < count; ++k) letters += static_cast<char>('a' + k);
-  return letters;
 }
 
 // Numbers without a pattern, always the same, between -1 and 1.

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <string>
 
+#include "model/model_fixture.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
 #include "zemva/data/selection.h"
-#include "model/model_fixture.h"
 #include "zemva/model/preprocess/exp_info.h"
 #include "zemva/model/preprocess/lag_info.h"
 #include "zemva/model/preprocess/sca_info.h"
@@ -57,6 +57,8 @@ TEST(ModelGroups, TablesTakeThemOver) {
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &model, false), 8009);
   ASSERT_EQ(grouped.Compute(), 0);
 
+  // As many rows as there can be.
+  while (model.GetBIXPtr()->AddItm(9, "", BlkInfo::kUndefined, 0, kM) == 0) continue;
   // a, c and d, and what is made of a.
   grouped.all[2] = grouped.all[5] = kNotSelected;
   const short term = model.GetVarInfoX()->GetVNum(5);
@@ -93,6 +95,41 @@ TEST(ModelGroups, TablesTakeThemOver) {
   Bench without("ab", test::Noise().Table(5, 2));
   ASSERT_EQ(without.Compute(), 0);
   EXPECT_EQ(classes.SetClaInfo(&observations, &without.model), 8022);
+}
+
+TEST(ModelGroups, TablesTakeThoseOfResponsesOver) {
+  // a and the responses c and d are a block.
+  test::PLSBench bench(test::Noise().Table(10, 4), 2);
+  for (const short j : {short{1}, short{3}, short{4}}) {
+    bench.workset.SetBlock(j, 7, BlkInfo::kFourthRoot);
+  }
+  bench.workset.SetFixedWeight(4, EScaType::kFW, 2.0f);
+  ASSERT_EQ(bench.Compute(), 0);
+  const PLSModel& model = bench.model;
+  LagInfo lags("LagInfo");
+  ExpInfo terms("ExpInfo");
+  BlkInfo blocks("BlkInfo", 1);
+  XI1Vector all("Selection", 4, kSelected);
+  all[3] = kNotSelected;
+  EXPECT_EQ(blocks.SetBlkInfo(&all, kSelected, &lags, &terms, &model), 0);
+  EXPECT_EQ(blocks.GetNVar(), 3);
+  EXPECT_EQ(blocks.GetNItm(), 0);
+  all[3] = kSelected;
+  EXPECT_EQ(blocks.SetBlkInfo(&all, kSelected, &lags, &terms, &model), 0);
+  ASSERT_EQ(blocks.GetNItm(), 1);
+  EXPECT_EQ(blocks.GetNVar(1), 2);
+  EXPECT_EQ(blocks.GetBType(1), BlkInfo::kFourthRoot);
+  EXPECT_EQ(blocks.GetBStat(4), 7);
+  XI1Vector x_alone("Selection", 2, kSelected);
+  EXPECT_EQ(blocks.SetBlkInfo(&x_alone, kSelected, &lags, &terms, &model), 8021);
+
+  VarInfo variables("VarInfo");
+  variables.AddVar(400, "d");
+  variables.AddVar(200, "b");
+  ScaInfo scalings("ScaInfo");
+  EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &model, false), 0);
+  EXPECT_EQ(scalings.GetItm(1)->GetWeig(), 2.0f);
+  EXPECT_EQ(scalings.GetItm(2)->GetWeig(), model.GetScaInfoX()->GetItm(2)->GetWeig());
 }
 
 }  // namespace

@@ -359,11 +359,6 @@ TEST(Model, HasTheQ2LimitOfItsKind) {
   EXPECT_FLOAT_EQ(bench.model.GetQ2Limit(2), 1.0f - 144.0f / 196.0f);
   EXPECT_EQ(bench.model.GetQ2Limit(5), 1.0f);
   EXPECT_EQ(bench.model.GetQ2Limit(0), kM);
-  PCModel pls(&bench.owner, EModType::kPLS12, bench.window, &bench.options, 0);
-  bench.options.SetIsXDesigned(false);
-  EXPECT_EQ(pls.GetQ2Limit(1), 0.0975f);
-  bench.options.SetIsXDesigned(true);
-  EXPECT_EQ(pls.GetQ2Limit(1), -0.2f);
 }
 
 TEST(Model, ListsItself) {

@@ -87,13 +87,13 @@ TEST(GroupLabels, GoRoundThePassesAndRotate) {
 TEST(GroupLabels, AreMadeForACoprimeNumberOfGroups) {
   test::RecordingWindow window;
   ModelLog log(window);
-  EXPECT_EQ(GetGroupCount(7, 15, log), 7);
+  EXPECT_EQ(GetGroupCount(7, 15, &log), 7);
   EXPECT_FALSE(log.IsWritten());
-  EXPECT_EQ(GetGroupCount(7, 14, log), 9);
+  EXPECT_EQ(GetGroupCount(7, 14, &log), 9);
   EXPECT_EQ(window.log,
             "NCV is incremented to 8 to make all var.s participate in each CV round.\n"
             "NCV is incremented to 9 to make all var.s participate in each CV round.\n");
-  EXPECT_EQ(GetGroupCount(32767, 7, log), 0);
+  EXPECT_EQ(GetGroupCount(32767, 7, &log), 0);
 }
 
 TEST(Rule2, NeedsMoreVariablesFromEachCubeOn) {

@@ -280,9 +280,12 @@ TEST(Workset, TablesRefuseWhatIsNotInTheWorkset) {
   EXPECT_EQ(blocks.SetBlkInfo(nullptr, 1, &lags, &none, &workset), 8022);
   EXPECT_EQ(blocks.SetBlkInfo(&all, 1, &lags, &none, static_cast<Workset*>(nullptr)), 8022);
   EXPECT_EQ(blocks.SetBlkInfo(&too_many, 1, &lags, &none, &workset), 8021);
+  EXPECT_FALSE(blocks.IsModified());
+  EXPECT_EQ(blocks.SetBlkInfo(&all, 1, &lags, &none, &workset), 0);
+  EXPECT_TRUE(blocks.IsModified());
   lags.AddItm(LagData(200, "b", 100, 1, kM, 0));
   EXPECT_EQ(blocks.SetBlkInfo(&all, 1, &lags, &none, &workset), 8015);
-  EXPECT_EQ(blocks.GetNVar(), 1);
+  EXPECT_EQ(blocks.GetNVar(), 2);
   VarInfo variables("VarInfo");
   variables.AddVar(300, "c");
   ScaInfo scalings("ScaInfo");

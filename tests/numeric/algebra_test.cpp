@@ -3,9 +3,9 @@
 #include <cmath>
 #include <memory>
 
-#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
 #include "support/temp_folder.h"
+#include "zemva/numeric/d_matrix.h"
 
 namespace zemva {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "zemva/numeric/d_matrix.h"
 #include "numeric/matrices.h"
 #include "support/recording_window.h"
+#include "zemva/numeric/d_matrix.h"
 
 namespace zemva {
 namespace {

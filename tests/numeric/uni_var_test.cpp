@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "numeric/matrices.h"
+#include "support/recording_window.h"
 #include "zemva/numeric/moments.h"
 #include "zemva/numeric/sample.h"
-#include "support/recording_window.h"
 
 namespace zemva {
 namespace {
@@ -157,6 +157,7 @@ TEST_F(UniVarTable, WithoutObservationsOrArguments) {
   delete headers;
   EXPECT_EQ(UniVar().Calc(&x_, &observations_, &variables_, window_), 13002) << "wrong lengths";
   EXPECT_EQ(UniVar().Calc(nullptr, &variables_, &observations_, window_), 13002);
+  EXPECT_EQ(UniVar().Calc(&x_, &variables_, nullptr, window_), 13002);
   EXPECT_EQ(UniVar().CalcAndReturnAsVectors(&x_, nullptr, &observations_, results, headers), 13002);
   EXPECT_EQ(results, nullptr);
 }

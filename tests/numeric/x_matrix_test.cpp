@@ -107,7 +107,9 @@ TEST(XFMatrix, ArithmeticWithVectors) {
   const XFVector rows = VectorOf({1, kMissing, 3});
   EXPECT_EQ(matrix.MSubVp(&rows), 5004);
   EXPECT_EQ(matrix.Addcomp(&columns, &columns), 5004);
+  EXPECT_EQ(matrix.Subcomp(&rows, &rows), 5004);
   EXPECT_EQ(matrix.Addcomp(nullptr, &columns), 5007);
+  EXPECT_EQ(matrix.Addcomp(&rows, nullptr), 5007);
   EXPECT_EQ(matrix.MDotMulVp(nullptr), 5007);
   EXPECT_EQ(CellsOf(matrix), (Floats{1, 2, -99, 4, 5, 6}));
   EXPECT_EQ(matrix.MSubVp(&columns), 0);

@@ -1,7 +1,12 @@
 include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 
 run(0 options --ini ${WORK})
+if(EXISTS ${WORK}/zemva.ini)
+  message(SEND_ERROR "listing the options wrote a file")
+endif()
 foreach(line
+    "ExtMisVal +-100000.0 +-100000.0 +a real number\n"
+    "DefaultProjectDir +a path that exists\n"
     "CompLimLoa +3\\.0 +3\\.0 +a real number from 1 to 5\n"
     "MaxIter +200 +200 +an integer from 0 to 2147483647\n"
     "VarPltMark +Name +Name +None, Number or Name\n"
@@ -41,5 +46,8 @@ if(NOT CMAKE_HOST_WIN32 AND NOT PROGRAM MATCHES "\\.exe")
   run(1 options set NCV 8 --ini ${WORK}/${long})
   expect("${err}" "path too long")
 endif()
+run(0 options set ExtMisVal -5.5 --ini ${WORK})
+run(0 options --ini ${WORK})
+expect("${out}" "ExtMisVal +-5.5 ")
 run(2 options set NCV)
 run(2 options --ini)

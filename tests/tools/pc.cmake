@@ -1,16 +1,5 @@
-include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
-
-# fit(ARGUMENT...): runs the command with its files in WORK/out.
-macro(fit)
-  file(REMOVE_RECURSE ${WORK}/out)
-  run(0 pc ${ARGN} --out ${WORK}/out)
-endmacro()
-
-# expect_in(TABLE REGEX): what a file of the last fit must hold.
-function(expect_in table regex)
-  file(READ ${WORK}/out/${table}.csv text)
-  expect("${text}" "${regex}")
-endfunction()
+set(MODEL pc)
+include(${CMAKE_CURRENT_LIST_DIR}/run_model.cmake)
 
 # The numbers are those of a singular value decomposition in double precision. Two components of
 # the irises are significant, which leaves the third to be refused.
@@ -83,8 +72,40 @@ file(WRITE ${WORK}/test.csv ",,Petal.Width,new,Petal.Length,Sepal.Width,Sepal.Le
 ")
 run(0 convert ${WORK}/test.csv ${WORK}/test.vdo)
 fit(${SAMPLES}/iris.vdo --test ${WORK}/test.vdo)
+file(COPY ${WORK}/out/predictions.csv DESTINATION ${WORK}/of_project)
+fit(${SAMPLES}/iris.csv --test ${WORK}/test.csv)
+expect_same_files(${WORK}/of_project/predictions.csv ${WORK}/out/predictions.csv)
 expect("${err}" "Observation excluded")
 expect_in(predictions "\n5,average,0,0,0,1\n6,step,(1|0\\.9999|1\\.0000)[0-9]*,-?[0-9.]+e-0[5-9],[^\n]*\n7,empty,,,,\n$")
+
+# Tables of an earlier model do not stay beside those of this one.
+run(0 pc ${SAMPLES}/iris.csv --out ${WORK}/out)
+expect("${err}" "/out/predictions.csv: of an earlier model, is removed\r?\n$")
+if(EXISTS ${WORK}/out/predictions.csv)
+  message(SEND_ERROR "the predictions of an earlier model stayed")
+endif()
+
+# Classes from a column of texts.
+file(WRITE ${WORK}/kinds.csv
+  "id,kind,x,y\n1,b,1,2\n2,a,3,5\n3,b,4,4\n4,b,2,7\n5,a,9,9\n6,b,5,3\n7,b,0,1\n")
+fails(1 ${WORK}/kinds.csv "kinds.csv: line 1, column 2: 'kind' holds texts: --class-by ")
+fit(${WORK}/kinds.csv --numbers id --class-by kind --only-class 1 --components 1)
+expect("${err}" "kinds.csv: 7 observations .numbers from 'id', no names., 2 variables, 2 classes from 'kind': 1 b .5., 2 a .2.\r?\n")
+expect("${out}" "NObs = 5,")
+fails(2 "${WORK}/kinds.csv;--class-by;kind;--class;1=1-3" "^zemva: --class-by and --class ")
+
+# The settings file is where models start; the command line goes before it.
+run(0 options set MaxIter 2 --ini ${WORK})
+fit(${SAMPLES}/iris.csv --ini ${WORK} --components 1)
+expect("${err}" "iris.csv: component 1 has not converged in 2 iterations; --max-iter allows more\r?\n$")
+fit(${SAMPLES}/iris.csv --ini ${WORK} --components 1 --max-iter 200)
+expect_same_files(${WORK}/default.csv ${WORK}/out/components.csv)
+file(REMOVE ${WORK}/zemva.ini)
+
+# Rule 2 keeps a component for the sake of a few variables.
+file(WRITE ${WORK}/noise.csv "a,b,c,d,e,f\n-0.1,-1.0,-0.7,0.1,0.8,-1.4\n0.6,0.5,0.6,-0.5,-0.3,-0.9\n0.3,-0.5,0.8,-0.4,-0.7,0.3\n-0.4,-0.7,-0.4,-1.5,1.4,-1.3\n-0.6,-0.5,-0.7,0.5,-3.6,-0.2\n-3.7,-3.1,-3.9,-0.2,-2.2,0.1\n-2.9,-1.7,-2.2,-0.1,0.0,-1.6\n3.4,2.6,3.3,-1.9,-0.0,-1.3\n")
+fit(${WORK}/noise.csv)
+expect("${err}" "noise.csv: component 2 predicts less than none .Q2 below 0.; --components 1 keeps 1 component with a Q2.cum. of 0.[0-9]+\r?\n$")
 
 # Names in the code page, and in need of quotes.
 file(WRITE ${WORK}/names.csv
@@ -103,31 +124,27 @@ fit(${WORK}/sparse.vdo --components 2 --ncv 2)
 expect("${err}" "sparse.vdo: stopped after 1 component: MVA: Only missing [^\n]* \\(8043\\)")
 
 # What stands against a model: the file, its data, the significance of the first component.
-function(fails status arguments message)
-  run(${status} pc ${arguments})
-  expect("${err}" "${message}")
-  expect("${out}" "^$")
-endfunction()
 file(WRITE ${WORK}/text.vdo "no project file")
 fails(1 ${WORK}/none.vdo "^zemva: [^\n]*none.vdo: DIO: File open error. \\(2004\\)\r?\n$")
-fails(1 ${WORK}/text.vdo "^zemva: [^\n]*text.vdo: DIO: Read error. \\(2005\\)\r?\n$")
+fails(1 ${WORK}/text.vdo "^zemva: [^\n]*text.vdo: line 1, column 1: there is no row below the header row\r?\n$")
 file(WRITE ${WORK}/constant.csv ",,a,b,c\n1,,1,2,7\n2,,3,2,1\n3,,2,2,5\n4,,9,2,0\n5,,4,2,2\n")
 run(0 convert ${WORK}/constant.csv ${WORK}/constant.vdo)
 fails(1 ${WORK}/constant.vdo "X-variable 2 b\r?\n[^\n]*constant.vdo: [^\n]* \\(8038\\)\r?\n$")
 fails(1 "${WORK}/constant.vdo;--exclude;a,b,c" "constant.vdo: [^\n]* \\(8017\\)\r?\n$")
 fails(1 "${SAMPLES}/iris.vdo;--class;1=1-3;--only-class;1" "iris.vdo: [^\n]* \\(8020\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--class;1=1-50;--only-class;1;--out;${WORK}/refused"
+fails(1 "${SAMPLES}/iris.vdo;--class;1=1-50;--only-class;1;--out;${WORK}/refused/deep"
   "acc\\. to current rules\\.\r?\n[^\n]*iris.vdo: no component is significant; --components [^\n]*\n$")
 fails(1 "${WORK}/sparse.vdo;--components;2;--ncv;2;--scale;None" "sparse.vdo: [^\n]* \\(8043\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/text.vdo" "text.vdo: [^\n]* \\(2005\\)\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/text.vdo" "text.vdo: line 1, [^\n]*\r?\n$")
+fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/none.vdo" "none.vdo: [^\n]* \\(2004\\)\r?\n$")
 fails(1 "${SAMPLES}/iris.vdo;--test;${SAMPLES}/mtcars.vdo" "mtcars.vdo: [^\n]* \\(8033\\)\r?\n$")
 
 # Files that cannot be written.
-run(1 pc ${SAMPLES}/iris.vdo --out ${WORK}/text.vdo/out)
-expect("${err}" "\nzemva: [^\n]*/out: cannot be created\r?\n$")
+run(1 pc ${WORK}/none.vdo --out ${WORK}/text.vdo/out)
+expect("${err}" "^zemva: [^\n]*/out: cannot be created\r?\n$")
 file(MAKE_DIRECTORY ${WORK}/blocked/observations.csv)
-run(1 pc ${SAMPLES}/iris.vdo --out ${WORK}/blocked)
-expect("${err}" "\nzemva: [^\n]*/observations.csv: cannot be written\r?\n$")
+run(1 pc ${WORK}/none.vdo --out ${WORK}/blocked)
+expect("${err}" "^zemva: [^\n]*/observations.csv: cannot be written\r?\n$")
 if(EXISTS ${WORK}/refused)
   message(SEND_ERROR "a model without components left files")
 endif()

@@ -1,6 +1,8 @@
 # Helpers of the program's tests. PROGRAM is the command, SAMPLES the samples, WORK a folder.
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
+# No settings but those of the test.
+set(ENV{XDG_CONFIG_HOME} ${WORK})
 
 # run(EXIT_STATUS ARGUMENT...): runs the program; leaves what it wrote in `out` and `err`.
 macro(run exit_status)

@@ -6,6 +6,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -19,6 +20,7 @@
 #include <sys/stat.h>
 #include <windows.h>
 #else
+#include <dirent.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -29,6 +31,8 @@ namespace zemva {
 namespace {
 
 namespace fs = std::filesystem;
+
+using NativeName = std::basic_string_view<fs::path::value_type>;
 
 #if defined(_WIN32)
 int ProcessNumber() {
@@ -65,6 +69,19 @@ void RemoveUnlessLocked(const fs::path& path) {
 void RemoveOpen(std::FILE* stream, const fs::path& path) {
   if (stream != nullptr) CloseHandle(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))));
   DeleteFileW(path.c_str());
+}
+
+// Calls `action` with the name of each file in the folder. (The iterator of the standard library
+// ends the program where memory runs out.)
+template <class Action>
+void ForEachName(const fs::path& folder, Action action) {
+  WIN32_FIND_DATAW found;
+  const HANDLE search = FindFirstFileW((folder / L"*").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    action(NativeName(found.cFileName));
+  } while (FindNextFileW(search, &found) != 0);
+  FindClose(search);
 }
 
 // A new file that nobody else had; null, with EEXIST, when there is one of that name. Who may read
@@ -129,6 +146,19 @@ void RemoveUnlessLocked(const fs::path& path) {
 
 void RemoveOpen(std::FILE*, const fs::path& path) {
   unlink(path.c_str());
+}
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Calls `action` with the name of each file in the folder. (The iterator of the standard library
+// ends the program where memory runs out.)
+template <class Action>
+void ForEachName(const fs::path& folder, Action action) {
+  const std::unique_ptr<DIR, CloseFolder> open_folder(opendir(folder.c_str()));
+  if (!open_folder) return;
+  while (const dirent* entry = readdir(open_folder.get())) action(NativeName(entry->d_name));
 }
 
 // A new file that nobody else had; null, with EEXIST, when there is one of that name, be it a link.
@@ -205,8 +235,7 @@ fs::path NameBeside(const fs::path& target, int attempt) {
 
 // The number of the process that wrote a file of this name beside another; nothing where no file of
 // this name is written.
-std::optional<int> WriterOf(const fs::path& name) {
-  const auto& text = name.native();
+std::optional<int> WriterOf(NativeName text) {
   const auto is_digit = [](auto c) { return '0' <= c && c <= '9'; };
   if (text.size() < kPrefix.size() || !std::equal(kPrefix.begin(), kPrefix.end(), text.begin())) {
     return std::nullopt;
@@ -223,14 +252,12 @@ std::optional<int> WriterOf(const fs::path& name) {
 }
 
 void RemoveLeftovers(const fs::path& folder) {
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const std::optional<int> writer = WriterOf(entry->path().filename());
+  ForEachName(folder, [&](NativeName name) {
+    const std::optional<int> writer = WriterOf(name);
     if (writer && (*writer == ProcessNumber() || !IsAlive(*writer))) {
-      RemoveUnlessLocked(entry->path());
+      RemoveUnlessLocked(folder / name);
     }
-  }
+  });
 }
 
 // What a signal has to remove. More files than places are written by no program of ours; what such

@@ -5,9 +5,10 @@
 #include <cstring>
 #include <utility>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/names.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
 
@@ -15,6 +16,10 @@ namespace zemva {
 namespace {
 
 constexpr short kSmallestBlock = 2;
+
+bool IsBlock(short bnum) {
+  return bnum >= 1 && bnum <= BlkInfo::kMaxBlock;
+}
 
 float Scale(BlkInfo::EBlkType type, short nvar) {
   if (nvar < 1) return kMissing;
@@ -53,20 +58,27 @@ int BlkInfo::DelAll() {
 }
 
 int BlkInfo::AddItm(char bnum, const char* name, EBlkType type, short nvar, float weight) {
+  if (!IsBlock(bnum)) return SetStatus(status::mva::kIndexOutOfRange);
   return MakeItm<BlkData>(bnum, name, type, nvar, weight);
+}
+
+int BlkInfo::SetINum(short i, short bnum) {
+  if (!IsBlock(bnum)) return SetStatus(status::mva::kIndexOutOfRange);
+  return ItmInfo::SetINum(i, bnum);
 }
 
 int BlkInfo::UpdateItm(short i, char bnum, const char* name, EBlkType type, short nvar,
                        float weight) {
   BlkData* row = GetRow(i);
   if (row == nullptr) return SetStatus(status::itm::kBadPosition);
+  if (!IsBlock(bnum)) return SetStatus(status::mva::kIndexOutOfRange);
   *row = BlkData(bnum, name, type, nvar, weight);
   return Changed(status::kOk);
 }
 
-int BlkInfo::GetItm(short i, char& bnum, const char*& name, EBlkType& type, short& nvar,
-                    float& weight, float& scale) {
-  const BlkData* row = GetRow(i);
+int BlkInfo::GetItm(short i, char& bnum, char*& name, EBlkType& type, short& nvar, float& weight,
+                    float& scale) {
+  BlkData* row = GetRow(i);
   if (row == nullptr) return SetStatus(status::itm::kBadPosition);
   bnum = GetBNum(i);
   name = row->GetINam();
@@ -122,7 +134,8 @@ int BlkInfo::DelVar(short v) {
   const char b = GetBStat(v);
   if (b == kNoBlock) return SetStatus(status::mva::kNoSuchNumber);
   const short block = GetIx(short{b});
-  const bool is_deleted = GetNVar(block) <= kSmallestBlock;
+  const auto nvar = static_cast<short>(std::ranges::count(b_stat_.Values(), b));
+  const bool is_deleted = nvar <= kSmallestBlock;
 
   XI1Vector rest("BStat", GetNVar() - 1, kNoBlock);
   if (rest.GetStatus() != status::kOk) return SetStatus(status::mva::kMemory);
@@ -133,11 +146,9 @@ int BlkInfo::DelVar(short v) {
   b_stat_ = rest;
   if (b_stat_.NVal() != rest.NVal()) return SetStatus(status::mva::kMemory);
 
-  if (is_deleted) {
-    DelItm(block);
-  } else {
-    GetRow(block)->SetNVar(static_cast<short>(GetNVar(block) - 1));
-  }
+  BlkData* const row = GetRow(block);
+  if (row != nullptr && is_deleted) DelItm(block);
+  if (row != nullptr && !is_deleted) row->SetNVar(static_cast<short>(nvar - 1));
   return Changed(status::kOk);
 }
 
@@ -156,12 +167,12 @@ int BlkInfo::FixAddedVars(short v, short source) {
 int BlkInfo::Transfer(XFVector* weights) {
   if (weights == nullptr) return SetStatus(status::mva::kNullPointer);
   if (weights->NVal() != GetNVar()) return SetStatus(status::mva::kIndexOutOfRange);
-  for (short i = 1; GetRow(i) != nullptr; ++i) {
+  for (const short i : PositionsUpTo(GetNItm())) {
     BlkData& row = *GetRow(i);
     const float scale = Scale(row.GetBType(), row.GetNVar());
     row.SetBWeig(scale);
     if (IsMissing(scale)) continue;
-    for (int v = 1; v <= weights->NVal(); ++v) {
+    for (const short v : PositionsUpTo(GetNVar())) {
       float& weight = (*weights)[v];
       if (b_stat_[v] == GetBNum(i) && !IsMissing(weight)) weight *= scale;
     }
@@ -182,11 +193,11 @@ BlkInfo* BlkInfo::ExtBlkInfo(const XI1Vector* sel, char wanted) {
   }));
   if (GetStatus() != status::kOk) return nullptr;
   short position = 0;
-  for (int v = 1; v <= length; ++v) {
+  for (const short v : PositionsUpTo(length)) {
     if ((*sel)[v] == wanted) extract->b_stat_[++position] = b_stat_[v];
   }
-  for (int i = 1; i <= GetNItm() && GetStatus() == status::kOk; ++i) {
-    SetStatus(extract->TakeBlock(*GetRow(static_cast<short>(i))));
+  for (const short i : PositionsUpTo(GetNItm())) {
+    if (GetStatus() == status::kOk) SetStatus(extract->TakeBlock(*GetRow(i)));
   }
   return GetStatus() == status::kOk ? extract.release() : nullptr;  // the caller's
 }
@@ -217,7 +228,7 @@ int BlkInfo::SetBlocks(const std::vector<char>& blocks, const BlockTypes& types)
   b_stat_ = table.b_stat_;
   if (b_stat_.NVal() != table.b_stat_.NVal()) return status::mva::kMemory;
   ItmInfo::operator=(std::move(table));
-  return status::kOk;
+  return Changed(status::kOk);
 }
 
 int BlkInfo::ShowAll(StreamWindow& window) {
@@ -225,7 +236,7 @@ int BlkInfo::ShowAll(StreamWindow& window) {
   if (GetNItm() == 0) return status::kOk;
   b_stat_.Show(window);
   Listing(window).Text("  Item  BNum     BNam  BType   NVar    BWeig").EndLine();
-  for (int i = 1; i <= GetNItm(); ++i) ShowRow(static_cast<short>(i), window);
+  for (const short i : PositionsUpTo(GetNItm())) ShowRow(i, window);
   return status::kOk;
 }
 

@@ -22,6 +22,7 @@ class Workset;
 // The block of each variable, 0 for none, and a row for each block. Block numbers are 1..99.
 class ZEMVA_API BlkInfo : public ItmInfo {
  public:
+  // The largest number of a block.
   static constexpr int kMaxBlock = 99;
 
   // The block scaling: one over the square root, or the fourth root, of the number of variables.
@@ -39,14 +40,16 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // Deletes all blocks and leaves every variable in none.
   int DelAll() override;
 
-  // Appends a block. 8002 when it cannot be made.
+  // Appends a block. 8021 for a number outside 1..99, 8002 when it cannot be made.
   int AddItm(char bnum, const char* name, EBlkType type, short nvar, float weight);
-  // Overwrites row i. 7002 for a bad position.
+  // Overwrites row i. 7002 for a bad position, 8021 for a number outside 1..99.
   int UpdateItm(short i, char bnum, const char* name, EBlkType type, short nvar, float weight);
+  // Gives the block in row i another number, with the codes of UpdateItm.
+  int SetINum(short i, short bnum);
   // Reads row i. The name points into the table; `scale` is what the type makes of the number of
   // variables, missing where there are none or the type is undefined. 7002, with nothing read, for
   // a bad position.
-  int GetItm(short i, char& bnum, const char*& name, EBlkType& type, short& nvar, float& weight,
+  int GetItm(short i, char& bnum, char*& name, EBlkType& type, short& nvar, float& weight,
              float& scale);
 
   // The number of the block in row i, and how many variables it has; 0 for a bad position.
@@ -91,9 +94,9 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // runs out; the table is then unchanged. Its body is in model/workset/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Workset* workset);
-  // The same of the X variables of a model, which `sel` has a byte for, and its blocks; without
-  // blocks in the model there are none. 8009 when the model has no data loaded. Its body is in
-  // model/driver/.
+  // The same of the variables of a model, those of X and then those of Y, which `sel` has a byte
+  // for, and its blocks; without blocks in the model there are none. 8009 when the model has no
+  // data loaded. Its body is in model/driver/.
   int SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags, const ExpInfo* terms,
                  const Model* model);
 
@@ -109,6 +112,8 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   // `sel` is null, and with status 8002 when memory runs out.
   BlkInfo* ExtBlkInfo(const XI1Vector* sel, char wanted);
 
+  // List the blocks of the variables and all rows, one row ("Index error." for a bad position), and
+  // the blocks of the variables alone. They return 0.
   int ShowAll(StreamWindow& window) override;
   int ShowItm(short i, StreamWindow& window) override;
   int ShowBStat(StreamWindow& window);
@@ -132,10 +137,12 @@ class ZEMVA_API BlkInfo : public ItmInfo {
 // The item's number is that of the block.
 class ZEMVA_API BlkData : public ItmData {
  public:
+  // The weight is missing where there is none.
   BlkData(short num, const char* name, BlkInfo::EBlkType type, short nvar, float weight)
       : ItmData(num, name), type_(type), nvar_(nvar), weight_(weight) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<BlkData>(*this); }
 
+  // The type of its scaling, the number of its variables, and its weight: missing until Transfer.
   BlkInfo::EBlkType GetBType() const { return type_; }
   short GetNVar() const { return nvar_; }
   void SetNVar(short nvar) { nvar_ = nvar; }

@@ -5,9 +5,9 @@
 
 #include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/names.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 
 namespace zemva {
@@ -69,7 +69,7 @@ ClaInfo* ClaInfo::ExtClaInfo(const XI1Vector* sel) {
   }));
   if (GetStatus() != status::kOk) return nullptr;
   short position = 0;
-  for (int i = 1; i <= length; ++i) {
+  for (const short i : PositionsUpTo(length)) {
     if ((*sel)[i] == kSelected) extract->SetOClass(++position, o_class_[i]);
   }
   SetStatus(extract->Update());

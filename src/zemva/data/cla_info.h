@@ -18,9 +18,11 @@ class Workset;
 // The item's number is that of the class, 1..99; NObs counts the observations in it.
 class ZEMVA_API ClaData : public ItmData {
  public:
+  // `nobs` observations are in class `num`.
   ClaData(short num, const char* name, short nobs) : ItmData(num, name), nobs_(nobs) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<ClaData>(*this); }
 
+  // How many observations are in the class.
   short GetNObs() const { return nobs_; }
 
  private:
@@ -28,10 +30,11 @@ class ZEMVA_API ClaData : public ItmData {
 };
 
 // The class of each observation, 0 for none, and a row for each class that has any, in the order in
-// which they first appear. The rows follow the assignments: while the table is marked modified they
-// are out of date, and they are built anew before they are read.
+// which they first appear. A table that is marked modified has rows that may be out of date: they
+// are built anew before a class is read.
 class ZEMVA_API ClaInfo : public ItmInfo {
  public:
+  // The largest number of a class.
   static constexpr int kMaxClass = 99;
 
   // Without any class. Status 8002 when memory runs out.
@@ -45,8 +48,6 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // 8021 when the table has not one row an observation, 8002 when memory runs out. Its body is in
   // model/driver/.
   int SetClaInfo(const ObsInfo* observations, const Model* model);
-  // 8021 for a position outside 1..nobs or a class outside 0..99.
-  int SetOClass(short i, char c);
   // 0 for a bad position.
   char GetOClass(short i) const { return o_class_.GetElement(i); }
 
@@ -65,9 +66,12 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // runs out.
   ClaInfo* ExtClaInfo(const XI1Vector* sel);
 
+  // Lists the classes of the observations and the rows. Returns 0.
   int ShowAll(StreamWindow& window) override;
 
  private:
+  // Leaves the rows out of date. 8021 for a position outside 1..nobs or a class outside 0..99.
+  int SetOClass(short i, char c);
   int AddItm(char num, const char* name, short nobs) { return MakeItm<ClaData>(num, name, nobs); }
   int UpdateIfModified() { return IsModified() ? Update() : 0; }
   int Update();

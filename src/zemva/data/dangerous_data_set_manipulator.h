@@ -43,6 +43,7 @@ class ZEMVA_API DangerousDataSetManipulator {
   // The matrix, which is the caller's from here on.
   static XFMatrix* TakeDM(Dataset* dataset) { return dataset->matrix_.release(); }
 
+  // What is there, without loading; null where there is no matrix.
   static const XFMatrix* GetDM(const Dataset* dataset) { return dataset->matrix_.get(); }
   static short GetNObsDS(const Dataset* dataset) { return dataset->nobs_; }
   static short GetNVarDS(const Dataset* dataset) { return dataset->nvar_; }

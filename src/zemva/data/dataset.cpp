@@ -2,9 +2,10 @@
 
 #include <cstring>
 
+#include "zemva/base/positions.h"
 #include "zemva/base/time_stamp.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 
 namespace zemva {
@@ -97,14 +98,14 @@ float* Dataset::GetRow(int i) const {
   return matrix_ && i >= 1 && i <= matrix_->NRow() ? (*matrix_)[i] : nullptr;
 }
 
-int Dataset::GetObsInfo(short i, short& onum, const char*& name) {
+int Dataset::GetObsInfo(short i, short& onum, char*& name) {
   onum = 0;
   name = nullptr;
   if (const int status = EnsureLoaded(); status != status::kOk) return status;
   return status_ = obs_info_ ? obs_info_->GetObs(i, onum, name) : status::mva::kIndexOutOfRange;
 }
 
-int Dataset::GetVarInfo(short i, short& vnum, const char*& name) {
+int Dataset::GetVarInfo(short i, short& vnum, char*& name) {
   vnum = 0;
   name = nullptr;
   if (const int status = EnsureLoaded(); status != status::kOk) return status;
@@ -139,6 +140,21 @@ int Dataset::SetObsNum(short i, short onum) {
 int Dataset::SetVarName(short i, const char* name) {
   if (const int status = EnsureLoaded(); status != status::kOk) return status;
   return Changed(var_info_ ? var_info_->SetVNam(i, name) : status::mva::kIndexOutOfRange);
+}
+
+void Dataset::SetDSNum(short number) {
+  header_.number = number;
+  is_dirty_ = true;
+}
+
+void Dataset::SetDSNam(const char* name) {
+  header_.name.Set(name);
+  is_dirty_ = true;
+}
+
+void Dataset::SetDSTitle(const char* title) {
+  header_.title.Set(title);
+  is_dirty_ = true;
 }
 
 int Dataset::SetDSAddr(const char* addr) {
@@ -181,22 +197,20 @@ int Dataset::DropBeyondCounts() {
 }
 
 // The row of the table, or, where the table does not reach, the position without a name.
-Dataset::Label Dataset::GetObsLabel(int i) const {
-  const auto position = static_cast<short>(i);
-  if (!obs_info_ || i > obs_info_->GetNItm()) return {position, ""};
-  return {obs_info_->GetONum(position), obs_info_->GetONam(position)};
+Dataset::Label Dataset::GetObsLabel(short i) const {
+  if (!obs_info_ || i > obs_info_->GetNItm()) return {i, ""};
+  return {obs_info_->GetONum(i), obs_info_->GetONam(i)};
 }
 
-Dataset::Label Dataset::GetVarLabel(int j) const {
-  const auto position = static_cast<short>(j);
-  if (!var_info_ || j > var_info_->GetNItm()) return {position, ""};
-  return {var_info_->GetVNum(position), var_info_->GetVNam(position)};
+Dataset::Label Dataset::GetVarLabel(short j) const {
+  if (!var_info_ || j > var_info_->GetNItm()) return {j, ""};
+  return {var_info_->GetVNum(j), var_info_->GetVNam(j)};
 }
 
 std::vector<std::string_view> Dataset::GetVarNames() const {
   std::vector<std::string_view> names;
   names.reserve(static_cast<std::size_t>(nvar_));
-  for (int j = 1; j <= nvar_; ++j) names.emplace_back(GetVarLabel(j).name);
+  for (const short j : PositionsUpTo(nvar_)) names.emplace_back(GetVarLabel(j).name);
   return names;
 }
 

@@ -46,11 +46,13 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   Dataset& operator=(const Dataset&) = delete;
   ~Dataset() override;
 
+  // The identity of the class, "Dataset".
   static const ClassID& GetClassID();
   bool IsClass(int id) const override { return id == GetClassID().GetID(); }
 
   // --- Access ---
 
+  // The numbers of observations and variables.
   short GetNObsDS() { return EnsureLoaded() == 0 ? nobs_ : short{0}; }
   short GetNVarDS() { return EnsureLoaded() == 0 ? nvar_ : short{0}; }
   // How many values are present, as the matrix counted them last.
@@ -64,8 +66,8 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
 
   // Number and name, which points into the table and is valid until the table changes. 8021, with
   // 0 and null, for a bad position or where there is no table.
-  int GetObsInfo(short i, short& onum, const char*& name);
-  int GetVarInfo(short i, short& vnum, const char*& name);
+  int GetObsInfo(short i, short& onum, char*& name);
+  int GetVarInfo(short i, short& vnum, char*& name);
 
   // Positions by number as in the tables, 0 if there is none; the number of the variable at i.
   short GetOIx(short onum);
@@ -81,7 +83,7 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   // No data set grows beyond 32,767 observations or variables: 8021.
 
   // The new count, or 0 when it fails. New values are missing, but 0 in a data set that had no
-  // matrix. A new variable is numbered by its position.
+  // matrix. Where variables are added, all are numbered by position.
   virtual short AddObs(short onum, const char* name);
   short AddVar(const char* name) { return AddVars(&name, 1); }
   // All of the n variables or none. 8022 for null, 8013 for a negative n.
@@ -144,18 +146,22 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   // --- Transposing (dataset_transpose.cpp) ---
 
   // Makes variables of the observations and observations of the variables. Repeated names get a
-  // suffix, as messages tell; where that makes one too long, or with `new_names`, the new variables
-  // are V1, V2 and so on. 8055 when names were repeated.
+  // suffix, as messages tell. The new variables are V1, V2 and so on with `new_names`, and where a
+  // suffix makes a name too long or names are still repeated after six passes. 8055 when names were
+  // repeated.
   int Transpose(bool new_names);
 
   // --- Header; none of these loads ---
 
+  // Number, at most 24 characters of name and 60 of title, address (the path of the file), and the
+  // text of the creation date, at most 22 characters. Setting number, name or title is a change to
+  // save.
   short GetDSNum() const { return header_.number; }
-  void SetDSNum(short number) { header_.number = number; }
+  void SetDSNum(short number);
   const char* GetDSNam() const { return header_.name.Get(); }
-  void SetDSNam(const char* name) { header_.name.Set(name); }
+  void SetDSNam(const char* name);
   const char* GetDSTitle() const { return header_.title.Get(); }
-  void SetDSTitle(const char* title) { header_.title.Set(title); }
+  void SetDSTitle(const char* title);
   const char* GetDSAddr() const { return header_.address.Get(); }
   // 8013, with the old one kept, for an address over 260 characters: cut, it would be another file.
   int SetDSAddr(const char* addr);
@@ -175,6 +181,7 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
 
   // --- Listing (dataset_listing.cpp); they do not load, and return 0 ---
 
+  // The header, the counts and what is loaded; ShowAll with the two tables.
   int Show(StreamWindow& window);
   int ShowAll(StreamWindow& window);
 
@@ -187,6 +194,15 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   };
 
   int EnsureLoaded() { return IsLoaded() ? 0 : Load(); }
+  // Begins an operation that changes the shape: loads, asks `check` whether it can be done, which
+  // gives a status code, and only then makes matrix and tables whole.
+  template <typename Check>
+  int StartEdit(Check check) {
+    int status = EnsureLoaded();
+    if (status == 0) status = check();
+    if (status == 0) status = MakeWhole();
+    return status_ = status;
+  }
   int CopyParts(const Dataset& other);
   int Changed(int status);
   float* GetRow(int i) const;
@@ -194,17 +210,18 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   int DropBeyondCounts();
   void ShowCounts(StreamWindow& window) const;
 
-  Label GetObsLabel(int i) const;
-  Label GetVarLabel(int j) const;
+  Label GetObsLabel(short i) const;
+  Label GetVarLabel(short j) const;
   std::vector<std::string_view> GetVarNames() const;
 
   // dataset_edit.cpp
-  int StartEdit();
   int MakeWhole();
+  short FindObs(short onum) const;
+  int SelectAllBut(const I2Vector& vnums, XI1Vector& kept) const;
 
   // dataset_merge.cpp
-  template <typename Merge>
-  int MergeWith(Dataset* other, Merge merge);
+  template <typename Check, typename Merge>
+  int MergeWith(Dataset* other, Check check, Merge merge);
   int MergeObsOf(const Dataset& other, bool renumber);
   int MergeVarOf(const Dataset& other, bool rename);
   bool ReportRepeatedNumbers(const Dataset& other) const;

@@ -3,9 +3,10 @@
 #include <utility>
 #include <vector>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/dataset.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
 
@@ -31,11 +32,6 @@ class NumberTally {
 
 }  // namespace
 
-int Dataset::StartEdit() {
-  const int status = EnsureLoaded();
-  return status_ = status == status::kOk ? MakeWhole() : status;
-}
-
 // Brings matrix and tables to the size of the counts: what is missing is added, what is beyond is
 // dropped.
 int Dataset::MakeWhole() {
@@ -48,11 +44,11 @@ int Dataset::MakeWhole() {
     int status = DropBeyondCounts();
     if (!obs_info_) obs_info_ = std::make_unique<ObsInfo>(GetDSNam());
     if (!var_info_) var_info_ = std::make_unique<VarInfo>(GetDSNam());
-    for (int i = obs_info_->GetNItm() + 1; i <= nobs_ && status == status::kOk; ++i) {
-      status = obs_info_->AddObs(static_cast<short>(i), "");
+    while (status == status::kOk && obs_info_->GetNItm() < nobs_) {
+      status = obs_info_->AddObs(static_cast<short>(obs_info_->GetNItm() + 1), "");
     }
-    for (int j = var_info_->GetNItm() + 1; j <= nvar_ && status == status::kOk; ++j) {
-      status = var_info_->AddVar(static_cast<short>(j), "");
+    while (status == status::kOk && var_info_->GetNVar() < nvar_) {
+      status = var_info_->AddVar(static_cast<short>(var_info_->GetNVar() + 1), "");
     }
     return status;
   });
@@ -61,12 +57,11 @@ int Dataset::MakeWhole() {
 short Dataset::AddObs(short onum, const char* name) {
   if (EnsureLoaded() != status::kOk) return 0;
   const float fill = matrix_ ? kMissing : 0.0f;
-  if (StartEdit() != status::kOk) return 0;
-  if (nobs_ == kMaxItems) {
-    status_ = status::mva::kIndexOutOfRange;
-    return 0;
-  }
-  for (int i = 1; i <= nobs_; ++i) obs_info_->SetINum(static_cast<short>(i), static_cast<short>(i));
+  const auto check = [&] {
+    return nobs_ == kMaxItems ? status::mva::kIndexOutOfRange : status::kOk;
+  };
+  if (StartEdit(check) != status::kOk) return 0;
+  for (const short i : PositionsUpTo(nobs_)) obs_info_->SetINum(i, i);
   int status = obs_info_->AddObs(onum, name);
   if (status == status::kOk) status = matrix_->ExpRows(1, fill);
   obs_info_->KeepFirst(status == status::kOk ? ++nobs_ : nobs_);
@@ -76,24 +71,41 @@ short Dataset::AddObs(short onum, const char* name) {
 short Dataset::AddVars(const char* const* names, int n) {
   if (EnsureLoaded() != status::kOk) return 0;
   const float fill = matrix_ ? kMissing : 0.0f;
-  if (StartEdit() != status::kOk) return 0;
+  const auto check = [&] {
+    if (n > kMaxItems - nvar_) return status::mva::kIndexOutOfRange;
+    if (n < 0) return status::mva::kArgument;
+    return names == nullptr ? status::mva::kNullPointer : status::kOk;
+  };
+  if (StartEdit(check) != status::kOk) return 0;
   int status = status::kOk;
-  if (names == nullptr) status = status::mva::kNullPointer;
-  if (n < 0) status = status::mva::kArgument;
-  if (n > kMaxItems - nvar_) status = status::mva::kIndexOutOfRange;
   for (int k = 0; k < n && status == status::kOk; ++k) {
     status = var_info_->AddVar(static_cast<short>(nvar_ + k + 1), names[k]);
   }
   if (status == status::kOk) status = matrix_->ExpCols(n, fill);
-  if (status == status::kOk) nvar_ = static_cast<short>(nvar_ + n);
+  if (status == status::kOk) {
+    nvar_ = static_cast<short>(nvar_ + n);
+    for (const short j : PositionsUpTo(nvar_)) var_info_->SetVNum(j, j);
+  }
   var_info_->KeepFirst(nvar_);
   return Changed(status) == status::kOk ? nvar_ : short{0};
 }
 
+// The position of the observation with this number, of those without a row in the table too.
+short Dataset::FindObs(short onum) const {
+  const short found = obs_info_ ? obs_info_->GetOIx(onum) : short{0};
+  if (found != 0) return found;
+  const bool is_position = onum > (obs_info_ ? obs_info_->GetNItm() : 0) && onum <= nobs_;
+  return is_position ? onum : short{0};
+}
+
 int Dataset::DelObs(short onum) {
-  if (StartEdit() != status::kOk) return status_;
-  const short i = obs_info_->GetOIx(onum);
-  if (i == 0) return status_ = obs_info_->DelObs(onum);
+  short i = 0;
+  const auto check = [&] {
+    i = FindObs(onum);
+    if (i != 0) return status::kOk;
+    return obs_info_ ? obs_info_->DelObs(onum) : status::mva::kNoSuchNumber;
+  };
+  if (StartEdit(check) != status::kOk) return status_;
   XI1Vector kept = SelectFirst(nobs_, nobs_);
   if (kept.GetStatus() != status::kOk) return status_ = kept.GetStatus();
   kept[i] = kNotSelected;
@@ -101,8 +113,11 @@ int Dataset::DelObs(short onum) {
 }
 
 int Dataset::DeleteExcludedObservations(const XI1Vector* selection) {
-  if (StartEdit() != status::kOk) return status_;
-  if (selection == nullptr) return status_ = status::mva::kNullPointer;
+  const auto check = [&] {
+    if (selection == nullptr) return status::mva::kNullPointer;
+    return selection->NVal() == nobs_ ? status::kOk : status::mat::kDimension;
+  };
+  if (StartEdit(check) != status::kOk) return status_;
   const int status = matrix_->DelRows(selection);
   if (status == status::kOk) obs_info_->KeepItms(*selection);
   nobs_ = obs_info_->GetNItm();
@@ -110,8 +125,8 @@ int Dataset::DeleteExcludedObservations(const XI1Vector* selection) {
 }
 
 int Dataset::DelVar(short vnum) {
-  if (StartEdit() != status::kOk) return status_;
-  if (nvar_ == 0) return status_ = status::mva::kNoSuchNumber;
+  const auto check = [&] { return nvar_ == 0 ? status::mva::kNoSuchNumber : status::kOk; };
+  if (StartEdit(check) != status::kOk) return status_;
   const short j = var_info_->GetVIx(vnum);
   XI1Vector kept = SelectFirst(nvar_, nvar_);
   if (kept.GetStatus() != status::kOk) return status_ = kept.GetStatus();
@@ -125,25 +140,26 @@ int Dataset::DelVar(short vnum) {
 }
 
 int Dataset::DelVars(const I2Vector* vnums) {
-  if (StartEdit() != status::kOk) return status_;
-  if (vnums == nullptr) return status_ = status::mva::kNullPointer;
-  return Changed(MemoryGuarded([&] {
-    NumberTally listed;
-    for (const short vnum : vnums->Values()) listed.Add(vnum);
-    XI1Vector kept = SelectFirst(nvar_, nvar_);
-    if (kept.GetStatus() != status::kOk) return kept.GetStatus();
-    int deleted_count = 0;
-    for (int j = 1; j <= nvar_; ++j) {
-      if (!listed.Take(GetVarLabel(j).number)) continue;
-      kept[j] = kNotSelected;
-      ++deleted_count;
-    }
-    if (deleted_count != vnums->NVal()) return status::mva::kNoSuchNumber;
-    const int status = matrix_->DelCols(&kept);
-    if (status == status::kOk) var_info_->KeepItms(kept);
-    nvar_ = var_info_->GetNVar();
-    return status;
-  }));
+  XI1Vector kept = SelectFirst(0, 0);
+  const auto check = [&] {
+    if (vnums == nullptr) return status::mva::kNullPointer;
+    return MemoryGuarded([&] { return SelectAllBut(*vnums, kept); });
+  };
+  if (StartEdit(check) != status::kOk) return status_;
+  const int status = matrix_->DelCols(&kept);
+  if (status == status::kOk) var_info_->KeepItms(kept);
+  nvar_ = var_info_->GetNVar();
+  return Changed(status);
+}
+
+// Selects the variables but one for each number listed. 8014 when there are fewer.
+int Dataset::SelectAllBut(const I2Vector& vnums, XI1Vector& kept) const {
+  NumberTally listed;
+  for (const short vnum : vnums.Values()) listed.Add(vnum);
+  kept = SelectIf(nvar_, [&](short j) { return !listed.Take(GetVarLabel(j).number); });
+  if (kept.NVal() != nvar_) return status::mva::kMemory;
+  const int deleted_count = kept.GetNEqual(kNotSelected);
+  return deleted_count == vnums.NVal() ? status::kOk : status::mva::kNoSuchNumber;
 }
 
 }  // namespace zemva

@@ -8,10 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/dataset.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/names.h"
 #include "zemva/errors/listing.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
 
@@ -56,7 +57,7 @@ std::optional<NameMap> kept_map;
 class JoinedVariables {
  public:
   JoinedVariables(const VarInfo& table, StreamWindow& window) : table_(table), window_(window) {
-    for (int j = 1; j <= table.GetNVar(); ++j) taken_.emplace(table.GetVNam(static_cast<short>(j)));
+    for (const short j : PositionsUpTo(table.GetNVar())) taken_.emplace(table.GetVNam(j));
   }
 
   // Appends a variable. One whose repeated name cannot be repaired is left out.
@@ -119,8 +120,8 @@ class LoadedMeanwhile {
 int NumberObservations(int n, const ObsInfo& labelled, ObsInfo& table) {
   ObsInfo numbered("ObsInfo");
   for (int i = 1; i <= 3; ++i) numbered.SetLabel(i, labelled.GetLabel(i));
-  for (int i = 1; i <= n; ++i) {
-    const int status = numbered.AddObs(static_cast<short>(i), NumberedName("Obs_", i).c_str());
+  for (const short i : PositionsUpTo(n)) {
+    const int status = numbered.AddObs(i, NumberedName("Obs_", i).c_str());
     if (status != status::kOk) return status;
   }
   table = std::move(numbered);
@@ -130,8 +131,8 @@ int NumberObservations(int n, const ObsInfo& labelled, ObsInfo& table) {
 // A table "VarInfo" of n variables Var_1, Var_2 ...
 int NumberVariables(int n, VarInfo& table) {
   VarInfo numbered("VarInfo");
-  for (int j = 1; j <= n; ++j) {
-    const int status = numbered.AddVar(static_cast<short>(j), NumberedName("Var_", j).c_str());
+  for (const short j : PositionsUpTo(n)) {
+    const int status = numbered.AddVar(j, NumberedName("Var_", j).c_str());
     if (status != status::kOk) return status;
   }
   table = std::move(numbered);
@@ -164,26 +165,31 @@ bool Dataset::CopyObservationData(Dataset* dst, int dst_row, Dataset* src, int s
   return kept_map->is_matched;
 }
 
-// Runs `merge` while `other` is loaded.
-template <typename Merge>
-int Dataset::MergeWith(Dataset* other, Merge merge) {
-  if (StartEdit() != status::kOk) return status_;
+// Runs `merge` while `other` is loaded, where `check` finds that the two go together.
+template <typename Check, typename Merge>
+int Dataset::MergeWith(Dataset* other, Check check, Merge merge) {
+  if (const int status = EnsureLoaded(); status != status::kOk) return status_ = status;
   if (other == nullptr) return status_ = status::mva::kNullPointer;
   const LoadedMeanwhile loaded(*other);
   if (loaded.GetStatus() != status::kOk) return status_ = loaded.GetStatus();
-  if (!other->CountsFitMatrix()) return status_ = status::dio::kIncompleteDataset;
-  return Changed(MemoryGuarded(merge));
+  const auto check_both = [&] {
+    return other->CountsFitMatrix() ? check() : status::dio::kIncompleteDataset;
+  };
+  if (StartEdit(check_both) != status::kOk) return status_;
+  return status_ = MemoryGuarded(merge);
 }
 
 int Dataset::MergeObs(Dataset* other, bool renumber) {
-  return MergeWith(other, [&] { return MergeObsOf(*other, renumber); });
+  const auto check = [&] {
+    return nobs_ + other->nobs_ > kMaxItems ? status::mva::kIndexOutOfRange : status::kOk;
+  };
+  return MergeWith(other, check, [&] { return MergeObsOf(*other, renumber); });
 }
 
 int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
   const int old_count = nobs_;
   const int added_count = other.nobs_;
   const int count = old_count + added_count;
-  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
   const bool has_repeated = !renumber && ReportRepeatedNumbers(other);
 
   // All that can fail comes before the first change of this data set.
@@ -193,16 +199,17 @@ int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
   if (status != status::kOk) return status;
   const NameMap map(GetVarNames(), other.GetVarNames());
   kept_map.reset();
-  const bool has_nothing_to_match = added_count == 0 || (nvar_ == 0 && other.nvar_ == 0);
-  if (map.is_matched || has_nothing_to_match) {
+  const bool has_nothing_to_match = nvar_ == 0 && other.nvar_ == 0;
+  if (added_count > 0 && (map.is_matched || has_nothing_to_match)) {
     status = matrix_->ExpRows(added_count, kMissing);
     if (status != status::kOk) return status;
-    for (int i = 1; i <= added_count; ++i) {
+    for (const short i : PositionsUpTo(added_count)) {
       map.CopyRow((*other.matrix_)[i], other.nvar_, (*matrix_)[old_count + i], true);
     }
     matrix_->SetActValInfo();
     nobs_ = static_cast<short>(count);
   }
+  is_dirty_ = is_dirty_ || nobs_ > old_count || has_repeated || renumber;
   table.KeepFirst(nobs_);
   *obs_info_ = std::move(table);
   if (has_repeated) window_ << "Observations have been renumbered starting with 1.\n";
@@ -214,9 +221,9 @@ int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
 bool Dataset::ReportRepeatedNumbers(const Dataset& other) const {
   std::vector<bool> is_taken(std::size_t{1} << 16);
   const auto slot = [](short number) { return std::size_t{static_cast<unsigned short>(number)}; };
-  for (int i = 1; i <= nobs_; ++i) is_taken[slot(GetObsLabel(i).number)] = true;
+  for (const short i : PositionsUpTo(nobs_)) is_taken[slot(GetObsLabel(i).number)] = true;
   bool has_repeated = false;
-  for (int i = 1; i <= other.nobs_; ++i) {
+  for (const short i : PositionsUpTo(other.nobs_)) {
     const short number = other.GetObsLabel(i).number;
     if (!is_taken[slot(number)]) continue;
     has_repeated = true;
@@ -228,49 +235,51 @@ bool Dataset::ReportRepeatedNumbers(const Dataset& other) const {
 // The observation table of this data set followed by that of `other`.
 int Dataset::JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) const {
   ObsInfo joined(*obs_info_);
-  int status = joined.GetNItm() == nobs_ ? status::kOk : status::mva::kMemory;
-  for (int i = 1; i <= other.nobs_ && status == status::kOk; ++i) {
+  if (joined.GetNItm() != nobs_) return status::mva::kMemory;
+  for (const short i : PositionsUpTo(other.nobs_)) {
     const Label label = other.GetObsLabel(i);
-    status = joined.AddObs(label.number, label.name);
+    const int status = joined.AddObs(label.number, label.name);
+    if (status != status::kOk) return status;
   }
-  if (status != status::kOk) return status;
-  for (int i = 1; renumber && i <= joined.GetNItm(); ++i) {
-    joined.SetONum(static_cast<short>(i), static_cast<short>(i));
-  }
+  for (const short i : PositionsUpTo(renumber ? joined.GetNItm() : 0)) joined.SetONum(i, i);
   table = std::move(joined);
   return status::kOk;
 }
 
 int Dataset::MergeVar(Dataset* other, bool rename) {
-  return MergeWith(other, [&] { return MergeVarOf(*other, rename); });
+  const auto check = [&] {
+    if (nobs_ != other->nobs_) return status::mva::kInconsistentDatasets;
+    return nvar_ + other->nvar_ > kMaxItems ? status::mva::kIndexOutOfRange : status::kOk;
+  };
+  return MergeWith(other, check, [&] { return MergeVarOf(*other, rename); });
 }
 
 int Dataset::MergeVarOf(const Dataset& other, bool rename) {
   const int old_count = nvar_;
   const int added_count = other.nvar_;
   const int count = old_count + added_count;
-  if (nobs_ != other.nobs_) return status::mva::kInconsistentDatasets;
-  if (count > kMaxItems) return status::mva::kIndexOutOfRange;
 
   // All that can fail comes before the first change of this data set.
   JoinedVariables joined(*var_info_, window_);
-  int status = joined.GetTable().GetNVar() == old_count ? status::kOk : status::mva::kMemory;
-  for (int j = 1; j <= added_count && !rename && status == status::kOk; ++j) {
+  if (joined.GetTable().GetNVar() != old_count) return status::mva::kMemory;
+  int status = status::kOk;
+  for (const short j : PositionsUpTo(rename ? 0 : added_count)) {
     const Label label = other.GetVarLabel(j);
     status = joined.Add(static_cast<short>(old_count + label.number), label.name);
+    if (status != status::kOk) return status;
   }
   const bool is_renamed = rename || !joined.IsComplete();
-  if (status == status::kOk && is_renamed) status = NumberVariables(count, joined.GetTable());
+  if (is_renamed) status = NumberVariables(count, joined.GetTable());
   if (status == status::kOk) status = matrix_->ExpCols(added_count, kMissing);
   if (status != status::kOk) return status;
 
-  for (int i = 1; i <= nobs_; ++i) {
+  for (const short i : PositionsUpTo(nobs_)) {
     std::copy_n((*other.matrix_)[i] + 1, added_count, (*matrix_)[i] + old_count + 1);
   }
   matrix_->SetActValInfo();
   nvar_ = static_cast<short>(count);
   *var_info_ = std::move(joined.GetTable());
-  is_dirty_ = true;
+  is_dirty_ = is_dirty_ || added_count > 0 || is_renamed;
   if (is_renamed) {
     window_ << "Variables have been renamed starting with Var_1.\n";
     status = obs_info_->GetStatus();  // what the renaming has always answered

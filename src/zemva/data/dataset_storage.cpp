@@ -4,9 +4,9 @@
 
 #include "zemva/base/native_path.h"
 #include "zemva/data/dataset.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/dio/dio.h"
 #include "zemva/errors/listing.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 
 namespace zemva {
@@ -15,12 +15,14 @@ int Dataset::Load() {
   if (IsLoaded()) return status_ = status::mva::kDataAlreadyAllocated;
   const short old_nobs = nobs_;
   const short old_nvar = nvar_;
+  const bool was_dirty = is_dirty_;
   status_ = MemoryGuarded([&] { return Dio(window_).Load(GetDSAddr(), this); });
   if (status_ == status::kOk) status_ = DropBeyondCounts();
   if (status_ != status::kOk) {
     Unload();
     nobs_ = old_nobs;
     nvar_ = old_nvar;
+    is_dirty_ = was_dirty;
     return status_;
   }
   header_.is_loaded = true;
@@ -30,7 +32,10 @@ int Dataset::Load() {
 
 int Dataset::LoadListProject() {
   if (IsLoaded()) return status_ = status::kOk;
-  return status_ = MemoryGuarded([&] { return Dio(window_).LoadListProject(GetDSAddr(), this); });
+  const bool was_dirty = is_dirty_;
+  status_ = MemoryGuarded([&] { return Dio(window_).LoadListProject(GetDSAddr(), this); });
+  is_dirty_ = status_ != status::kOk && was_dirty;
+  return status_;
 }
 
 int Dataset::Save() {

@@ -1,15 +1,15 @@
 // Observations turned into variables and variables into observations.
 #include <algorithm>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/dataset.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/names.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 
 namespace zemva {
@@ -52,33 +52,16 @@ bool RepairNames(std::vector<std::string>& names, StreamWindow& window, bool& ha
   }
 }
 
-std::unique_ptr<XFMatrix> Transposed(const XFMatrix& matrix) {
-  // A tile of both matrices fits the cache.
-  constexpr int kTile = 64;
-  auto transposed =
-      std::make_unique<XFMatrix>(matrix.GetName(), matrix.NCol(), matrix.NRow(), Unfilled{});
-  if (transposed->GetStatus() != status::kOk) return nullptr;
-  for (int first_row = 1; first_row <= matrix.NRow(); first_row += kTile) {
-    const int last_row = std::min(first_row + kTile - 1, matrix.NRow());
-    for (int j = 1; j <= matrix.NCol(); ++j) {
-      float* to = (*transposed)[j];
-      for (int i = first_row; i <= last_row; ++i) to[i] = matrix[i][j];
-    }
-  }
-  transposed->SetActValInfo();
-  return transposed;
-}
-
 }  // namespace
 
 int Dataset::Transpose(bool new_names) {
-  if (StartEdit() != status::kOk) return status_;
+  if (StartEdit([] { return status::kOk; }) != status::kOk) return status_;
   return Changed(MemoryGuarded([&] { return TransposeAll(new_names); }));
 }
 
 int Dataset::TransposeAll(bool new_names) {
   std::vector<std::string> names;
-  for (int i = 1; i <= nobs_; ++i) names.emplace_back(GetObsLabel(i).name);
+  for (const short i : PositionsUpTo(nobs_)) names.emplace_back(GetObsLabel(i).name);
   bool has_repeated = false;
   if (new_names || !RepairNames(names, window_, has_repeated)) {
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -89,19 +72,15 @@ int Dataset::TransposeAll(bool new_names) {
 
   VarInfo variables("VarInfo");
   ObsInfo observations("ObsInfo");
-  int status = status::kOk;
-  for (int i = 1; i <= nobs_ && status == status::kOk; ++i) {
-    status =
-        variables.AddVar(static_cast<short>(i), names[static_cast<std::size_t>(i - 1)].c_str());
+  for (const short i : PositionsUpTo(nobs_)) {
+    const int status = variables.AddVar(i, names[static_cast<std::size_t>(i - 1)].c_str());
+    if (status != status::kOk) return status;
   }
-  for (int j = 1; j <= nvar_ && status == status::kOk; ++j) {
-    status = observations.AddObs(static_cast<short>(j), GetVarLabel(j).name);
+  for (const short j : PositionsUpTo(nvar_)) {
+    const int status = observations.AddObs(j, GetVarLabel(j).name);
+    if (status != status::kOk) return status;
   }
-  if (status != status::kOk) return status;
-  auto transposed = Transposed(*matrix_);
-  if (!transposed) return status::mva::kMemory;
-
-  matrix_ = std::move(transposed);
+  if (const int status = matrix_->Transp(); status != status::kOk) return status;
   *var_info_ = std::move(variables);
   *obs_info_ = std::move(observations);
   std::swap(nobs_, nvar_);

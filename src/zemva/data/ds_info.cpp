@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
 #include "zemva/data/object_header.h"
 #include "zemva/errors/status.h"
@@ -49,8 +50,8 @@ int DSInfo::SetDS(short i, Dataset* dataset) {
 int DSInfo::ShowAll(StreamWindow& window) {
   ListTitle(window, GetNam(), GetNItm());
   Listing(window).Text("  Item DSNum     DSNam  DSAddr").EndLine();
-  for (int i = 1; i <= GetNItm(); ++i) {
-    const DSData& row = *GetRow(static_cast<short>(i));
+  for (const short i : PositionsUpTo(GetNItm())) {
+    const DSData& row = *GetRow(i);
     Listing(window)
         .Right(6, i)
         .Right(6, row.GetINum())

@@ -21,8 +21,10 @@ class ZEMVA_API DSData : public ItmData {
       : ItmData(number, name), address_(address), dataset_(dataset) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<DSData>(*this); }
 
+  // At most 260 characters; the text points into the row.
   const char* GetAddr() const { return address_.Get(); }
   void SetAddr(const char* address) { address_.Set(address); }
+  // Not owned; null while there is none.
   Dataset* GetDS() const { return dataset_; }
   void SetDS(Dataset* dataset) { dataset_ = dataset; }
 
@@ -33,6 +35,7 @@ class ZEMVA_API DSData : public ItmData {
 
 class ZEMVA_API DSInfo : public ItmInfo {
  public:
+  // An empty table.
   explicit DSInfo(const char* name) : ItmInfo(name) {}
 
   // Appends a data set. 8013 for an address over 260 characters, which cut would be another file;

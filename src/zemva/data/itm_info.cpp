@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
 #include "zemva/data/selection.h"
 
@@ -51,7 +52,7 @@ int PrivateItmInfo::Copy(const PrivateItmInfo& other) {
 int PrivateItmInfo::ShowAll(StreamWindow& window) const {
   ListTitle(window, kListingName, GetNItm());
   Listing(window).Text(kHeader).EndLine();
-  for (short i = 1; IsPosition(i); ++i) ShowRow(i, window);
+  for (const short i : PositionsUpTo(GetNItm())) ShowRow(i, window);
   return status::kOk;
 }
 

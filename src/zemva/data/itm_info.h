@@ -24,6 +24,7 @@ inline constexpr int kMaxItems = std::numeric_limits<short>::max();
 // is the empty name. Tables with further columns derive their rows from it.
 class ZEMVA_API ItmData {
  public:
+  // An item of this number and name.
   ItmData(short num, const char* name) : num_(num), name_(name) {}
   ItmData(const ItmData&) = default;
   ItmData& operator=(const ItmData&) = default;
@@ -37,10 +38,12 @@ class ZEMVA_API ItmData {
   // A copy of the whole row, derived columns included.
   virtual std::unique_ptr<ItmData> Clone() const { return std::make_unique<ItmData>(*this); }
 
+  // The number of the item.
   short GetINum() const { return num_; }
   void SetINum(short num) { num_ = num; }
   // Points into the row.
   const char* GetINam() const { return name_.Get(); }
+  char* GetINam() { return name_.Get(); }
   void SetINam(const char* name) { name_.Set(name); }
 
  private:
@@ -52,16 +55,19 @@ class ZEMVA_API ItmData {
 // which item i, 1..GetNItm(), is owned by the table.
 class ZEMVA_API PrivateItmInfo {
  public:
+  // An empty table.
   explicit PrivateItmInfo(const char* name) : name_(name) {}
   PrivateItmInfo(PrivateItmInfo&&) = default;
   PrivateItmInfo& operator=(PrivateItmInfo&&) = default;
 
+  // Destroys all items.
   virtual void DelAll() { items_.clear(); }
   virtual ~PrivateItmInfo();
   // List positions, numbers and names. They return 0.
   virtual int ShowAll(StreamWindow& window) const;
   virtual int ShowItm(short i, StreamWindow& window) const;
 
+  // The name of the table, and how many items it has.
   const char* GetNam() const { return name_.Get(); }
   short GetNItm() const { return static_cast<short>(items_.size()); }
 
@@ -119,10 +125,13 @@ class ZEMVA_API ItmInfo {
   ItmInfo& operator=(ItmInfo&&) = default;
   virtual ~ItmInfo();
 
+  // Destroys all items.
   virtual int DelAll();
+  // List all items, or the one at i. They return 0.
   virtual int ShowAll(StreamWindow& window);
   virtual int ShowItm(short i, StreamWindow& window);
 
+  // How many items there are, and the name of the table.
   short GetNItm() const { return items_.GetNItm(); }
   const char* GetNam() const { return items_.GetNam(); }
 
@@ -142,6 +151,7 @@ class ZEMVA_API ItmInfo {
   // Deletes the items beyond position `count`; never fails.
   void KeepFirst(int count);
 
+  // The result code of the last operation, and whether any has changed the table.
   int GetStatus() const { return status_; }
   void ClearStatus() { status_ = 0; }
   bool IsModified() const { return is_modified_; }

@@ -8,6 +8,7 @@ namespace zemva {
 
 class ZEMVA_API KOTime {
  public:
+  // The kinds of time.
   static constexpr char kInterval = 0;
   static constexpr char kInstant = 1;
 
@@ -18,6 +19,7 @@ class ZEMVA_API KOTime {
     kind_ = kind;
   }
 
+  // The value, and the kind.
   double GetValue() const { return value_; }
   // kInstant or kInterval.
   char GetKind() const { return kind_; }

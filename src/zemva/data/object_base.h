@@ -9,8 +9,10 @@ namespace zemva {
 // The identity of a class of objects: its name, and a number of its own in this run of the program.
 class ZEMVA_API ClassID {
  public:
+  // `name` must outlive it.
   explicit ClassID(const char* name);
 
+  // The name and the number of the class.
   const char* GetName() const { return name_; }
   int GetID() const { return id_; }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
 #include "zemva/data/selection.h"
 #include "zemva/errors/status.h"
@@ -50,9 +51,10 @@ int ObsInfo::SetONum(short i, short onum) {
   return Changed(status::kOk);
 }
 
-int ObsInfo::GetObs(short i, short& onum, const char*& name) {
+int ObsInfo::GetObs(short i, short& onum, char*& name) {
   onum = GetONum(i);
-  name = GetONam(i);
+  ItmData* const row = GetItm(i);
+  name = row == nullptr ? nullptr : row->GetINam();
   return SetStatus(name == nullptr ? status::mva::kIndexOutOfRange : status::kOk);
 }
 
@@ -68,9 +70,9 @@ ObsInfo* ObsInfo::ExtObsInfo(const XI1Vector* sel) const {
   if (sel == nullptr) return nullptr;
   try {
     auto extract = std::make_unique<ObsInfo>(kExtractName);
-    for (int i = 1; i <= std::min<int>(GetNItm(), sel->NVal()); ++i) {
+    for (const short i : PositionsUpTo(std::min<int>(GetNItm(), sel->NVal()))) {
       if ((*sel)[i] != kSelected) continue;
-      const int status = extract->AddItm(GetRow(static_cast<short>(i))->Clone().release());
+      const int status = extract->AddItm(GetRow(i)->Clone().release());
       if (status != status::kOk) return nullptr;
     }
     extract->start_time_ = start_time_;
@@ -86,7 +88,7 @@ ObsInfo* ObsInfo::ExtObsInfo(const XI1Vector* sel) const {
 int ObsInfo::ShowAll(StreamWindow& window) {
   ListTitle(window, GetNam(), GetNItm());
   Listing(window).Text(kHeader).EndLine();
-  for (int i = 1; i <= GetNItm(); ++i) ShowRow(static_cast<short>(i), window);
+  for (const short i : PositionsUpTo(GetNItm())) ShowRow(i, window);
   return status::kOk;
 }
 

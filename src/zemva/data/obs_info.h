@@ -17,9 +17,11 @@ namespace zemva {
 // observation; ONum is the observation's number as the user sees it.
 class ZEMVA_API ObsData : public ItmData {
  public:
+  // The row at `position` of the observation `onum`.
   ObsData(short position, const char* name, short onum) : ItmData(position, name), onum_(onum) {}
   std::unique_ptr<ItmData> Clone() const override { return std::make_unique<ObsData>(*this); }
 
+  // The observation's number.
   short GetONum() const { return onum_; }
   void SetONum(short onum) { onum_ = onum; }
 
@@ -29,6 +31,7 @@ class ZEMVA_API ObsData : public ItmData {
 
 class ZEMVA_API ObsInfo : public ItmInfo {
  public:
+  // An empty table.
   explicit ObsInfo(const char* name) : ItmInfo(name) {}
   // A copy of `*other`; an empty table without a name, its status 8022, when it is null.
   explicit ObsInfo(const ObsInfo* other);
@@ -54,8 +57,9 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   int SetONam(short i, const char* name) { return SetINam(i, name); }
 
   // Number and name, which points into the table. 8021, with 0 and null, for a bad position.
-  int GetObs(short i, short& onum, const char*& name);
+  int GetObs(short i, short& onum, char*& name);
 
+  // When the observations begin and end, and the time from one to the next.
   KOTime GetStaTim() const { return start_time_; }
   KOTime GetStoTim() const { return stop_time_; }
   KOTime GetSmpInt() const { return sampling_interval_; }
@@ -75,6 +79,8 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   // times and the labels. Null when `sel` is null or memory runs out.
   ObsInfo* ExtObsInfo(const XI1Vector* sel) const;
 
+  // List all observations, or the one at i: position when it was added, number and name. They
+  // return 0.
   int ShowAll(StreamWindow& window) override;
   int ShowObs(short i, StreamWindow& window);
 

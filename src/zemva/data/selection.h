@@ -4,6 +4,7 @@
 
 #include <new>
 
+#include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/x_vector.h"
 
@@ -26,8 +27,8 @@ template <typename Predicate>
 XI1Vector SelectIf(int length, Predicate is_selected) {
   XI1Vector selection("Selection", length, kNotSelected);
   if (selection.GetStatus() != status::kOk) throw std::bad_alloc();
-  for (int i = 1; i <= length; ++i) {
-    if (is_selected(static_cast<short>(i))) selection[i] = kSelected;
+  for (const short i : PositionsUpTo(length)) {
+    if (is_selected(i)) selection[i] = kSelected;
   }
   return selection;
 }

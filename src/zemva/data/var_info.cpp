@@ -1,5 +1,6 @@
 #include "zemva/data/var_info.h"
 
+#include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
 #include "zemva/errors/status.h"
 
@@ -18,16 +19,17 @@ int VarInfo::DelVar(short i) {
   return GetItm(i) == nullptr ? SetStatus(status::mva::kIndexOutOfRange) : DelItm(i);
 }
 
-int VarInfo::GetVar(short i, short& vnum, const char*& name) {
+int VarInfo::GetVar(short i, short& vnum, char*& name) {
   vnum = GetVNum(i);
-  name = GetVNam(i);
+  ItmData* const row = GetItm(i);
+  name = row == nullptr ? nullptr : row->GetINam();
   return SetStatus(name == nullptr ? status::mva::kIndexOutOfRange : status::kOk);
 }
 
 int VarInfo::ShowAll(StreamWindow& window) {
   ListTitle(window, GetNam(), GetNItm());
   Listing(window).Text(kHeader).EndLine();
-  for (int i = 1; i <= GetNItm(); ++i) ShowRow(static_cast<short>(i), window);
+  for (const short i : PositionsUpTo(GetNItm())) ShowRow(i, window);
   return status::kOk;
 }
 

@@ -19,6 +19,7 @@ class ZEMVA_API VarData : public ItmData {
 
 class ZEMVA_API VarInfo : public ItmInfo {
  public:
+  // An empty table.
   explicit VarInfo(const char* name) : ItmInfo(name) {}
   // A copy of `*other`; an empty table without a name, its status 8022, when it is null.
   explicit VarInfo(const VarInfo* other);
@@ -28,6 +29,7 @@ class ZEMVA_API VarInfo : public ItmInfo {
   // Deletes the variable at a position; 8021 for a bad one.
   int DelVar(short i);
 
+  // The number of variables.
   short GetNVar() const { return GetNItm(); }
   // The position of the first variable with this number or exactly this name, 0 if there is none.
   short GetVIx(short vnum) const { return GetIx(vnum); }
@@ -41,8 +43,9 @@ class ZEMVA_API VarInfo : public ItmInfo {
   int SetVNam(short i, const char* name) { return SetINam(i, name); }
 
   // Number and name, which points into the table. 8021, with 0 and null, for a bad position.
-  int GetVar(short i, short& vnum, const char*& name);
+  int GetVar(short i, short& vnum, char*& name);
 
+  // List all variables, or the one at i: position, number and name. They return 0.
   int ShowAll(StreamWindow& window) override;
   int ShowVar(short i, StreamWindow& window);
 

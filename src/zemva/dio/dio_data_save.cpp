@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "zemva/base/atomic_file.h"
 #include "zemva/base/native_path.h"
 #include "zemva/base/time_stamp.h"
 #include "zemva/data/dataset.h"
@@ -67,7 +68,8 @@ std::int64_t DioData::Surroundings::KeptSize() const {
 int DioData::FindSurroundings() {
   Dataset ignored("", "", window_);
   if (const int status = ReadItems(ignored, true); status != status::kOk) return status;
-  const std::int64_t end = SuperHeader::kSize + surroundings_.super_item.header.size;
+  const std::int64_t start = SuperHeader::kSize;
+  const std::int64_t end = start + surroundings_.super_item.header.size;
   if (const int status = file_.Seek(end); status != status::kOk) return status;
   surroundings_.rest = {end, file_.GetRemaining()};
   return status::kOk;

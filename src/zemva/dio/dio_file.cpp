@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "zemva/base/atomic_file.h"
 #include "zemva/base/native_path.h"
 #include "zemva/base/time_stamp.h"
 #include "zemva/errors/dio_error.h"

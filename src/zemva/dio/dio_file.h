@@ -8,7 +8,6 @@
 #include <memory>
 #include <string_view>
 
-#include "zemva/base/atomic_file.h"
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
 #include "zemva/dio/item_names.h"
@@ -19,6 +18,7 @@
 
 namespace zemva {
 
+class AtomicFile;
 class DioData;
 
 // Owns the open stream of a file. Every operation returns a status, 0 for success, 2005 for a short

@@ -16,10 +16,11 @@ namespace zemva {
 class ZEMVA_API BaseError {
  public:
   explicit BaseError(int status) : status_(static_cast<short>(status)) {}
-  virtual ~BaseError();
 
   // Composes the message where the error class has one, shows nothing, and returns the status.
+  // The first virtual operation.
   virtual int ShowMsg();
+  virtual ~BaseError();
 
   int GetStatus() const { return status_; }
 

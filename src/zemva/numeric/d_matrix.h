@@ -35,6 +35,7 @@ class ZEMVA_API DMatrix : public MatrixStorage<DMatrix, double> {
   // Lists the matrix, a row a line.
   virtual void Show(StreamWindow& window) const;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "DMatrix is NULL";
 };
 

@@ -69,6 +69,7 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   FMatrix& operator-(const FMatrix& right) const;
   FMatrix& operator*(const FMatrix& right) const;
 
+  // The work matrices of the operators.
   static FMatrix& MStat;
   static FMatrix& MStat2;
 
@@ -105,8 +106,10 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   // Lists the matrix, a row a line; where `is_wrapped`, with 7 values to a line.
   virtual void Show(StreamWindow& window, bool is_wrapped) const;
 
+  // As GetMatPtr.
   float** GetFMatPtr() const { return GetMatPtr(); }
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "FMatrix is NULL";
 
  protected:

@@ -37,6 +37,7 @@ class LuDecomposition {
     for (int j = 1; status_ == status::kOk && j <= matrix_.NRow(); ++j) DecomposeColumn(j);
   }
 
+  // The code of a failure, else 0.
   int GetStatus() const { return status_; }
 
   // 1 or -1: the sign of the row exchanges.

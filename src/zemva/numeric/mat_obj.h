@@ -16,6 +16,7 @@ namespace zemva {
 // leaves the word alone, so that it keeps the last failure until ClearStatus.
 class ZEMVA_API MatObj {
  public:
+  // The code of the last failure, 0 where there was none.
   int GetStatus() const { return status_; }
   void ClearStatus() { status_ = status::kOk; }
 

@@ -31,6 +31,7 @@ class MatrixStorage : public RowStorage<Derived, T> {
     for (int i = 1; i <= NRow(); ++i) std::copy_n(rows[i] + 1, column_count, (*this)[i] + 1);
   }
 
+  // The numbers of rows and columns.
   int NRow() const { return this->RowCount(); }
   int NCol() const { return this->Width(); }
 

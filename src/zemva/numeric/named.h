@@ -38,9 +38,11 @@ class Named : public Base {
     return RenameAfter(other->GetName(), [&] { return Base::Copy(other); });
   }
 
+  // The object's own address; no copy.
   Derived* GetPtr() { return static_cast<Derived*>(this); }
   const Derived* GetPtr() const { return static_cast<const Derived*>(this); }
 
+  // The name, "" where it was given as null.
   const char* GetName() const { return name_.c_str(); }
 
   // Copies `name`, a null one as "". 5001, with the old name kept, when memory runs out.
@@ -98,6 +100,7 @@ class NamedVector : public Named<Derived, Base> {
     return *this;
   }
 
+  // As Named::Copy; takes the count too.
   int Copy(const Derived* other) {
     const int result = Named<Derived, Base>::Copy(other);
     if (result == status::kOk) present_count_ = other->NValA();

@@ -39,6 +39,7 @@ class RowPointers {
   }
   ~RowPointers() { Free(); }
 
+  // Whether there is no array; the number of rows; the array; row i, unchecked.
   bool IsNull() const { return slots_ == nullptr; }
   int Count() const { return count_; }
   T** Get() const { return slots_.get(); }
@@ -78,6 +79,7 @@ class RowPointers {
     return true;
   }
 
+  // Exchanges all rows.
   void Swap(RowPointers& other) noexcept {
     slots_.swap(other.slots_);
     std::swap(count_, other.count_);

@@ -19,8 +19,10 @@ class ZEMVA_API SVector : public RowStorage<SVector, char> {
   SVector& operator=(const SVector&) = default;
   virtual ~SVector();
 
+  // Lists the texts, 7 to a line, cut to 9 characters.
   virtual void Show(StreamWindow& window) const;
 
+  // The number of texts, and the most characters that each may have.
   int NVal() const { return RowCount(); }
   int GetStrLen() const { return Width(); }
 
@@ -34,6 +36,7 @@ class ZEMVA_API SVector : public RowStorage<SVector, char> {
   // or the vector would grow too long; the vector is then unchanged.
   int Exp(int count, const char* text);
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "SVector is NULL";
 };
 

@@ -17,11 +17,13 @@ namespace zemva {
 // values.
 class SingularValueDecomposition {
  public:
+  // Decomposes the matrix.
   explicit SingularValueDecomposition(const DMatrix& matrix);
 
   // 5000 when an element is not finite or the columns do not become orthogonal, 5001.
   int GetStatus() const { return status_; }
 
+  // The factors, where it did not fail.
   const DMatrix& U() const { return u_; }
   const DMatrix& W() const { return w_; }
   const DMatrix& V() const { return v_; }

@@ -17,8 +17,10 @@ class ZEMVA_API I1Vector : public VectorStorage<I1Vector, char> {
   I1Vector& operator=(const I1Vector&) = default;
   virtual ~I1Vector();
 
+  // Lists the length and the elements, 7 to a line.
   virtual void Show(StreamWindow& window) const;
 
+  // Elements 0..NVal(), of which element 0 is never data; null without memory.
   char* GetI1VecPtr() { return GetElements(); }
   const char* GetI1VecPtr() const { return GetElements(); }
 
@@ -29,6 +31,7 @@ class ZEMVA_API I1Vector : public VectorStorage<I1Vector, char> {
   int GetNEqual(char value) const;
   int GetNNotEqual(char value) const;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "I1Vector is NULL";
 };
 
@@ -40,14 +43,17 @@ class ZEMVA_API I2Vector : public VectorStorage<I2Vector, short> {
   I2Vector& operator=(const I2Vector&) = default;
   virtual ~I2Vector();
 
+  // Lists the length and the elements, 7 to a line.
   virtual void Show(StreamWindow& window) const;
 
+  // Elements 0..NVal(), of which element 0 is never data; null without memory.
   short* GetI2VecPtr() { return GetElements(); }
   const short* GetI2VecPtr() const { return GetElements(); }
 
   // Sorts the elements in ascending order.
   void SortAsc();
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "I2Vector is NULL";
 };
 
@@ -63,8 +69,10 @@ class ZEMVA_API FVector : public VectorStorage<FVector, float> {
   FVector& operator=(const FVector&) = default;
   virtual ~FVector();
 
+  // Lists the length and the elements, 7 to a line.
   virtual void Show(StreamWindow& window) const;
 
+  // Elements 0..NVal(), of which element 0 is never data; null without memory.
   float* GetFVecPtr() { return GetElements(); }
   const float* GetFVecPtr() const { return GetElements(); }
 
@@ -114,6 +122,7 @@ class ZEMVA_API FVector : public VectorStorage<FVector, float> {
   // lengths differ, with 5007 for null.
   float VpMulV(const FVector* other);
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "FVector is NULL";
 
  protected:
@@ -129,8 +138,10 @@ class ZEMVA_API DVector : public VectorStorage<DVector, double> {
   DVector& operator=(const DVector&) = default;
   virtual ~DVector();
 
+  // Lists the length and the elements, 7 to a line.
   virtual void Show(StreamWindow& window) const;
 
+  // Elements 0..NVal(), of which element 0 is never data; null without memory.
   double* GetDVecPtr() { return GetElements(); }
   const double* GetDVecPtr() const { return GetElements(); }
 
@@ -148,6 +159,7 @@ class ZEMVA_API DVector : public VectorStorage<DVector, double> {
   int IxMax() const;
   int IxAbsMax() const;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "DVector is NULL";
 };
 

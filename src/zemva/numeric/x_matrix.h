@@ -42,6 +42,7 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   int ExpCols(int count, float value) override;
   int ExpRows(int count, float value) override;
 
+  // As in the base; the values are counted anew.
   int DelRows(int first, int last);
   int Transp();
   int SwapRow(int i, int k);
@@ -117,6 +118,7 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   int Addcomp(const XFVector* t, const XFVector* p);
   int Subcomp(const XFVector* t, const XFVector* p);
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XFMatrix is NULL.";
 
  private:

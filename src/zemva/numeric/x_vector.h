@@ -18,8 +18,10 @@ class ZEMVA_API XI1Vector : public NamedVector<XI1Vector, I1Vector> {
   XI1Vector& operator=(const XI1Vector&) = default;
   ~XI1Vector() override;
 
+  // Name and count of present values, then as the plain vector.
   void Show(StreamWindow& window) const override;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XI1Vector is NULL";
 };
 
@@ -30,8 +32,10 @@ class ZEMVA_API XI2Vector : public NamedVector<XI2Vector, I2Vector> {
   XI2Vector& operator=(const XI2Vector&) = default;
   ~XI2Vector() override;
 
+  // Name and count of present values, then as the plain vector.
   void Show(StreamWindow& window) const override;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XI2Vector is NULL";
 };
 
@@ -42,6 +46,7 @@ class ZEMVA_API XFVector : public NamedVector<XFVector, FVector> {
   XFVector& operator=(const XFVector&) = default;
   ~XFVector() override;
 
+  // Name and count of present values, then as the plain vector.
   void Show(StreamWindow& window) const override;
 
   // As that of FVector; NValA becomes the number of pairs.
@@ -54,6 +59,7 @@ class ZEMVA_API XFVector : public NamedVector<XFVector, FVector> {
   int VDotSubV(const FVector* other);
   int VDotMulV(const FVector* other);
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XFVector is NULL";
 
  private:
@@ -67,21 +73,26 @@ class ZEMVA_API XDVector : public NamedVector<XDVector, DVector> {
   XDVector& operator=(const XDVector&) = default;
   ~XDVector() override;
 
+  // Name and count of present values, then as the plain vector.
   void Show(StreamWindow& window) const override;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XDVector is NULL";
 };
 
 class ZEMVA_API XSVector : public Named<XSVector, SVector> {
  public:
   using Named::Named;
+  // `length` empty texts of room for `string_length` characters.
   XSVector(const char* name, int length, int string_length);
   XSVector(const XSVector&) = default;
   XSVector& operator=(const XSVector&) = default;
   ~XSVector() override;
 
+  // The name, then as the plain vector.
   void Show(StreamWindow& window) const override;
 
+  // What is listed for a null pointer.
   static constexpr const char* kNullText = "XSVector is NULL";
 };
 

@@ -15,7 +15,7 @@ zemva::Dataset& DatasetOf(void* handle) {
 
 struct Label {
   short number = 0;
-  const char* name = nullptr;
+  char* name = nullptr;
 };
 
 Label ObservationLabel(void* handle, int observation) {

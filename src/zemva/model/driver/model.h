@@ -531,7 +531,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void PredictResponses(const XFMatrix* observed, short to);
   void SetDistanceY(std::span<const double> residuals, short to);
   void FinishResponses();
-  PredictionErrors MakeErrorsLS() const;
+  // Of responses first..last.
+  PredictionErrors MakeErrorsLS(short first, short last) const;
 
   // --- Listings (model_listing.cpp, model_listing_results.cpp) ---
 

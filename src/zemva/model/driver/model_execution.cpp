@@ -25,7 +25,7 @@ int Model::AddLSResults() {
     workset_results_ = {DistanceResults("DModX", "PModX", a, GetNObs()), {}, {}};
     if (!HasY()) return status::kOk;
     workset_results_->y.emplace("DModY", "PModY", a, GetNObs());
-    workset_results_->errors.emplace(MakeErrorsLS());
+    workset_results_->errors.emplace(MakeErrorsLS(1, GetNVarY()));
     return status::kOk;
   });
 }

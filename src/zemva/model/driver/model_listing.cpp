@@ -66,7 +66,8 @@ int Model::ShowInit(StreamWindow& window) {
 
 int Model::ShowCent(StreamWindow& window) {
   Listing list(window);
-  list.Text(a0_ != 0 ? "Data for centering." : "Data not centered.").EndLine();
+  const char* const uncentred = HasY() ? "Data uncentered." : "Data not centered.";
+  list.Text(a0_ != 0 ? "Data for centering." : uncentred).EndLine();
   for (const DataBlock* const block : GetBlocks()) ShowCentre(*block, window);
   return status::kOk;
 }

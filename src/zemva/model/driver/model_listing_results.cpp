@@ -81,6 +81,7 @@ int Model::ShowComp(char a, StreamWindow& window) {
     AddValue(list.Text(", Q2(cum)= "), 0, 3, component->q2_cum).EndLine();
   }
   AddValue(list.Text("R2X(cum)= "), 0, 3, GetR2X(a));
+  if (HasY()) AddValue(list.Text(", R2Y(cum)= "), 0, 3, GetR2Y(a));
   AddValue(list.Text(", Eig= "), 0, 3, component->eigenvalue);
   AddValue(list.Text(", S2X= "), 0, component->x.s2);
   AddValue(list.Text(", S2WX= "), 0, component->weighted_s2);

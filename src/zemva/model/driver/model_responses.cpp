@@ -50,14 +50,14 @@ float Model::BackTransform(float value, short m, bool is_back_transformed) const
   return row == 0 ? value : transformations->GetItm(row)->BackTra(value);
 }
 
-// t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance of
-// the response and df its degrees of freedom (S. de Vries and C. J. F. ter Braak, Prediction error
-// in partial least squares regression, Chemometrics and Intelligent Laboratory Systems 30 (1995)
-// 239-245).
+// t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance
+// of the response and df its degrees of freedom (S. de Vries and C. J. F. ter Braak, Prediction
+// error in partial least squares regression, Chemometrics and Intelligent Laboratory Systems 30
+// (1995) 239-245).
 double Model::GetHalfWidth(int a, short m, double leverage, float level) const {
   const BlockSize size = GetSize(EBlock::kY, a);
-  const int df = y_->GetInfo()->column_counts[static_cast<std::size_t>(m - 1)] - size.a0 -
-                 size.of_column;
+  const int df =
+      y_->GetInfo()->column_counts[static_cast<std::size_t>(m - 1)] - size.a0 - size.of_column;
   if (df < 1 || IsMissing(leverage) || !(level > 0.0f && level < 1.0f)) return kNone;
   const double t = static_cast<double>(TCrit(1.0f - level, df));
   const double variance = static_cast<double>(GetStage(EBlock::kY, a)->s2v[m]);
@@ -106,23 +106,24 @@ float Model::GetSEYPredULS(short i, short m) const {
   return GetLimitLS(i, m, 1.0);
 }
 
-PredictionErrors Model::MakeErrorsLS() const {
-  PredictionErrors errors(GetNVarY());
+PredictionErrors Model::MakeErrorsLS(short first, short last) const {
+  PredictionErrors errors(last - first + 1);
   const BlockSize size = GetSize(EBlock::kY, GetUsed(options_->GetAUseLS()));
   std::vector<float> of_response(static_cast<std::size_t>(GetNObs()));
   const std::vector<char> is_member(of_response.size(), 1);
-  for (const short m : PositionsUpTo(GetNVarY())) {
+  for (const short number : PositionsUpTo(errors.rss.NVal())) {
+    const auto m = static_cast<short>(first + number - 1);
     for (const short i : PositionsUpTo(GetNObs())) {
       of_response[static_cast<std::size_t>(i - 1)] = GetYPredErrLS(i, m);
     }
-    errors.Set(m, of_response, is_member, size.a0 + size.of_column);
+    errors.Set(number, of_response, is_member, size.a0 + size.of_column);
   }
   return errors;
 }
 
 float Model::GetRMSEE(short m) const {
   if (m < 1 || m > GetNVarY() || GetComponentCount() == 0 || !y_->IsLoaded()) return kMissing;
-  return MakeErrorsLS().sd_adj_ls[m];
+  return MakeErrorsLS(m, m).sd_adj_ls[1];
 }
 
 // --- Of the prediction set ---
@@ -132,11 +133,12 @@ void Model::PredictResponses(const XFMatrix* observed, short to) {
   const int a = results.distance.component_count;
   const bool is_back = options_->GetIsBackTraYPS();
   const auto score = [&](int c) { return GetTPredPS(static_cast<char>(c), to); };
-  // h = A0 / N + sum of t^2 / (N S2t)
+  // h = A0 / N + sum of t^2 / (t't of the work set)
   double leverage = static_cast<double>(a0_) / GetNObs();
   for (int c = 1; c <= a && !IsMissing(leverage); ++c) {
     const float t = score(c);
-    const double squares = static_cast<double>(GetComponent(c)->s2t) * GetNObs();
+    const CompInfo& component = *GetComponent(c);
+    const double squares = static_cast<double>(component.s2t) * component.t.NValA();
     if (IsMissing(t)) {
       leverage = kNone;
     } else if (squares > 0.0) {
@@ -270,9 +272,9 @@ float Model::GetCoeff(char a, short k, short m) const {
   const float scaled = GetCoeffCS(a, k, m);
   const float weight = GetWeigY(m);
   if (IsMissing(scaled) || weight == 0.0f) return kMissing;
-  return AsPresent(static_cast<float>(static_cast<double>(scaled) *
-                                      static_cast<double>(GetWeigX(k)) /
-                                      static_cast<double>(weight)));
+  return AsPresent(
+      static_cast<float>(static_cast<double>(scaled) * static_cast<double>(GetWeigX(k)) /
+                         static_cast<double>(weight)));
 }
 
 // b0 = centre of y - sum of b times centre of x
@@ -280,8 +282,8 @@ float Model::GetB0(char a, short m) const {
   if (IsMissing(GetCoeff(a, 1, m))) return kMissing;
   double constant = static_cast<double>(y_->GetInfo()->reference[m]);
   for (const short k : PositionsUpTo(GetNVarX())) {
-    constant -= static_cast<double>(GetCoeff(a, k, m)) *
-                static_cast<double>(x_->GetInfo()->reference[k]);
+    constant -=
+        static_cast<double>(GetCoeff(a, k, m)) * static_cast<double>(x_->GetInfo()->reference[k]);
   }
   return AsPresent(static_cast<float>(constant));
 }

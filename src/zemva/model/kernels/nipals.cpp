@@ -15,12 +15,6 @@ constexpr double kTinyLoading = 1e-6;
 constexpr double kConverged = 1e-10;
 constexpr double kNoChange = 1e-30;
 
-bool IsConverged(const ScoreSums& sums) {
-  // So written that what is not a number, from values near the end of the range, ends it too.
-  if (sums.change_squares < kNoChange) return true;
-  return !(sums.change_squares / sums.squares > kConverged);
-}
-
 // values * scale, with 0 for what is tiny beside a vector of length 1.
 void Round(std::span<const double> values, double scale, std::span<float> loadings) {
   const double size = std::sqrt(static_cast<double>(values.size()));
@@ -32,6 +26,12 @@ void Round(std::span<const double> values, double scale, std::span<float> loadin
 }
 
 }  // namespace
+
+bool IsConverged(const ScoreSums& sums) {
+  // So written that what is not a number, from values near the end of the range, ends it too.
+  if (sums.change_squares < kNoChange) return true;
+  return !(sums.change_squares / sums.squares > kConverged);
+}
 
 NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
                     const NipalsSettings& settings, std::span<float> scores,
@@ -48,9 +48,8 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
       Normalise(sums, loadings);
       const ScoreSums score_sums =
           projection.OntoRowsAndColumns(loadings, 1.0, settings.score_cap, scores);
-      if (IsConverged(score_sums) || result.iterations > settings.max_iterations) {
-        return status::kOk;
-      }
+      result.is_converged = IsConverged(score_sums);
+      if (result.is_converged || result.iterations > settings.max_iterations) return status::kOk;
     }
   });
   return result;

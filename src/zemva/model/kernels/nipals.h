@@ -18,7 +18,11 @@ struct NipalsSettings {
 struct NipalsResult {
   int status;
   int iterations;
+  bool is_converged = false;
 };
+
+// Whether an iteration that changed the scores so much is the last.
+bool IsConverged(const ScoreSums& sums);
 
 // Fits t and p to E by turns, p = E't / |E't| and t = E p, until t changes by no more than 1e-10 of
 // its square (H. Wold, Estimation of principal components and related models by iterative least

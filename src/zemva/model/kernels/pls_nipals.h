@@ -25,7 +25,7 @@ struct PlsVectors {
   std::span<float> t;  // N, scores of X
   std::span<float> u;  // N, scores of Y: what to start from
   std::span<float> w;  // K, weights of X, of length 1
-  std::span<float> c;  // M, weights of Y
+  std::span<float> c;  // M, weights of Y: those that the u to start from was made of, F c / c'c
   std::span<float> p;  // K, loadings of X; empty where they are not wanted
 };
 
@@ -39,6 +39,9 @@ struct PlsVectors {
 // tutorial, Analytica Chimica Acta 185 (1986) 1-17.) What is missing is made up for as Projection
 // says. The rows that are left out take no part: their t is missing and their u 0, as is the u of a
 // row without any response.
+//
+// Where nothing is missing and the responses are few, the iteration runs on the products of E and F
+// (response_products.h), with the same vectors to single precision.
 //
 // 8024 where |E'u|^2 / sqrt(u'u SS(E)) is below 1e-6 / sqrt(K): what is left of X and Y has nothing
 // in common. 8042 (8043 when rows are left out) for a column without usable row; 8002 when memory

@@ -108,7 +108,7 @@ void Projection::ForEachBlock(std::size_t row_class, Visit visit) const {
 
 void Projection::SumColumns(std::span<const float> scores) {
   ClearSums();
-  for (std::size_t c = 0; c < left_out_.ClassCount(); ++c) {
+  for (std::size_t c = 0; c < left_out_.KeptCount(); ++c) {
     if (left_out_.IsWholeRow(c)) continue;
     OpenClass(c);
     ForEachBlock(c, [&](const Block& block) { AddBlock(block, scores); });
@@ -189,7 +189,7 @@ int Projection::LoadingsFor(std::span<const float> scores, const Cap& cap,
 
 double Projection::UsableScoreSquares(std::size_t column, std::span<const float> scores) const {
   double squares = 0;
-  for (std::size_t c = 0; c < left_out_.ClassCount(); ++c) {
+  for (std::size_t c = 0; c < left_out_.KeptCount(); ++c) {
     if (left_out_.IsWholeRow(c)) continue;
     if (std::ranges::binary_search(left_out_.Columns(c), static_cast<int>(column))) continue;
     for (std::size_t i = left_out_.FirstRowOf(c); i < scores.size(); i += left_out_.ClassCount()) {
@@ -215,7 +215,7 @@ ScoreSums Projection::ProjectRows(std::span<const float> weights, double squares
   RowPass pass{weights, squares, cap, scores};
   std::ranges::copy(weights, weights_.Data());
   if (also_sums_columns) ClearSums();
-  for (std::size_t c = 0; c < left_out_.ClassCount(); ++c) {
+  for (std::size_t c = 0; c < left_out_.KeptCount(); ++c) {
     if (left_out_.IsWholeRow(c)) {
       ForEachBlock(c, [&](const Block& block) {
         for (std::size_t r = 0; r < block.count; ++r) scores[block.index[r]] = kMissing;

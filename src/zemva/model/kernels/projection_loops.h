@@ -1,4 +1,4 @@
-// The two inner loops of the projections.
+// The inner loops of the projections.
 #ifndef ZEMVA_MODEL_KERNELS_PROJECTION_LOOPS_H
 #define ZEMVA_MODEL_KERNELS_PROJECTION_LOOPS_H
 
@@ -23,8 +23,13 @@ struct ProjectionLoops {
   using Add = void (*)(const float* const* rows, const double* scores, std::size_t length,
                        double* sums, std::size_t ahead);
 
+  // As dot, of kBlockRows rows of doubles, one behind the other at distances of `stride`.
+  using DotOfDoubles = void (*)(const double* rows, std::size_t stride, const double* weights,
+                                std::size_t length, double* sums);
+
   std::array<Dot, kBlockRows> dot;
   std::array<Add, kBlockRows> add;
+  DotOfDoubles dot_of_doubles;
 };
 
 const ProjectionLoops& Avx512ProjectionLoops();

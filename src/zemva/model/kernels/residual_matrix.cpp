@@ -67,6 +67,12 @@ void ResidualMatrix::CenterAndScale(std::span<const float> centre, std::span<con
     ClearHoles(i);
   }
   ClearUnusedColumns();
+  version_ = NextVersion();
+}
+
+std::size_t ResidualMatrix::NextVersion() {
+  static std::size_t last = 0;
+  return ++last;
 }
 
 bool ResidualMatrix::IsHole(std::size_t row, std::size_t column) const {
@@ -91,6 +97,7 @@ void ResidualMatrix::AddMultiple(float sign, std::span<const float> scores,
     ClearHoles(i);
   }
   ClearUnusedColumns();
+  version_ = NextVersion();
 }
 
 std::vector<double> ResidualMatrix::RowSquares() const {

@@ -35,6 +35,8 @@ class ResidualMatrix {
   std::size_t ColumnCount() const { return takes_part_.size(); }
   bool TakesPart(std::size_t column) const { return takes_part_[column] != 0; }
   bool IsComplete() const { return holes_.empty(); }
+  // Another one after every change, of this matrix or of any.
+  std::size_t GetVersion() const { return version_; }
 
   // Row `row` with 0 for what is missing, and the columns of its missing elements, ascending.
   std::span<const float> Row(std::size_t row) const {
@@ -87,6 +89,7 @@ class ResidualMatrix {
   // Puts back the zeros of the holes after a change of the row.
   void ClearHoles(std::size_t row);
   void AddMultiple(float sign, std::span<const float> scores, std::span<const float> loadings);
+  static std::size_t NextVersion();
 
   std::vector<char> takes_part_;
   std::size_t row_count_;
@@ -95,6 +98,7 @@ class ResidualMatrix {
   // The holes of row i are holes_[first_hole_[i]] up to holes_[first_hole_[i + 1]].
   std::vector<int> holes_;
   std::vector<std::size_t> first_hole_;
+  std::size_t version_ = NextVersion();
 };
 
 }  // namespace zemva

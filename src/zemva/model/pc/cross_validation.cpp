@@ -8,11 +8,12 @@
 
 namespace zemva {
 
-short GetGroupCount(short asked, int column_count, ModelLog& log) {
+short GetGroupCount(short asked, int column_count, ModelLog* log) {
   int count = asked;
   while (std::gcd(count, column_count) != 1) {
     if (++count > std::numeric_limits<short>::max()) return 0;
-    log.Write("NCV is incremented to " + std::to_string(count) +
+    if (log == nullptr) continue;
+    log->Write("NCV is incremented to " + std::to_string(count) +
               " to make all var.s participate in each CV round.\n");
   }
   return static_cast<short>(count);

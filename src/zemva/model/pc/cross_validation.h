@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "zemva/model/block/model_log.h"
+#include "zemva/model/kernels/left_out.h"
 
 namespace zemva {
 
-// The first number from `asked` on that has no divisor in common with the number of columns, as
-// the log tells of each step, so that every variable takes part in each round; 0 where a short has
-// none.
-short GetGroupCount(short asked, int column_count, ModelLog& log);
+// The first number from `asked` on that has no divisor in common with the number of columns, so
+// that every variable takes part in each round; 0 where a short has none. The log, where there is
+// one, tells of each step.
+short GetGroupCount(short asked, int column_count, ModelLog* log);
 
 // How many variables must be predicted for a component to be significant by rule 2, of so many that
 // take part: 3, and one more from the cubes of 3 to 7 on each.
@@ -30,6 +31,9 @@ class GroupLabels {
   GroupLabels(int group_count, std::span<const char> takes_part);
 
   std::span<const short> Get() const { return labels_; }
+  LeftOut GetLeftOut(std::size_t row_count) const {
+    return LeftOut::Elements(group_count_, labels_, row_count);
+  }
 
   // The labels of the next round: each goes to the next variable that takes part, and the first
   // variable of all gets the label of the last plus one.

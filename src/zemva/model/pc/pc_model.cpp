@@ -9,6 +9,8 @@
 
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"
+#include "zemva/model/driver/validation.h"
+#include "zemva/model/kernels/adaptive_nipals.h"
 #include "zemva/model/kernels/left_out.h"
 #include "zemva/model/kernels/nipals.h"
 #include "zemva/model/kernels/residual_matrix.h"
@@ -39,9 +41,11 @@ bool IsDetermined(const FMatrix& inverse, std::span<const float> diagonal) {
 
 PCModel::PCModel(ModelOwner* owner, EModType type, StreamWindow& window, ModOpt* options,
                  char selector)
-    : Model(owner, type, window, options, selector) {}
+    : Model(owner, type, window, options, selector),
+      iteration_(std::make_unique<AdaptiveNipals>()) {}
 
-PCModel::PCModel(const PCModel& other) = default;
+PCModel::PCModel(const PCModel& other)
+    : Model(other), iteration_(std::make_unique<AdaptiveNipals>()) {}
 
 PCModel::~PCModel() = default;
 
@@ -59,24 +63,38 @@ int PCModel::Fit(CompInfo& component) {
   const std::span<const float> squares = GetStage(EBlock::kX, GetComponentCount())->ssv.Values();
   const auto largest = std::ranges::max_element(squares) - squares.begin();
   GetX().GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.t.Values());
-  return Nipals(LeftOut(), component.p, component.t, component.iteration_count);
+  std::optional<GroupLabels> groups;
+  if (GetValidation(GetOptions(), true).is_cross_validated) groups = MakeGroups();
+  return FitWhole(groups ? groups->GetLeftOut(static_cast<std::size_t>(GetNObs())) : LeftOut(), component);
 }
 
-int PCModel::Nipals(const LeftOut& left_out, XFVector& p, XFVector& t, short& iteration_count) {
+int PCModel::FitWhole(const LeftOut& groups, CompInfo& component) {
+  const NipalsResult result =
+      iteration_->Fit(GetX().GetResiduals(), groups, MakeSettings(1.0), component.t.Values(),
+                      component.p.Values());
+  component.iteration_count =
+      static_cast<short>(std::min<int>(result.iterations, std::numeric_limits<short>::max()));
+  return result.status == status::kOk ? Finish(component.p, component.t) : result.status;
+}
+
+int PCModel::FitRound(const LeftOut& left_out, XFVector& p, XFVector& t) {
   // In a round of G groups the limits of the corrections are G / (G - 1) times as wide.
   const double group_count = GetOptions().GetNCV();
-  const double widening = left_out.IsNothing() ? 1.0 : group_count / (group_count - 1.0);
-  const NipalsSettings settings{
-      GetOptions().GetMaxIter(),
-      MakeCap(static_cast<double>(GetLoadingLimit()) * widening, GetOptions().GetIsShoLoaLim(),
-              "CompLimLoa overrun for p, VarIx "),
-      MakeCap(static_cast<double>(GetOptions().GetCLS()) * widening,
-              GetOptions().GetIsShoScrLim(), "CompLimScr overrun for t, ObsIx ")};
+  const NipalsSettings settings = MakeSettings(group_count / (group_count - 1.0));
   const NipalsResult result =
-      zemva::Nipals(GetX().GetResiduals(), left_out, settings, t.Values(), p.Values());
-  if (result.status != status::kOk) return result.status;
-  iteration_count =
-      static_cast<short>(std::min<int>(result.iterations, std::numeric_limits<short>::max()));
+      iteration_->FitRound(GetX().GetResiduals(), left_out, settings, t.Values(), p.Values());
+  return result.status == status::kOk ? Finish(p, t) : result.status;
+}
+
+NipalsSettings PCModel::MakeSettings(double widening) {
+  return {GetOptions().GetMaxIter(),
+          MakeCap(static_cast<double>(GetLoadingLimit()) * widening, GetOptions().GetIsShoLoaLim(),
+                  "CompLimLoa overrun for p, VarIx "),
+          MakeCap(static_cast<double>(GetOptions().GetCLS()) * widening,
+                  GetOptions().GetIsShoScrLim(), "CompLimScr overrun for t, ObsIx ")};
+}
+
+int PCModel::Finish(XFVector& p, XFVector& t) {
   const auto is_finite = [](float value) { return std::isfinite(value); };
   const bool is_in_range =
       std::ranges::all_of(t.Values(), is_finite) && std::ranges::all_of(p.Values(), is_finite);
@@ -85,31 +103,42 @@ int PCModel::Nipals(const LeftOut& left_out, XFVector& p, XFVector& t, short& it
   return is_in_range ? status::kOk : status::mva::kDomain;
 }
 
+int PCModel::Complete(CompInfo& /*component*/) {
+  iteration_->TakeOff();
+  return status::kOk;
+}
+
+std::optional<GroupLabels> PCModel::MakeGroups() const {
+  const int asked = std::min<int>(GetOptions().GetNCV(), GetNObs() * GetNVarX());
+  const short group_count = GetGroupCount(static_cast<short>(asked), GetNVarXUsed(), nullptr);
+  if (group_count == 0) return std::nullopt;
+  const ResidualMatrix& residuals = GetX().GetResiduals();
+  std::vector<char> takes_part;
+  for (int k = 0; k < GetNVarX(); ++k) {
+    takes_part.push_back(residuals.TakesPart(static_cast<std::size_t>(k)));
+  }
+  return GroupLabels(group_count, takes_part);
+}
+
 int PCModel::AddPredictionErrors(const CompInfo& component, std::span<double> errors) {
   const int element_count = GetNObs() * GetNVarX();
   if (GetOptions().GetNCV() > element_count) {
     GetOptions().SetNCV(static_cast<short>(element_count));
     GetLog().Write("NCV is reduced to NObs*NVar: " + std::to_string(element_count) + "\n");
   }
-  const short group_count = GetGroupCount(GetOptions().GetNCV(), GetNVarXUsed(), GetLog());
+  const short group_count = GetGroupCount(GetOptions().GetNCV(), GetNVarXUsed(), &GetLog());
   if (group_count == 0) return status::mva::kArgument;
   GetOptions().SetNCV(group_count);
 
-  const ResidualMatrix& residuals = GetX().GetResiduals();
-  std::vector<char> takes_part;
-  for (int k = 0; k < GetNVarX(); ++k) {
-    takes_part.push_back(residuals.TakesPart(static_cast<std::size_t>(k)));
-  }
-  GroupLabels labels(group_count, takes_part);
+  GroupLabels groups = *MakeGroups();
   for (int round = 1; round <= group_count; ++round) {
-    if (round > 1) labels.Rotate();
-    const LeftOut left_out = LeftOut::Elements(group_count, labels.Get());
+    if (round > 1) groups.Rotate();
+    const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(GetNObs()));
     XFVector p(component.p);
     XFVector t(component.t);
-    short iteration_count = 0;
-    const int status = Nipals(left_out, p, t, iteration_count);
+    const int status = FitRound(left_out, p, t);
     if (status != status::kOk) return status;
-    zemva::AddPredictionErrors(residuals, left_out, t.Values(), p.Values(), errors);
+    zemva::AddPredictionErrors(GetX().GetResiduals(), left_out, t.Values(), p.Values(), errors);
   }
   return status::kOk;
 }

@@ -2,6 +2,8 @@
 #ifndef ZEMVA_MODEL_PC_PC_MODEL_H
 #define ZEMVA_MODEL_PC_PC_MODEL_H
 
+#include <memory>
+#include <optional>
 #include <span>
 
 #include "zemva/base/export.h"
@@ -14,7 +16,10 @@
 
 namespace zemva {
 
+class AdaptiveNipals;
+class GroupLabels;
 class LeftOut;
+struct NipalsSettings;
 
 // The records of centring and of a component are those of every model.
 using PCCentInfo = CentInfo;
@@ -42,16 +47,26 @@ class ZEMVA_API PCModel : public Model {
   Rules GetRules() const override;
   int Fit(CompInfo& component) override;
   int AddPredictionErrors(const CompInfo& component, std::span<double> errors) override;
+  int Complete(CompInfo& component) override;
   int Project(const XFVector& values, int /*number*/, FVector& scores) override {
     return CalcTPred(values, scores);
   }
 
  private:
-  // Fits loadings and scores, which hold what to start from.
-  int Nipals(const LeftOut& left_out, XFVector& p, XFVector& t, short& iteration_count);
+  // The groups of cross-validation, without changing the options; none for more than a short counts.
+  std::optional<GroupLabels> MakeGroups() const;
+  // Fits loadings and scores, which hold what to start from: the component, with the rounds to
+  // follow leaving out such groups, or in one of these.
+  int FitWhole(const LeftOut& groups, CompInfo& component);
+  int FitRound(const LeftOut& left_out, XFVector& p, XFVector& t);
+  NipalsSettings MakeSettings(double widening);
+  // Whether the vectors are in the range of a float: 8005.
+  static int Finish(XFVector& p, XFVector& t);
   // Sets the scores of an observation to the least squares solution over its present values; to
   // missing where these do not determine it.
   int CalcTPred(const XFVector& values, FVector& scores);
+
+  std::unique_ptr<AdaptiveNipals> iteration_;
 };
 
 }  // namespace zemva

@@ -12,6 +12,7 @@
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/kernels/left_out.h"
+#include "zemva/model/kernels/pls_nipals.h"
 #include "zemva/model/kernels/residual_matrix.h"
 #include "zemva/numeric/d_matrix.h"
 
@@ -42,8 +43,8 @@ void AddErrors(const ResidualMatrix& y, const LeftOut& others, std::span<const f
     if (others.IsWholeRow(others.ClassOf(i)) || IsMissing(t[i])) continue;
     const std::span<const float> row = y.Row(i);
     y.ForEachPresent(i, [&](std::size_t m) {
-      const double error = static_cast<double>(row[m]) -
-                           static_cast<double>(t[i]) * static_cast<double>(c[m]);
+      const double error =
+          static_cast<double>(row[m]) - static_cast<double>(t[i]) * static_cast<double>(c[m]);
       errors[m] += error * error;
     });
   }
@@ -86,12 +87,13 @@ int PLSModel::Fit(CompInfo& component) {
   const std::span<const float> squares = GetStage(EBlock::kY, GetComponentCount())->ssv.Values();
   const auto largest = std::ranges::max_element(squares) - squares.begin();
   GetY()->GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.u.Values());
+  std::ranges::fill(component.c.Values(), 0.0f);
+  component.c[static_cast<int>(largest) + 1] = 1.0f;
   int iterations = 0;
-  const int status =
-      Nipals(LeftOut(),
-             {component.t.Values(), component.u.Values(), component.w.Values(),
-              component.c.Values(), component.p.Values()},
-             iterations);
+  const int status = Nipals(LeftOut(),
+                            {component.t.Values(), component.u.Values(), component.w.Values(),
+                             component.c.Values(), component.p.Values()},
+                            iterations);
   component.iteration_count =
       static_cast<short>(std::min<int>(iterations, std::numeric_limits<short>::max()));
   for (XFVector* vector : {&component.t, &component.u, &component.w, &component.c, &component.p}) {
@@ -137,6 +139,7 @@ int PLSModel::AddPredictionErrors(const CompInfo& component, std::span<double> e
   std::vector<float> c(static_cast<std::size_t>(GetNVarY()));
   for (int group = 1; group <= group_count; ++group) {
     std::vector<float> u(component.u.Values().begin(), component.u.Values().end());
+    std::ranges::copy(component.c.Values(), c.begin());
     int iterations = 0;
     const int status =
         Nipals(LeftOut::Rows(group_count, group), {t, u, w, c, std::span<float>()}, iterations);
@@ -234,9 +237,13 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
     const std::span<const float> w = component.w.Values();
     double sum = 0.0;
     double usable = 0.0;
+    bool is_complete = true;
     for (std::size_t k = 0; k < left.size(); ++k) {
-      if (IsMissing(values.Values()[k])) continue;
       const auto weight = static_cast<double>(w[k]);
+      if (IsMissing(values.Values()[k])) {
+        is_complete = is_complete && weight == 0.0;
+        continue;
+      }
       sum += weight * left[k];
       usable += weight * weight;
     }
@@ -245,8 +252,9 @@ int PLSModel::Project(const XFVector& values, int number, FVector& scores) {
       std::ranges::fill(scores.Values(), kMissing);
       return status::kOk;
     }
-    double factor = 1.0 / usable;
-    if (factor > cap.limit) {
+    // The length of w is 1 but for rounding, which is nothing to make up for.
+    double factor = is_complete ? 1.0 : 1.0 / usable;
+    if (factor > cap.limit && sum != 0.0) {
       cap.report(number, factor);
       factor = cap.limit;
     }

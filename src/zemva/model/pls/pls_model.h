@@ -9,11 +9,13 @@
 #include "zemva/model/block/cent_info.h"
 #include "zemva/model/block/comp_info.h"
 #include "zemva/model/driver/model.h"
-#include "zemva/model/kernels/pls_nipals.h"
 #include "zemva/numeric/x_vector.h"
 #include "zemva/settings/options/mod_opt.h"
 
 namespace zemva {
+
+class LeftOut;
+struct PlsVectors;
 
 // The records of centring and of a component are those of every model.
 using PLSCentInfo = CentInfo;

@@ -133,14 +133,17 @@ int ScaInfo::SetWeights(short var, EScaType type, const ColumnSpreads& spreads, 
               ToWeight(spreads.InverseDeviation(column)), present.GetScaC1(), present.GetScaC2()));
 }
 
-int ScaInfo::TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
-                      bool is_from_data) {
+int ScaInfo::TakeRows(std::span<const ScaInfo* const> sources, const VarInfo& variables,
+                      const XFMatrix* matrix, bool is_from_data) {
   if (is_from_data && matrix == nullptr) return SetStatus(status::mva::kNullPointer);
   return SetStatus(MemoryGuarded([&] {
     ScaInfo table(GetNam());
     for (int j = 1; j <= variables.GetNVar(); ++j) {
-      const ScaData* row =
-          scalings.GetItm(scalings.FindVar(variables.GetVNum(static_cast<short>(j))));
+      const ScaData* row = nullptr;
+      for (const ScaInfo* const source : sources) {
+        if (row != nullptr) break;
+        row = source->GetItm(source->FindVar(variables.GetVNum(static_cast<short>(j))));
+      }
       if (row == nullptr) return status::mva::kVariableNotAvailable;
       const int status = table.AddItm(*row);
       if (status != status::kOk) return status;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <span>
 
 #include "zemva/base/export.h"
 #include "zemva/data/itm_info.h"
@@ -135,8 +136,8 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // codes of UpdateAll; the table is then unchanged. Its body is in model/workset/.
   int SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
                  bool is_from_data);
-  // The same as a model scales its X variables. 8009 where the model has no data loaded. Its body
-  // is in model/driver/.
+  // The same as a model scales its variables of X and Y. 8009 where the model has no data loaded.
+  // Its body is in model/driver/.
   int SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Model* model,
                  bool is_from_data);
 
@@ -168,9 +169,9 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
  private:
   short FindColumn(short var, const VarInfo& variables, const XFMatrix& matrix) const;
   int SetWeights(short var, EScaType type, const ColumnSpreads& spreads, int column);
-  // What SetScaInfo does with the rows of another table.
-  int TakeRows(const ScaInfo& scalings, const VarInfo& variables, const XFMatrix* matrix,
-               bool is_from_data);
+  // What SetScaInfo does with the rows of other tables, the first that has a variable.
+  int TakeRows(std::span<const ScaInfo* const> sources, const VarInfo& variables,
+               const XFMatrix* matrix, bool is_from_data);
   template <typename Predicate>
   short Count(Predicate is_counted) const;
   const char* Header() const override;

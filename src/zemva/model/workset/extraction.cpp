@@ -69,7 +69,7 @@ bool IsAsDescribed(const DataSource& source) {
                         dataset.GetNVarDS() == source.variables.GetNVar();
   if (!has_size) return false;
   short number = 0;
-  const char* name = nullptr;
+  char* name = nullptr;
   for (const short i : PositionsUpTo(dataset.GetNObsDS())) {
     const int status = dataset.GetObsInfo(i, number, name);
     if ((status == status::kOk ? number : i) != source.observations.GetONum(i)) return false;

@@ -9,6 +9,7 @@
 #include "zemva/errors/listing.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/workset/extraction.h"
+#include "zemva/model/workset/preparation.h"
 
 namespace zemva {
 namespace {

@@ -11,7 +11,6 @@
 #include "zemva/data/obs_info.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/workset/model_type.h"
-#include "zemva/model/workset/preparation.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/numeric/vector.h"
 #include "zemva/numeric/x_matrix.h"

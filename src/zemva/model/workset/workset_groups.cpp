@@ -2,6 +2,7 @@
 #include <initializer_list>
 #include <vector>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/blk_info.h"
 #include "zemva/data/cla_info.h"
 #include "zemva/errors/memory_guard.h"
@@ -13,9 +14,7 @@ namespace zemva {
 
 int ClaInfo::SetClaInfo(const Workset* workset) {
   if (workset == nullptr) return SetStatus(status::mva::kNullPointer);
-  for (int i = 1; i <= o_class_.NVal(); ++i) {
-    o_class_[i] = workset->GetOClass(static_cast<short>(i));
-  }
+  for (const short i : PositionsUpTo(o_class_.NVal())) SetOClass(i, workset->GetOClass(i));
   return Update();
 }
 
@@ -48,7 +47,8 @@ int BlkInfo::SetBlkInfo(const XI1Vector* sel, short wanted, const LagInfo* lags,
 int ScaInfo::SetScaInfo(const VarInfo* variables, const XFMatrix* matrix, const Workset* workset,
                         bool is_from_data) {
   if (variables == nullptr || workset == nullptr) return SetStatus(status::mva::kNullPointer);
-  return TakeRows(workset->GetScalings(), *variables, matrix, is_from_data);
+  const ScaInfo* const source = &workset->GetScalings();
+  return TakeRows({&source, 1}, *variables, matrix, is_from_data);
 }
 
 }  // namespace zemva

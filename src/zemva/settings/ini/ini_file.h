@@ -40,10 +40,12 @@ class ZEMVA_API IniFile {
   // Windows directory when `dir` is null or does not exist. Elsewhere than on Windows that is the
   // user's configuration directory. Without a call it is the Windows directory too.
   static void SetIniPath(const char* dir);
+  // That directory, with a separator at its end.
   static const char* GetIniPath();
   // The path of the settings file in that directory, which an IniFile takes when it is made; ""
   // when it has more than 259 characters, and then nothing is read or written.
   static std::string GetSettingsFile();
+  // The section of the settings file that holds the global options.
   static const char* GetOptionsSectionName();
 
   // Replaces the settings file by one without projects and with the default options.
@@ -56,10 +58,12 @@ class ZEMVA_API IniFile {
 
   // The count, as text.
   const char* GetNumberOfProjects();
-  bool IncNumberOfProjects();  // only from 0 on
-  bool DecNumberOfProjects();  // only from 1 on
+  // One more, from 0 on; one less, from 1 on. The list itself stays.
+  bool IncNumberOfProjects();
+  bool DecNumberOfProjects();
+  // The address of project `i`; "" when there is none.
   const char* GetProjectAddress(short i);
-  // Compares the case of letters too.
+  // Whether the address is in the list, letter for letter.
   bool CheckIfProjectIsKnown(const char* addr);
   // True when the project was added: it was not known before.
   bool AddNewProjectAddress(const char* addr);
@@ -78,9 +82,11 @@ class ZEMVA_API IniFile {
 
   // The current project. Its address stands in the settings file, its name and title in its own.
 
+  // "" when there is none.
   const char* GetCurrentProjectAddress();
   // Makes `addr` the project settings file of this object too.
   bool SetCurrentProjectAddress(const char* addr);
+  // The name and title of the project of this object.
   const char* GetCurrentProjectName();
   const char* GetCurrentProjectTitle();
   bool SetCurrentProjectName(const char* name);
@@ -89,8 +95,9 @@ class ZEMVA_API IniFile {
   // data sets and models, and deletes the current one. False, and nothing happens, when there is no
   // current project or none can be made at `newAddr`.
   bool MoveCurrentProject(const char* newAddr);
-  // With a separator at its end, unless it is "".
+  // The directory for new projects, with a separator at its end unless it is "".
   const char* GetDefaultProjectDirectory();
+  // Writes it as it is, whether it exists or not.
   bool SetDefaultProjectDirectory(const char* dir);
   // Free values in the settings file.
   const char* GetGlobalMiscOption(const char* key);
@@ -104,15 +111,17 @@ class ZEMVA_API IniFile {
   // Puts the drive and directory of the project settings file before the file name in `path`, a
   // buffer of 260 bytes. Where that does not fit, empties it and returns false.
   bool MakePath2CurrentProjectDirctory(char* path);
+  // The primary data set; "" when there is none.
   const char* GetMainDatasetAddress();
   bool SetMainDatasetAddress(const char* addr);
   bool SetMainDatasetName(const char* name);
 
   // 0 when the count is absent.
   int GetNumberOfSecondaryDatasets();
+  // One more; one less, from 1 on. The list itself stays.
   bool IncNumberOfSecondaryDatsets();
-  bool DecNumberOfSecondaryDatasets();  // only from 1 on
-  // Null when there is none.
+  bool DecNumberOfSecondaryDatasets();
+  // The address of data set `i`; null when there is none.
   const char* GetSecondaryDatasetAddress(int i);
   // Adds the address unless it stands in the list as it is given, whatever the case of its letters.
   // The first argument, the name of the data set, is not stored. False when a write failed.
@@ -124,7 +133,9 @@ class ZEMVA_API IniFile {
   // -1 when the count is absent. The first model of such a project gets the number 0.
   int GetNumberOfModels();
   bool SetNumberOfModels(const char* count);
+  // Writes an address under a key of the list of models, "m1", and leaves the count.
   bool SetNewModelAddress(const char* key, const char* addr);
+  // The address of model `i`, or of a key; "" when there is none.
   const char* GetModelAddress(short i);
   const char* GetModelAddress(const char* key);
   // Adds the address unless the list has it. False when a write failed.
@@ -135,6 +146,7 @@ class ZEMVA_API IniFile {
 
   // Versions and upgrades.
 
+  // The versions that stand in the settings file and in the project settings file.
   const char* GetIniFileVersion();
   const char* GetProjectFileVersion();
   bool SetProjectFileVersion(const char* version);

@@ -25,6 +25,7 @@ class ZEMVA_API ModOpt {
   // of a model outside a project.
   explicit ModOpt(const PrjOpt* project);
 
+  // Takes over all fields.
   void Copy(const ModOpt& other) { *this = other; }
 
   // Whether the X data are centred.
@@ -59,7 +60,8 @@ class ZEMVA_API ModOpt {
   void SetCompLimLoa(float value) { comp_lim_loa_ = value; }
   float GetCLS() const { return comp_lim_scr_; }
   void SetCompLimScr(float value) { comp_lim_scr_ = value; }
-  // The most missing values, in per cent, of an observation and of a variable.
+  // The most missing values, in per cent, of an observation and of a variable: of the work set, of
+  // a prediction set.
   float GetMaxMisValObsLS() const { return max_mis_val_obs_ls_; }
   void SetMaxMisValObsLS(float value) { max_mis_val_obs_ls_ = value; }
   float GetMaxMisValVarLS() const { return max_mis_val_var_ls_; }
@@ -96,7 +98,8 @@ class ZEMVA_API ModOpt {
   bool GetIsStdResLS() const { return is_std_res_ls_; }
   void SetIsStdResLS(bool value) { is_std_res_ls_ = value; }
 
-  // The same for a prediction set.
+  // The same for a prediction set: the components used, whether predicted Y values are transformed
+  // back and distances normalised, and the level of significance.
   short GetAUsePS() const { return a_use_ps_; }
   void SetAUsePS(short value) { a_use_ps_ = Narrow(value); }
   bool GetIsBackTraYPS() const { return is_back_tra_y_ps_; }
@@ -105,7 +108,7 @@ class ZEMVA_API ModOpt {
   void SetIsNormDistPS(bool value) { is_norm_dist_ps_ = value; }
   float GetSignLevPS() const { return sign_lev_ps_; }
   void SetSignLevPS(float value) { sign_lev_ps_ = value; }
-  // Whether residuals are weighted by modelling power.
+  // Whether residuals are weighted by modelling power: of a prediction set, of the work set.
   bool GetIsWResPS() const { return is_w_res_ps_; }
   void SetIsWResPS(bool value) { is_w_res_ps_ = value; }
   bool GetIsWResLS() const { return is_w_res_ls_; }

@@ -133,13 +133,13 @@ bool OptionRule::Allows(std::string_view value) const {
 std::string OptionRule::Describe() const {
   switch (kind) {
     case Kind::Real:
-      return DescribeRange("a real number", *this);
+      return highest == kLargestReal ? "a real number" : DescribeRange("a real number", *this);
     case Kind::Integer:
       return DescribeRange("an integer", *this);
     case Kind::Words:
       return DescribeWords(words);
     case Kind::Path:
-      return "a directory that exists";
+      return "a path that exists";
     case Kind::Never:
       return "no value";
   }

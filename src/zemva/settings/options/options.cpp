@@ -86,11 +86,22 @@ bool Options::IsResetOnLoad(EOptType type) {
 }
 
 bool Options::LoadGlobal() {
-  const auto load = [this] {
+  return ReadFile(true);
+}
+
+bool Options::ReadGlobal() {
+  return ReadFile(false);
+}
+
+// Fills the global options, and the file with what it lacks where it is to be completed.
+bool Options::ReadFile(bool is_completed) {
+  const auto load = [this, is_completed] {
     Values loaded = values_;
     const bool is_complete = Profile::OfThisSystem().Update(
-        kOptionsSection, SettingsFile().c_str(),
-        [&](const std::vector<ProfileEntry>& entries) { return TakeOver(entries, loaded); });
+        kOptionsSection, SettingsFile().c_str(), [&](const std::vector<ProfileEntry>& entries) {
+          const std::vector<KeyChange> lacking = TakeOver(entries, loaded);
+          return is_completed ? lacking : std::vector<KeyChange>();
+        });
     values_ = loaded;
     return is_complete;
   };

@@ -39,6 +39,7 @@ class ZEMVA_API Options {
 
   // The global option with exactly this key; None when there is none.
   static EOptType GetOptType(const char* key);
+  // Whether a text is legal for an option; false when `type` is none or the text null.
   static bool IsLegalValue(EOptType type, const char* value);
   // The legal values, in words for a person.
   static std::string GetLegalValues(EOptType type);
@@ -57,6 +58,8 @@ class ZEMVA_API Options {
   // file get the default. False when the file cannot be read or memory runs out, and the options
   // are as they were, or when a default could not be written.
   bool LoadGlobal();
+  // The same for the options alone: the file stays as it is.
+  bool ReadGlobal();
   // Writes the global options and clears the change flag. False, and neither happens, when the file
   // could not be written.
   bool SaveGlobal();
@@ -70,6 +73,7 @@ class ZEMVA_API Options {
 
   // Whether a value was set since the options were made or saved.
   bool IsChanged() const { return is_changed_; }
+  // Set by SetValue, reset by SaveGlobal; here for who changes values in another way.
   void SetChangeFlag() { is_changed_ = true; }
   void ResetChangeFlag() { is_changed_ = false; }
 
@@ -96,6 +100,7 @@ class ZEMVA_API Options {
   void SetText(EOptType type, const char* text);
 
  private:
+  bool ReadFile(bool is_completed);
   using Values = std::array<FixedText<kLongestValue>, kOptionCount + 1>;
 
   // Fills the global options, and returns what the file lacks.

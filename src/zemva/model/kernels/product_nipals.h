@@ -1,0 +1,104 @@
+// The NIPALS iteration of a complete matrix on inner products of its rows or columns.
+#ifndef ZEMVA_MODEL_KERNELS_PRODUCT_NIPALS_H
+#define ZEMVA_MODEL_KERNELS_PRODUCT_NIPALS_H
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "zemva/model/kernels/aligned_buffer.h"
+#include "zemva/model/kernels/left_out.h"
+#include "zemva/model/kernels/nipals.h"
+#include "zemva/model/kernels/projection_loops.h"
+#include "zemva/model/kernels/residual_matrix.h"
+
+namespace zemva {
+
+// A symmetric matrix of sums of products, n by n, in double.
+class ProductSums {
+ public:
+  // Zeros. Throws std::bad_alloc.
+  explicit ProductSums(std::size_t size);
+
+  std::size_t Size() const { return size_; }
+  // The length of vectors that go with it, which end in zeros.
+  std::size_t PaddedSize() const { return stride_; }
+  double* Row(std::size_t i) { return elements_.Data() + i * stride_; }
+  const double* Row(std::size_t i) const { return elements_.Data() + i * stride_; }
+
+  void CopyUpperToLower();
+  void Clear();
+  double Trace() const;
+  // Adds the elements of another of the same size.
+  void Add(const ProductSums& other);
+  // Adds sign a a'.
+  void AddSquare(double sign, const double* a);
+  // Takes off a b' + b a'.
+  void Subtract(const double* a, const double* b);
+  // product = this matrix times x.
+  void Multiply(const ProjectionLoops& loops, const double* x, double* product) const;
+
+ private:
+  std::size_t size_;
+  std::size_t stride_;
+  AlignedBuffer<double> elements_;
+};
+
+// What Nipals does to a matrix E without gaps, N by K, with the same scores, iteration by iteration,
+// to double precision: where N is the smaller dimension from E E', since t goes over into
+// E E't / |E't|, and else from E'E, since p goes over into E'E p / |E'E p|. Only the loadings, or the
+// scores, need a pass over E at the end.
+//
+// For the rounds of a cross-validation by elements the products are kept by group: those of the
+// columns, or of the rows, of each label, so that a round takes but sums of them.
+class ProductNipals {
+ public:
+  virtual ~ProductNipals() = default;
+
+  // Of the residuals, which outlive it, for rounds that leave out elements as `groups` does, or for
+  // none. Throws std::bad_alloc.
+  static std::unique_ptr<ProductNipals> Make(const ResidualMatrix& residuals,
+                                             const LeftOut& groups);
+  // Elements of double that it would keep.
+  static double CountElements(const ResidualMatrix& residuals, const LeftOut& groups);
+
+  // Whether it is of the matrix as it is now, and its sums have the digits that it has.
+  bool IsUpToDate(const ResidualMatrix& residuals) const;
+
+  // As Nipals, with nothing left out, where `iterations` have been done. Throws std::bad_alloc.
+  virtual NipalsResult Fit(const NipalsSettings& settings, int iterations, std::span<float> scores,
+                           std::span<float> loadings) = 0;
+  // As Nipals with elements left out, in as many groups. Throws std::bad_alloc.
+  virtual NipalsResult FitRound(const LeftOut& left_out, const NipalsSettings& settings,
+                                std::span<float> scores, std::span<float> loadings) = 0;
+  // After the component that Fit gave last was subtracted from the residuals.
+  void TakeOff();
+
+ protected:
+  using Vector = std::vector<double>;
+
+  ProductNipals(const ResidualMatrix& residuals, std::size_t size, std::size_t group_count);
+
+  Vector MakeVector() const { return Vector(sums_.front().PaddedSize()); }
+  double Dot(const Vector& a, const Vector& b) const;
+  Vector Multiply(const ProductSums& sums, const Vector& x) const;
+  ProductSums SumOfGroups() const;
+
+  const ResidualMatrix& residuals_;
+  const ProjectionLoops& loops_;
+  std::vector<ProductSums> sums_;  // by group
+  // Of the component that Fit gave last: the sums lose x's products with each group along `axis_`.
+  Vector x_;
+  Vector axis_;
+
+ private:
+  friend class AdaptiveNipals;
+
+  std::size_t version_;
+  double initial_trace_ = 0;
+};
+
+}  // namespace zemva
+
+#endif  // ZEMVA_MODEL_KERNELS_PRODUCT_NIPALS_H

@@ -1,0 +1,390 @@
+#include "zemva/model/pls/pls_model.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <numeric>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "model/model_fixture.h"
+#include "model/pls_reference.h"
+#include "support/temp_folder.h"
+#include "zemva/numeric/distributions.h"
+
+namespace zemva {
+namespace {
+
+using test::Column;
+using test::PLSBench;
+using test::Rows;
+using test::Table;
+
+constexpr float kM = kMissing;
+
+double D(float value) {
+  return static_cast<double>(value);
+}
+
+template <typename Term>
+double Sum(int count, Term term) {
+  double sum = 0.0;
+  for (int i = 1; i <= count; ++i) sum += D(term(static_cast<short>(i)));
+  return sum;
+}
+
+template <typename Term>
+Column Values(int count, Term term) {
+  Column values;
+  for (int i = 1; i <= count; ++i) values.push_back(D(term(static_cast<short>(i))));
+  return values;
+}
+
+// To a share of the largest of the expected values, with one sign for all.
+void ExpectNear(const Column& values, Column expected, double sign, double share) {
+  ASSERT_EQ(values.size(), expected.size());
+  double largest = 0.0;
+  for (double& value : expected) largest = std::max(largest, std::abs(value *= sign));
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    ASSERT_NEAR(values[i], expected[i], share * largest) << i;
+  }
+}
+
+// The lines of a file by the name that each begins with.
+std::map<std::string, Table> ReadLines(const std::string& path) {
+  std::ifstream file(path);
+  std::map<std::string, Table> lines;
+  for (std::string line; std::getline(file, line);) {
+    std::istringstream cells(line);
+    std::string name, cell;
+    std::getline(cells, name, ',');
+    Column& values = lines[name].emplace_back();
+    while (std::getline(cells, cell, ',')) values.push_back(std::stod(cell));
+  }
+  return lines;
+}
+
+void ExpectFit(const PLSModel& model, std::map<std::string, Table>& expected, double share) {
+  const short n = model.GetNObs();
+  const short k = model.GetNVarX();
+  const short m = model.GetNVarY();
+  const auto count = static_cast<char>(expected["R2"].size());
+  ASSERT_EQ(model.GetA(), count);
+  for (char a = 1; a <= count; ++a) {
+    SCOPED_TRACE(int{a});
+    const auto of = [&](const char* name) {
+      return expected[name][static_cast<std::size_t>(a - 1)];
+    };
+    ExpectNear({D(model.GetR2X(a)), D(model.GetR2Y(a))}, of("R2"), 1.0, share);
+    const Column w = Values(k, [&](short j) { return model.GetW(a, j); });
+    const double sign = std::copysign(1.0, test::Dot(w, of("w")));
+    ExpectNear(w, of("w"), sign, share);
+    ExpectNear(Values(k, [&](short j) { return model.GetP(a, j); }), of("p"), sign, share);
+    ExpectNear(Values(m, [&](short j) { return model.GetC(a, j); }), of("c"), sign, share);
+    ExpectNear(Values(n, [&](short i) { return model.GetT(a, i); }), of("t"), sign, share);
+  }
+  for (short j = 1; j <= m; ++j) {
+    ExpectNear(Values(k, [&](short i) { return model.GetCoeffCS(count, i, j); }),
+               expected["B"][static_cast<std::size_t>(j - 1)], 1.0, share);
+  }
+}
+
+struct OfSample {
+  std::string file, sample;
+  std::vector<std::string> responses;  // none: the kinds of iris
+};
+
+std::unique_ptr<PLSBench> MakeBench(const OfSample& param) {
+  const EModType type = param.responses.empty() ? EModType::kPLS1DA : EModType::kPLS12;
+  auto bench = std::make_unique<PLSBench>(test::Sample(param.sample), param.responses, type);
+  const XFMatrix& data = *bench->dataset->GetDMPtr();
+  for (const short i : PositionsUpTo(data.NRow())) {
+    if (data.NValARow(i) < data.NCol()) bench->workset.SetIsObsIn(i, false);
+    if (param.responses.empty()) bench->workset.SetOClass(i, static_cast<char>((i + 49) / 50));
+  }
+  return bench;
+}
+
+class PLSModelOfSample : public testing::TestWithParam<OfSample> {};
+
+// Of R's package pls, whose method oscorespls is this iteration.
+TEST_P(PLSModelOfSample, IsThatOfAnotherPackage) {
+  auto expected = ReadLines(ZEMVA_REFERENCES "/pls_" + GetParam().file + ".csv");
+  const auto bench = MakeBench(GetParam());
+  ASSERT_EQ(bench->Compute(static_cast<short>(expected["R2"].size())), 0);
+  ExpectFit(bench->model, expected, 1e-4);
+}
+
+TEST_P(PLSModelOfSample, DividesTheDataAsItsFormulasSay) {
+  const auto bench = MakeBench(GetParam());
+  ASSERT_EQ(bench->Compute(2), 0);
+  PLSModel& model = bench->model;
+  const short n = model.GetNObs();
+  const short k = model.GetNVarX();
+  const short m = model.GetNVarY();
+  const double w12 = Sum(k, [&](short j) { return model.GetW(1, j) * model.GetW(2, j); });
+  EXPECT_NEAR(w12, 0.0, 1e-5);
+  const double t12 = Sum(n, [&](short i) { return model.GetT(1, i) * model.GetT(2, i); });
+  EXPECT_NEAR(t12 / std::sqrt(D(model.GetS2T(1)) * D(model.GetS2T(2))) / n, 0.0, 1e-4);
+  EXPECT_EQ(model.GetNIter(1) == 1, m == 1);
+
+  bench->options.SetIsNormDistLS(false);
+  ASSERT_EQ(model.ExecLS(char{2}), 0);
+  const XFMatrix& x = *model.GetXPtr();
+  const XFMatrix& y = *model.GetYPtr();
+  Column left(static_cast<std::size_t>(m));
+  for (short i = 1; i <= n; ++i) {
+    double row_left = 0.0;
+    for (short j = 1; j <= k; ++j) {
+      // x = t p' + e, centred and scaled, and what leads there.
+      const double value = (D(x[i][j]) - D(model.GetAvgX(-1, j))) * D(model.GetWeigX(j));
+      const double made = D(model.GetXResLS(2, i, j)) + D(model.GetT(1, i)) * D(model.GetP(1, j)) +
+                          D(model.GetT(2, i)) * D(model.GetP(2, j));
+      ASSERT_NEAR(made, value, 1e-5 * (1 + std::abs(value)));
+    }
+    for (char a = 1; a <= 2; ++a) {
+      // t = x W*, where x - average stands for what the weights make of it.
+      const double score = Sum(k, [&](short j) { return model.GetGapCont(a, i, 0, j); });
+      ASSERT_NEAR(score, D(model.GetT(a, i)), 2e-4);
+    }
+    for (short j = 1; j <= m; ++j) {
+      // y = b0 + x b and = sum t c, restored.
+      const double by_b =
+          D(model.GetB0(2, j)) + Sum(k, [&](short l) { return model.GetCoeff(2, l, j) * x[i][l]; });
+      const double scaled =
+          D(model.GetT(1, i)) * D(model.GetC(1, j)) + D(model.GetT(2, i)) * D(model.GetC(2, j));
+      const double s = 1.0 / D(model.GetWeigY(j));
+      ASSERT_NEAR(D(model.GetYPredLS(i, j)), scaled * s + D(model.GetAvgY(-1, j)), 1e-4 * s);
+      ASSERT_NEAR(by_b, D(model.GetYPredLS(i, j)), 1e-3 * s);
+      const double error = D(y[i][j]) - D(model.GetYPredLS(i, j));
+      ASSERT_NEAR(D(model.GetYPredErrLS(i, j)), error, 1e-4 * s);
+      left[static_cast<std::size_t>(j - 1)] += error * error;
+      row_left += error * error / s / s;
+      // Student's t, here by its own limit for the upper tail of F with one degree of freedom.
+      const double width = s * std::sqrt(D(model.GetS2VY(2, j)) * (1.0 + D(model.GetOLevX(2, i))) *
+                                         D(FFTest(1, static_cast<float>(n - 3), 0.05f)));
+      ASSERT_NEAR(D(model.GetSEYPredULS(i, j)) - D(model.GetYPredLS(i, j)), width, 1e-3 * width);
+      ASSERT_NEAR(D(model.GetYPredLS(i, j)) - D(model.GetSEYPredLLS(i, j)), width, 1e-3 * width);
+    }
+    // A row of Y loses nothing to its scores: sum f^2 / M, times N / (N - 1 - 2) for a member.
+    const double variance = row_left / m * n / (n - 3.0);
+    ASSERT_NEAR(D(model.GetDModYLS(2, i)), std::sqrt(variance), 2e-4);
+    ASSERT_NEAR(D(model.GetS2OY(2, i)), D(model.GetSSOY(2, i)) / std::max(m * (n - 3.0) / n, 1.0),
+                1e-5);
+  }
+  EXPECT_NEAR(D(model.GetDFY(2)), (n - 3.0) * m, 1e-3);
+  EXPECT_NEAR(D(model.GetS2Y(2)), D(model.GetSSY(2)) / ((n - 3.0) * m), 1e-5);
+  EXPECT_NEAR(D(model.GetR2Yadj(2)), 1 - (1 - D(model.GetR2Y(2))) * (n - 1) / (n - 3), 1e-5);
+  EXPECT_NEAR(D(model.GetR2AYadj(2)), D(model.GetR2Yadj(2)) - D(model.GetR2Yadj(1)), 1e-5);
+  double influence = 0.0;
+  for (short j = 1; j <= k; ++j) {
+    // VIP: the weights, by what their components explain of Y.
+    double sum = 0.0;
+    for (char a = 1; a <= 2; ++a) sum += std::pow(D(model.GetW(a, j)), 2) * D(model.GetR2AY(a));
+    EXPECT_NEAR(D(model.GetVIP(2, j)), std::sqrt(k * sum / D(model.GetR2Y(2))), 1e-3);
+    influence += std::pow(D(model.GetVIP(2, j)), 2);
+  }
+  EXPECT_NEAR(influence, k, 1e-3 * k);
+  for (short j = 1; j <= m; ++j) {
+    const double squares = left[static_cast<std::size_t>(j - 1)];
+    EXPECT_NEAR(D(model.GetRMSEE(j)), std::sqrt(squares / (n - 3)), 1e-4 * std::sqrt(squares));
+    EXPECT_NEAR(D(model.GetR2VY(2, j)), 1 - D(model.GetSSVY(2, j)) / (n - 1), 1e-4);
+    EXPECT_NEAR(D(model.GetR2VYadj(2, j)), 1 - (1 - D(model.GetR2VY(2, j))) * (n - 1) / (n - 3),
+                1e-4);
+    EXPECT_NEAR(D(model.GetR2VAY(2, j)), D(model.GetR2VY(2, j)) - D(model.GetR2VY(1, j)), 1e-5);
+    EXPECT_NEAR(D(model.GetR2VAYadj(2, j)), D(model.GetR2VYadj(2, j)) - D(model.GetR2VYadj(1, j)),
+                1e-4);
+  }
+  EXPECT_NEAR(Sum(n, [&](short i) { return model.GetOLevX(2, i); }), 3.0, 1e-4);
+  EXPECT_NEAR(D(model.GetS2U(1)),
+              Sum(n, [&](short i) { return model.GetU(1, i) * model.GetU(1, i); }) / n,
+              1e-4 * D(model.GetS2U(1)));
+}
+
+// What a refit to the other groups leaves of each group, made by a separate program.
+TEST_P(PLSModelOfSample, PredictsWhatItLeavesOut) {
+  const auto bench = MakeBench(GetParam());
+  bench->options.SetSeqValidate(EValidate::CV);
+  ASSERT_EQ(bench->Compute(2), 0);
+  const PLSModel& model = bench->model;
+  const short n = model.GetNObs();
+  Table e, f;
+  for (short i = 1; i <= n; ++i) {
+    e.push_back(Values(model.GetNVarX(), [&](short k) { return model.GetXResLS(0, i, k); }));
+    f.push_back(Values(model.GetNVarY(), [&](short m) {
+      return ((*model.GetYPtr())[i][m] - model.GetAvgY(-1, m)) * model.GetWeigY(m);
+    }));
+  }
+  Column kept(f[0].size(), 1.0);
+  double kept_of_all = 1.0;
+  for (char a = 1; a <= 2; ++a) {
+    const Column u = Values(n, [&](short i) { return model.GetU(a, i); });
+    const Column press = test::Press(e, f, u, 7, f[0].size() == 1 ? 1 : 200);
+    double sum = 0.0;
+    for (short m = 1; m <= model.GetNVarY(); ++m) {
+      const double errors = press[static_cast<std::size_t>(m - 1)];
+      const double q2 = 1.0 - errors / D(model.GetSSVY(static_cast<char>(a - 1), m));
+      EXPECT_NEAR(D(model.GetQ2VAY(a, m)), q2, 1e-4);
+      kept[static_cast<std::size_t>(m - 1)] *= 1.0 - std::max(q2, 0.0);
+      EXPECT_NEAR(D(model.GetQ2VY(a, m)), 1.0 - kept[static_cast<std::size_t>(m - 1)], 2e-4);
+      sum += errors;
+    }
+    const double q2 = 1.0 - sum / D(model.GetSSY(static_cast<char>(a - 1)));
+    EXPECT_NEAR(D(model.GetQ2AY(a)), q2, 1e-4);
+    kept_of_all *= 1.0 - std::max(q2, 0.0);
+    EXPECT_NEAR(D(model.GetQ2Y(a)), 1.0 - kept_of_all, 2e-4);
+    const Column t = Values(n, [&](short i) { return model.GetT(a, i); });
+    test::Deflate(e, t, Values(model.GetNVarX(), [&](short k) { return model.GetP(a, k); }));
+    test::Deflate(f, t, Values(model.GetNVarY(), [&](short m) { return model.GetC(a, m); }));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, PLSModelOfSample,
+                         testing::Values(OfSample{"mtcars", "mtcars", {"mpg"}},
+                                         OfSample{"mtcars_2", "mtcars", {"mpg", "qsec"}},
+                                         OfSample{"airquality", "airquality", {"Temp"}},
+                                         OfSample{"spectra_1", "spectra", {"y1"}},
+                                         OfSample{"spectra_2", "spectra", {"y1", "y2"}},
+                                         OfSample{"iris", "iris", {}}),
+                         [](const auto& sample) { return sample.param.file; });
+
+// Those of the package itself, where it is installed.
+TEST(PLSModel, IsThatOfAnotherPackageOnItsOwnData) {
+  const test::TempFolder folder;
+  for (const std::string name : {"gasoline", "yarn", "oliveoil"}) {
+    const std::string path = folder.File(name + ".csv");
+    const std::string command =
+        "Rscript " ZEMVA_REFERENCES "/make_pls_reference.R " + name + " " + path + " 2>&1";
+    if (std::system(command.c_str()) != 0) GTEST_SKIP() << "R has no package pls";
+    auto expected = ReadLines(path);
+    Rows rows;
+    for (std::size_t i = 0; i < expected["X"].size(); ++i) {
+      rows.emplace_back();
+      for (const char* const block : {"X", "Y"}) {
+        for (const double value : expected[block][i])
+          rows.back().push_back(static_cast<float>(value));
+      }
+    }
+    PLSBench bench(rows, static_cast<int>(expected["Y"][0].size()));
+    bench.options.SetMaxIter(1000);
+    ASSERT_EQ(bench.Compute(3), 0);
+    ExpectFit(bench.model, expected, 1e-4);
+  }
+}
+
+// The pentapeptides of S. Hellberg, M. Sjöström, S. Wold, Acta Chemica Scandinavica B 40 (1986)
+// 135-140, with the descriptors z of their residues, as two manuals of statistics print the
+// results.
+Rows Pentapeptides() {
+  const std::map<char, std::vector<float>> z = {
+      {'V', {-2.6931f, -2.5271f, -1.2871f}}, {'E', {3.0777f, .3891f, -.0701f}},
+      {'S', {1.9607f, -1.6324f, .5746f}},    {'A', {.0744f, -1.7333f, .0902f}},
+      {'K', {2.8369f, 1.4092f, -3.1398f}},   {'W', {-4.7548f, 3.6521f, .8524f}},
+      {'P', {-1.2201f, .8829f, 2.2253f}},    {'H', {2.4064f, 1.7438f, 1.1057f}},
+      {'G', {2.2261f, -5.3648f, .3049f}},    {'L', {-4.1921f, -1.0285f, -.9801f}},
+      {'F', {-4.9217f, 1.2977f, .4473f}}};
+  const std::pair<const char*, float> observations[] = {
+      {"VESSK", 0.0f},  {"VESAK", .28f}, {"VEASK", .20f},   {"VEAAK", .51f},  {"VKAAK", .11f},
+      {"VEWAK", 2.73f}, {"VEAAP", .18f}, {"VEHAK", 1.53f},  {"VAAAK", -.10f}, {"GEAAK", -.52f},
+      {"LEAAK", .40f},  {"FEAAK", .30f}, {"VEGGK", -1.00f}, {"VEFAK", 1.57f}, {"VELAK", .59f}};
+  Rows rows;
+  for (const auto& [residues, y] : observations) {
+    rows.emplace_back();
+    for (const char residue : std::string(residues)) {
+      rows.back().insert(rows.back().end(), z.at(residue).begin(), z.at(residue).end());
+    }
+    rows.back().push_back(y);
+  }
+  return rows;
+}
+
+TEST(PLSModel, HasThePublishedFiguresOfThePentapeptides) {
+  Rows rows = Pentapeptides();
+  PLSBench second(rows, 1);
+  ASSERT_EQ(second.Compute(4), 0);
+  const double r2x[] = {.169014, .296735, .443289, .561710};
+  const double r2y[] = {.896399, .974767, .979403, .981889};
+  for (char a = 1; a <= 4; ++a) {
+    EXPECT_NEAR(D(second.model.GetR2X(a)), r2x[a - 1], 1e-6);
+    EXPECT_NEAR(D(second.model.GetR2Y(a)), r2y[a - 1], 1e-6);
+  }
+
+  rows[0][11] = .5740f;  // as the first manual has it
+  PLSBench bench(rows, 1);
+  ASSERT_EQ(bench.Compute(4), 0);
+  const PLSModel& model = bench.model;
+  const auto of_k = [&](float (Model::*get)(char, short) const, char a) {
+    return Values(15, [&](short k) { return (model.*get)(a, k); });
+  };
+  const Column w = {-.15764, .08568,  -.16931, .12153,  .07113, .06519, -.42481, .65370,
+                    .28504,  -.29341, .29829,  -.20313, .05691, .05691, -.05691};
+  const double sign = std::copysign(1.0, test::Dot(w, of_k(&Model::GetW, 1)));
+  ExpectNear(of_k(&Model::GetW, 1), w, sign, 3e-5);
+  const double length = std::sqrt(D(model.GetS2T(1)) * 15);
+  ExpectNear(of_k(&Model::GetP, 1),
+             {-.6708 / length, .4943 / length, -.4167 / length, .3930 / length, .3267 / length,
+              .0145 / length, -2.4471 / length, 3.5198 / length, 1.0973 / length, -2.4466 / length,
+              2.2732 / length, -1.7987 / length, .3629 / length, .3629 / length, -.3629 / length},
+             sign, 3e-5);
+  ExpectNear(Values(15, [&](short i) { return model.GetT(1, i); }),
+             {-.1896 * length, .0201 * length, -.1889 * length, .0210 * length, -.0090 * length,
+              .5479 * length, -.0937 * length, .2500 * length, -.1005 * length, -.1810 * length,
+              .0497 * length, .0173 * length, -.6002 * length, .3796 * length, .0773 * length},
+             sign, 1e-4);
+  const double explained[] = {.89638060, .97476270, .97939839, .98188474};
+  const double loadings[] = {3.5425, 1.0475, .2548, .1866};
+  for (char a = 1; a <= 4; ++a) {
+    EXPECT_NEAR(D(model.GetR2Y(a)), explained[a - 1], 1e-6);
+    EXPECT_NEAR(std::abs(D(model.GetC(a, 1))) * std::sqrt(D(model.GetS2T(a)) * 15), loadings[a - 1],
+                1e-4);
+  }
+  ExpectNear(Values(15, [&](short k) { return model.GetCoeffCS(2, k, 1); }),
+             {-.1383, .0572, -.1906, .1238, .0591, .0936, -.2842, .4713, .2661, -.0914, .1226,
+              -.0488, .0332, .0332, -.0332},
+             1.0, 2e-4);
+  const double influence[] = {.6111,  .3182,  .7513,  .5048, .2712, .3593, 1.5777, 2.4348,
+                              1.1322, 1.2226, 1.1799, .8840, .2129, .2129, .2129};
+  for (short k = 1; k <= 15; ++k) {
+    EXPECT_NEAR(D(model.GetVIP(2, k)), influence[k - 1], 1.5e-4) << k;
+  }
+}
+
+TEST(PLSModel, HasThePublishedFiguresOfTheExercises) {
+  // Of 20 men: chins, situps, jumps; weight, waist, pulse.
+  PLSBench bench(
+      {{5, 162, 60, 191, 36, 50},   {2, 110, 60, 189, 37, 52},  {12, 101, 101, 193, 38, 58},
+       {12, 105, 37, 162, 35, 62},  {13, 155, 58, 189, 35, 46}, {4, 101, 42, 182, 36, 56},
+       {8, 101, 38, 211, 38, 56},   {6, 125, 40, 167, 34, 60},  {15, 200, 40, 176, 31, 74},
+       {17, 251, 250, 154, 33, 56}, {17, 120, 38, 169, 34, 50}, {13, 210, 115, 166, 33, 52},
+       {14, 215, 105, 154, 34, 64}, {1, 50, 50, 247, 46, 50},   {6, 70, 31, 193, 36, 46},
+       {12, 210, 120, 202, 37, 62}, {4, 60, 25, 176, 37, 54},   {11, 230, 80, 157, 32, 52},
+       {15, 225, 73, 156, 33, 54},  {2, 110, 43, 138, 33, 68}},
+      3);
+  bench.options.SetMaxIter(1000);
+  ASSERT_EQ(bench.Compute(3), 0);
+  const PLSModel& model = bench.model;
+  const double w[3][3] = {{.61330704, .00443537, .78983213},
+                          {.74697144, .32171981, .58183269},
+                          {.25668686, .94682453, .19399983}};
+  const double p[3][3] = {{.61470416, .24574278, .78983213},
+                          {.65625755, .14396183, .58183269},
+                          {.51733059, 1.00609417, .19399983}};
+  const double c[3][3] = {{.32456184, .29892183, .20316322},
+                          {.42439636, .61970543, .19320542},
+                          {.13143144, .26348971, .17092916}};
+  for (char a = 1; a <= 3; ++a) {
+    for (short k = 1; k <= 3; ++k) {
+      EXPECT_NEAR(std::abs(D(model.GetW(a, k))), w[k - 1][a - 1], 2e-4);
+      EXPECT_NEAR(std::abs(D(model.GetP(a, k))), p[k - 1][a - 1], 2e-4);
+      EXPECT_NEAR(std::abs(D(model.GetC(a, k))), c[k - 1][a - 1], 2e-4);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,51 @@
+set(MODEL pls)
+include(${CMAKE_CURRENT_LIST_DIR}/run_model.cmake)
+
+# The numbers are those of a separate program in double precision.
+fit(${SAMPLES}/mtcars.csv --y mpg --components 2 --test ${SAMPLES}/mtcars.csv)
+expect("${out}" "^PLS-12 .* NObs = 32, NVarX= 10, NVarY= 1\n")
+expect_in(components "^Comp,[^\n]*,Status,R2Y,R2Y\\(cum\\)\n1,0\\.57575[^\n]*,0\\.83178[0-9]*,0\\.83178[0-9]*\n2,0\\.10073[^\n]*,0\\.02216[0-9]*,0\\.8539")
+expect_in(observations "^ONum,ONam,t\\[1\\],t\\[2\\],DModX,PModX,Tsquare,u\\[1\\],u\\[2\\],DModY,YPred\\(mpg\\)\n1,Mazda RX4,0\\.6933[0-9]*,0\\.8949[0-9]*,[^\n]*,0\\.3963[0-9]*,-0\\.624[56][0-9]*,[0-9.]+,22\\.657[78][0-9]*\n")
+expect_in(variables ",w\\[1\\],w\\[2\\],w\\*\\[1\\],w\\*\\[2\\],VIP,CoeffCS\\(mpg\\),Coeff\\(mpg\\)\n2,cyl,[^\n]*,-0\\.3900[0-9]*,0\\.2190[0-9]*,-0\\.3900[0-9]*,0\\.1971[0-9]*,1\\.2223[0-9]*,-0\\.1127[0-9]*,-0\\.3806[0-9]*\n")
+expect_in(responses "^VNum,VNam,AvgY,Weig,c\\[1\\],c\\[2\\],R2VY\\(cum\\),Q2V\\(cum\\),Const,RMSEE\n1,mpg,20\\.0906[0-9]*,0\\.1659[0-9]*,0\\.3806[0-9]*,0\\.1810[0-9]*,0\\.8539[0-9]*,[^,]*,24\\.75[0-9]*,2\\.381[0-9]*\n$")
+# The observations of the model are predicted as they were fitted.
+expect_in(predictions ",YPredPS\\(mpg\\),SerrLPS\\(mpg\\),SerrUPS\\(mpg\\),YPS\\(mpg\\)\n1,Mazda RX4,0\\.6933[^\n]*,22\\.657[78][0-9]*,[0-9.]+,[0-9.]+,21\n")
+
+# Several responses, one that misses values, and classes; the rules alone decide once.
+fit(${SAMPLES}/spectra.csv --y y1,y2 --components 3)
+expect_in(components "\n3,0\\.2581[^\n]*,0\\.01476[0-9]*,0\\.9697[0-9]*\n$")
+expect_in(responses "\n[0-9]+,y1,[^\n]*,10\\.78[0-9]*,0\\.348[0-9]*\n[0-9]+,y2,[^\n]*,37\\.8[0-9]*,0\\.649[0-9]*\n$")
+expect_in(variables "\n1,nm1100,[^\n]*,0\\.4588[0-9]*,0\\.00098[0-9]*,0\\.0837[0-9]*,-0\\.0032[0-9]*,-0\\.3699?[0-9]*\n")
+fit(${SAMPLES}/airquality.csv --y Temp)
+expect("${out}" "NVarY= 1\n")
+fit(${SAMPLES}/iris.csv --class 1=1-50 --class 2=51-100 --class 3=101-150 --components 2)
+expect("${out}" "^PLS-1DA ")
+expect_in(components "\n2,0\\.22789[^\n]*,0\\.08612[0-9]*,0\\.5572[0-9]*\n$")
+expect_in(responses "\n1,Class1,[^\n]*,0\\.3914[0-9]*,0\\.1558[0-9]*\n2,Class2,[^\n]*\n3,Class3,[^\n]*\n$")
+expect_in(observations ",YPred\\(Class1\\),YPred\\(Class2\\),YPred\\(Class3\\)\n1,setosa_1,[^\n]*,0\\.9576[0-9]*,0\\.1110[0-9]*,-0\\.0687[0-9]*\n")
+file(COPY ${WORK}/out/responses.csv DESTINATION ${WORK}/by_number)
+
+# The same classes from a column of texts.
+file(STRINGS ${SAMPLES}/iris.csv lines)
+string(REGEX REPLACE "\n$" "" table "")
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE "^([^,]*),([a-z]+)_([^,]*,)(.*)$" "\\1,\\2_\\3\\2,\\4" line "${line}")
+  string(REGEX REPLACE "^,,S" ",,Species,S" line "${line}")
+  string(APPEND table "${line}\n")
+endforeach()
+file(WRITE ${WORK}/species.csv "${table}")
+fit(${WORK}/species.csv --class-by Species --components 2)
+expect("${err}" "3 classes from 'Species': 1 setosa .50., 2 versicolor .50., 3 virginica .50.\r?\n")
+expect_same_files(${WORK}/by_number/responses.csv ${WORK}/out/responses.csv)
+
+# A response by its own scaling, and with a name that is to be quoted.
+file(WRITE ${WORK}/quoted.csv
+  ",,\"y, 1\",a,b\n1,,5,1,2\n2,,3,2,2\n3,,2,5,5\n4,,9,2,0\n5,,1,4,4\n6,,7,1,3\n")
+fit(${WORK}/quoted.csv --y "\"y, 1\"" --y-scale Ctr --components 1)
+expect_in(observations ",\"YPred\\(y, 1\\)\"\n")
+expect_in(responses "\n1,\"y, 1\",4\\.5,1,")
+
+fails(2 "${SAMPLES}/iris.csv" "^zemva: pls takes responses, --y, or classes, --class or --class-by\r?\n")
+fails(2 "${SAMPLES}/mtcars.csv;--y;mgp" "zemva: --y: there is no variable 'mgp': did you mean 'mpg'.\r?\n")
+file(WRITE ${WORK}/constant.csv ",,y,a,b\n1,,1,2,7\n2,,1,2,1\n3,,1,2,5\n4,,1,1,0\n5,,1,2,2\n")
+fails(1 "${WORK}/constant.csv;--y;y" "constant.csv: [^\n]* .80(28|38).\r?\n$")

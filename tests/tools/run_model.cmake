@@ -1,0 +1,21 @@
+# Helpers of the tests of commands that fit a model. MODEL is the command.
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+# fit(ARGUMENT...): runs the command with its files in WORK/out.
+macro(fit)
+  file(REMOVE_RECURSE ${WORK}/out)
+  run(0 ${MODEL} ${ARGN} --out ${WORK}/out)
+endmacro()
+
+# expect_in(TABLE REGEX): what a file of the last fit must hold.
+function(expect_in table regex)
+  file(READ ${WORK}/out/${table}.csv text)
+  expect("${text}" "${regex}")
+endfunction()
+
+# fails(STATUS ARGUMENTS MESSAGE): what stands against a model, which is then not listed.
+function(fails status arguments message)
+  run(${status} ${MODEL} ${arguments})
+  expect("${err}" "${message}")
+  expect("${out}" "^$")
+endfunction()

@@ -1,0 +1,44 @@
+#include "model/fit_model.h"
+
+#include <cstdio>
+#include <optional>
+
+#include "arguments/settings_folder.h"
+#include "model/model_csv.h"
+#include "model/model_run.h"
+#include "model/result_folder.h"
+#include "text/messages.h"
+#include "text/text_window.h"
+
+namespace zemva::tools {
+namespace {
+
+void WriteTables(const Model& model, Dataset* test, ResultFolder& folder) {
+  folder.Write(TabulateComponents(model));
+  folder.Write(TabulateObservations(model));
+  folder.Write(TabulateVariables(model));
+  if (model.GetNVarY() > 0) folder.Write(TabulateResponses(model));
+  if (test != nullptr) folder.Write(TabulatePredictions(model, *test));
+  folder.RemoveOthers();
+}
+
+}  // namespace
+
+int FitModel(const ModelOptions& options, EModType type, char selector) {
+  CheckModelOptions(options);
+  ChooseSettingsFolder(options.settings_directory);
+  std::optional<ResultFolder> folder;
+  if (options.out_directory) folder.emplace(*options.out_directory);
+  ModelRun run(options);
+  int exit_status = run.LoadFile();
+  if (exit_status == kDone) exit_status = run.MakeModel(type, selector);
+  if (exit_status == kDone) exit_status = run.Fit();
+  if (exit_status == kDone) exit_status = run.Predict();
+  if (exit_status != kDone) return exit_status;
+  TextWindow listing(stdout);
+  run.GetModel().Show(listing);
+  if (folder) WriteTables(run.GetModel(), run.GetTestDataset(), *folder);
+  return kDone;
+}
+
+}  // namespace zemva::tools
