@@ -102,6 +102,7 @@ short DataBlock::GetNumber(int column) const {
 
 int DataBlock::FindWeights(ModelLog& log) {
   XFVector& weights = info_->weights;
+  // w_k = weight of the scaling, and below times the weight of the block
   for (int k = 1; k <= weights.NVal(); ++k) {
     const ScaData& scaling = *scalings_->GetItm(static_cast<short>(k));
     const bool is_decided = scaling.GetScaType() != EScaType::kUdef;
@@ -206,6 +207,7 @@ void DataBlock::Measure(LostFreedom lost, Stage& stage) const {
     const double s2 = static_cast<double>(stage.s2v[k]);
     const double initial_s2 = static_cast<double>(info_->centred.s2v[k]);
     const bool is_none = s2 == 0.0 && initial_s2 == 0.0;
+    // MPow = max(1 - sqrt(S2V / S2V of stage 0), 0)
     stage.mpow[k] =
         is_none ? 0.0f : static_cast<float>(std::max(1.0 - std::sqrt(s2 / initial_s2), 0.0));
   }
@@ -217,6 +219,7 @@ void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
   const double row_count = values_->NRow();
   const double column_count = values_->NCol();
   const double free_rows = row_count - lost.average - lost.of_column;
+  // S2V = SSV / max(n - A0 - c, 1), S2O = SSO / max((m - r) (N - A0 - c) / N, 1)
   const VarianceRule of_column{0.0f, lost.average + lost.of_column, 1.0f};
   const VarianceRule of_row{0.0f, lost.of_row, static_cast<float>(free_rows / row_count)};
   for (int i = 1; i <= stage.sso.NVal(); ++i) {
@@ -233,6 +236,7 @@ void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
     vector->SetActValInfo();
   }
   const double ss = std::accumulate(column_squares.begin(), column_squares.end(), 0.0);
+  // DF = max((N - A0 - c) (K - r) - (N K - M), 1), S2 = SS / DF
   const double missing_count = row_count * column_count - values_->NValA();
   const double df = free_rows * (column_count - lost.of_row) - missing_count;
   stage.ss = ToElement(ss);
