@@ -72,7 +72,15 @@ TEST(ModelGroups, TablesTakeThemOver) {
   EXPECT_EQ(blocks.GetBStat(4), 7);
   terms.AddItm(ExpData(9999, "none", 100, 100, 0, kM));
   EXPECT_EQ(blocks.SetBlkInfo(&grouped.all, kSelected, &lags, &terms, &model), 8015);
-  EXPECT_EQ(blocks.SetBlkInfo(nullptr, kSelected, &lags, &terms, &model), 8022);
+  const Model* const nobody = nullptr;
+  for (const int status : {blocks.SetBlkInfo(nullptr, kSelected, &lags, &terms, &model),
+                           blocks.SetBlkInfo(&grouped.all, kSelected, nullptr, &terms, &model),
+                           blocks.SetBlkInfo(&grouped.all, kSelected, &lags, nullptr, &model),
+                           blocks.SetBlkInfo(&grouped.all, kSelected, &lags, &terms, nobody),
+                           scalings.SetScaInfo(nullptr, nullptr, &model, false),
+                           scalings.SetScaInfo(&variables, nullptr, nobody, false)}) {
+    EXPECT_EQ(status, 8022);
+  }
 
   variables.SetVNum(1, term);
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &model, false), 0);
@@ -95,6 +103,8 @@ TEST(ModelGroups, TablesTakeThemOver) {
   Bench without("ab", test::Noise().Table(5, 2));
   ASSERT_EQ(without.Compute(), 0);
   EXPECT_EQ(classes.SetClaInfo(&observations, &without.model), 8022);
+  EXPECT_EQ(classes.SetClaInfo(&observations, nobody), 8022);
+  EXPECT_EQ(classes.SetClaInfo(nullptr, &model), 8022);
 }
 
 TEST(ModelGroups, TablesTakeThoseOfResponsesOver) {

@@ -185,58 +185,109 @@ TEST(PCModel, RecoversARankOneTableFromWhatIsLeft) {
 }
 
 TEST(PCModel, CountsDegreesOfFreedomOfWhatIsPresent) {
-  // 5 by 4 with two holes: (5 - 1 - 1)(4 - 1) - 2 = 7 after a component, (5 - 1) 4 - 2 = 14 before.
   test::Rows rows = test::Noise().Table(5, 4);
   rows[1][2] = kM;
   rows[4][0] = kM;
-  Bench bench("abcd", rows);
-  ASSERT_EQ(bench.Compute(), 0);
-  const PCModel& model = bench.model;
-  EXPECT_EQ(model.GetDFX(-1), 18.0f);
-  EXPECT_EQ(model.GetDFX(0), 14.0f);
-  EXPECT_EQ(model.GetDFX(1), 7.0f);
-  EXPECT_NEAR(D(model.GetSSX(0)), 4 + 3 + 3 + 4, 1e-5);  // n - 1 for each column of unit variance
-  EXPECT_FLOAT_EQ(model.GetS2X(1), model.GetSSX(1) / 7);
-  EXPECT_FLOAT_EQ(model.GetR2Xadj(1), 1 - model.GetS2X(1) / model.GetS2X(0));
-  EXPECT_FLOAT_EQ(model.GetR2VXadj(1, 1), 1 - model.GetS2VX(1, 1) / model.GetS2VX(0, 1));
-  EXPECT_FLOAT_EQ(model.GetS2VX(1, 2), model.GetSSVX(1, 2) / 3);  // 5 - 1 - 1
-  EXPECT_FLOAT_EQ(model.GetS2VX(1, 1), model.GetSSVX(1, 1) / 2);  // one value less
-  // (m - a)(N - A0 - a) / N: (4 - 1) 3 / 5 = 1.8 and (3 - 1) 3 / 5 = 1.2.
-  EXPECT_FLOAT_EQ(model.GetS2OX(1, 1), model.GetSSOX(1, 1) / 1.8f);
-  EXPECT_FLOAT_EQ(model.GetS2OX(1, 2), model.GetSSOX(1, 2) / 1.2f);
-  // Of an observation of the work set: sum / (m - a), times N / (N - A0 - a).
-  bench.options.SetIsNormDistLS(false);
-  EXPECT_FLOAT_EQ(model.GetDModXLS(1, 2), std::sqrt(model.GetSSOX(1, 2) / 2 * 5 / 3));
-  EXPECT_FLOAT_EQ(model.GetMPowX(1, 3),
-                  std::max(0.0f, 1 - std::sqrt(model.GetS2VX(1, 3) / model.GetS2VX(0, 3))));
+  for (const int a0 : {0, 1}) {
+    Bench bench("abcd", rows);
+    bench.options.SetIsCenter(a0 == 1);
+    ASSERT_EQ(bench.Compute(), 0);
+    const PCModel& model = bench.model;
+    // N - A0 before a component, and after it.
+    const auto n0 = static_cast<float>(5 - a0);
+    const float n1 = n0 - 1;
+    EXPECT_EQ(model.GetDFX(-1), 18.0f);
+    EXPECT_EQ(model.GetDFX(0), n0 * 4 - 2);
+    EXPECT_EQ(model.GetDFX(1), n1 * 3 - 2);
+    EXPECT_FLOAT_EQ(model.GetS2X(1), model.GetSSX(1) / (n1 * 3 - 2));
+    EXPECT_FLOAT_EQ(model.GetS2VX(0, 2), model.GetSSVX(0, 2) / n0);
+    EXPECT_FLOAT_EQ(model.GetS2VX(1, 2), model.GetSSVX(1, 2) / n1);
+    EXPECT_FLOAT_EQ(model.GetS2VX(1, 1), model.GetSSVX(1, 1) / (n1 - 1));  // one value less
+    // (m - a)(N - A0 - a) / N
+    EXPECT_FLOAT_EQ(model.GetS2OX(1, 1), model.GetSSOX(1, 1) / (3 * n1 / 5));
+    EXPECT_FLOAT_EQ(model.GetS2OX(1, 2), model.GetSSOX(1, 2) / (2 * n1 / 5));
+    // Of an observation of the work set: sum / (m - a), times N / (N - A0 - a).
+    bench.options.SetIsNormDistLS(false);
+    EXPECT_FLOAT_EQ(model.GetDModXLS(1, 2), std::sqrt(model.GetSSOX(1, 2) / 2 * 5 / n1));
+    EXPECT_FLOAT_EQ(model.GetMPowX(1, 3),
+                    std::max(0.0f, 1 - std::sqrt(model.GetS2VX(1, 3) / model.GetS2VX(0, 3))));
+    // The first component explains what is explained by then.
+    EXPECT_FLOAT_EQ(model.GetR2Xadj(1), 1 - model.GetS2X(1) / model.GetS2X(0));
+    EXPECT_FLOAT_EQ(model.GetR2VXadj(1, 1), 1 - model.GetS2VX(1, 1) / model.GetS2VX(0, 1));
+    EXPECT_EQ(model.GetR2AX(1), model.GetR2X(1));
+    EXPECT_EQ(model.GetR2AXadj(1), model.GetR2Xadj(1));
+    EXPECT_EQ(model.GetR2VAX(1, 2), model.GetR2VX(1, 2));
+    EXPECT_EQ(model.GetR2VAXadj(1, 2), model.GetR2VXadj(1, 2));
+    EXPECT_EQ(model.GetR2VX(0, 2), 0.0f);
+  }
 }
 
 TEST(PCModel, AnswersWithTheMissingValueForWhatIsNotThere) {
-  Bench bench("ab", test::Noise().Table(6, 2));
+  using OfComponent = float (Model::*)(char) const;
+  using OfElement = float (Model::*)(char, short) const;
+  const struct {
+    char first;  // the first stage that there is
+    std::vector<OfComponent> of_all;
+    std::vector<OfElement> of_elements;
+  } groups[] = {
+      {-1,
+       {&Model::GetDFX, &Model::GetSSX, &Model::GetS2X},
+       {&Model::GetSSVX, &Model::GetS2VX, &Model::GetSSOX, &Model::GetS2OX}},
+      {0,
+       {&Model::GetR2X, &Model::GetR2Xadj},
+       {&Model::GetMPowX, &Model::GetR2VX, &Model::GetR2VXadj, &Model::GetDModXLS,
+        &Model::GetPModXLS}},
+      {1,
+       {&Model::GetR2AX, &Model::GetR2AXadj, &Model::GetEig, &Model::GetS2T, &Model::GetS2WX,
+        &Model::GetTMin, &Model::GetTMax, &Model::GetQ2X, &Model::GetQ2AX, &Model::GetQ2Limit},
+       {&Model::GetR2VAX, &Model::GetR2VAXadj, &Model::GetQ2VX, &Model::GetQ2VAX, &Model::GetP,
+        &Model::GetT, &Model::GetOLevX, &Model::GetT2LS, &Model::GetTPredPS, &Model::GetT2PS,
+        &Model::GetDModXPS, &Model::GetPModXPS}},
+  };
+  Bench bench("abc", test::Noise().Table(6, 3));
+  bench.options.SetSeqValidate(EValidate::CV);
   const PCModel& model = bench.model;
-  EXPECT_EQ(model.GetR2X(1), kM);
   EXPECT_EQ(model.GetNObs(), 0);
-  EXPECT_EQ(model.GetQ2Limit(0), kM);
-  ASSERT_EQ(bench.Compute(), 0);
-  EXPECT_NE(model.GetT(1, 6), kM);
-  for (const float value : {model.GetT(2, 1),       model.GetT(1, 7),
-                            model.GetT(1, 0),       model.GetT(-1, 1),
-                            model.GetP(1, 3),       model.GetR2X(2),
-                            model.GetR2AX(0),       model.GetR2VX(1, 3),
-                            model.GetDModXLS(2, 1), model.GetDModXLS(1, 7),
-                            model.GetT2LS(0, 1),    model.GetT2LS(2, 1),
-                            model.GetAvgX(1, 1),    model.GetXResLS(1, 1, 3),
-                            model.GetSSX(-2),       model.GetTCritAxisLen(2, 0.05f),
-                            model.GetDCritTeSLS(),  model.GetTPredPS(1, 1),
-                            model.GetQ2X(1),        model.GetAvgY(0, 1)}) {
+  for (const bool is_fitted : {false, true}) {
+    if (is_fitted) {
+      ASSERT_EQ(bench.Compute(2), 0);
+      ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+      I1Vector all(6, Model::kNewRow);
+      ASSERT_EQ(bench.model.ExecPS(model.GetObsInfo(), bench.dataset->GetDMPtr(), &all), 0);
+    }
+    for (const auto& group : groups) {
+      for (const int a : {-128, -2, -1, 0, 1, 2, 3, 127}) {
+        const auto component = static_cast<char>(a);
+        const bool is_there = is_fitted && a >= group.first && a <= 2;
+        for (const OfComponent& get : group.of_all) {
+          const bool is_limit = &get == &group.of_all.back() && group.first == 1;
+          if (is_limit && a > 0) continue;  // known beforehand
+          EXPECT_EQ((model.*get)(component) != kM, is_there) << a << " " << &get - &group.of_all[0];
+        }
+        for (const OfElement& get : group.of_elements) {
+          const auto which = &get - &group.of_elements[0];
+          for (const int ix : {-1, 0, 7, 32767}) {
+            EXPECT_EQ((model.*get)(component, static_cast<short>(ix)), kM) << a << " " << which;
+          }
+          // Distances to be had are those of the components in use.
+          if (group.first == 1 && which >= 10 && a == 1) continue;
+          EXPECT_EQ((model.*get)(component, 1) != kM, is_there) << a << " " << which;
+        }
+      }
+    }
+  }
+  for (const float value : {model.GetAvgX(1, 1), model.GetAvgX(-2, 1), model.GetXResLS(1, 1, 4),
+                            model.GetXResLS(3, 1, 1), model.GetXResLS(1, 7, 1),
+                            model.GetTCritAxisLen(3, 0.05f), model.GetAvgY(0, 1)}) {
     EXPECT_EQ(value, kM);
   }
   EXPECT_EQ(model.GetR2Y(1), 0.0f);
   EXPECT_EQ(model.GetNVarY(), 0);
-  EXPECT_EQ(model.GetNIter(2), 0);
-  // Two components leave nothing of two variables, and no freedom for a distance.
-  ASSERT_EQ(bench.Compute(2), 0);
-  EXPECT_EQ(model.GetDModXLS(2, 1), kM);
+  EXPECT_EQ(model.GetNIter(3), 0);
+  EXPECT_STREQ(model.GetSignRule(3), "");
+  // Three components leave nothing of three variables, and no freedom for a distance.
+  ASSERT_EQ(bench.Compute(3), 0);
+  EXPECT_EQ(model.GetDModXLS(3, 1), kM);
 }
 
 TEST(PCModel, HasTheEllipseOfThePublishedTable) {

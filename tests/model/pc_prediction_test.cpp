@@ -246,6 +246,14 @@ TEST(PCPrediction, RefusesWhatDoesNotFit) {
   EXPECT_EQ(refusal(observations, data, nullptr), 8022);
   EXPECT_EQ(refusal(observations, &narrow, &news.selection), 8021);
   EXPECT_EQ(refusal(observations, data, &short_selection), 8021);
+  XFMatrix residuals("E", 12, 5, 0.0f);
+  XFMatrix shorter("E", 11, 5, 0.0f);
+  EXPECT_EQ(bench.model.ExecLS(&residuals), 0);
+  EXPECT_EQ(residuals[2][3], bench.model.GetXResLS(1, 2, 3));
+  for (XFMatrix* const other : {&narrow, &shorter}) {
+    EXPECT_EQ(bench.model.ExecLS(other), 8021);
+    bench.model.Reset(1);
+  }
   EXPECT_EQ(bench.model.ExecPS(), 8030);
   bench.model.Reset(1);
   // What leaves the range of a float has no result; the others have theirs.

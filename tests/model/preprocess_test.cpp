@@ -94,6 +94,22 @@ TEST(ScaInfo, RefusedUpdatesChangeNothing) {
   }
   const ScaData unknown(8, "y", EScaType::kUV, 8.0f);
   EXPECT_EQ(Updated({1, 3}, EScaType::kUV, unknown, 8015).GetWeig(), 8.0f);
+  ScaInfo table("Sca");
+  const VarInfo variables("Var");
+  const XFMatrix matrix("X", 1, 1, 0.0f);
+  const XI1Vector mask("mask", 1, kSelected);
+  XFVector averages("Avg", 1, 0.0f);
+  const LagInfo lags("Lag");
+  const ExpInfo terms("Exp");
+  for (const int status :
+       {table.Update(7, nullptr, &matrix, &mask, EScaType::kUV),
+        table.Update(7, &variables, nullptr, &mask, EScaType::kUV),
+        table.Update(7, &variables, &matrix, nullptr, EScaType::kUV),
+        table.UpdateAll(nullptr, &matrix), table.UpdateAll(&variables, nullptr),
+        table.SetNCRef(nullptr, &averages), table.SetNCRef(&variables, nullptr),
+        table.FixAddedVars(0, nullptr, &terms), table.FixAddedVars(0, &lags, nullptr)}) {
+    EXPECT_EQ(status, 8022);
+  }
 }
 
 TEST(ScaInfo, TypesHaveNamesAndCentredCounterparts) {

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
-#include "zemva/model/pc/cross_validation.h"
 #include "support/recording_window.h"
+#include "zemva/model/execution/distances.h"
+#include "zemva/model/pc/cross_validation.h"
+#include "zemva/numeric/distributions.h"
 
 namespace zemva {
 namespace {
@@ -62,6 +65,46 @@ TEST(SetQ2, FollowsBothDefinitions) {
   SetQ2(1e-50, std::vector<double>{1e-50, 0, 0}, StageOf(0, {0, 0, 0}), initial, nullptr, false,
         second);
   EXPECT_EQ(second.q2, kM);
+}
+
+TEST(DistanceTest, HasTheDegreesOfFreedomThatAreLeft) {
+  const struct {
+    BlockSize size;
+    double df, v1, v2, r;
+  } cases[] = {
+      {{20, 5, 1, 1, 1}, 72, 4, 18, 20 / 18.0},                           // 72 / (5 - 1); 5 - 1
+      {{12, 200, 1, 2, 2}, 1782, 9 + std::sqrt(191.0) - 2, 9, 12 / 9.0},  // 200 depend on 9
+      {{300, 200, 0, 1, 1}, 59501, 99, 299, 300 / 299.0},                 // 100 are independent
+      {{4, 3, 1, 3, 3}, 0.3, 1, 1, 4},                                    // neither less than 1
+  };
+  for (const auto& c : cases) {
+    const DistanceTest test(c.size, c.df);
+    const auto v1 = static_cast<float>(c.v1);
+    const auto v2 = static_cast<float>(c.v2);
+    const auto of_member = static_cast<float>(c.v1 / c.r);
+    EXPECT_FLOAT_EQ(static_cast<float>(test.GetLimit(false, 0.1f)), FFTest(v1, v2, 0.1f));
+    EXPECT_FLOAT_EQ(static_cast<float>(test.GetLimit(true, 0.1f)), FFTest(of_member, v2, 0.1f));
+    EXPECT_FLOAT_EQ(test.GetProbability(true, 2), PFTest(2.0f, of_member, 1.0f, v2));
+  }
+  // I(9, 2) at 18 / 26.
+  EXPECT_NEAR(static_cast<double>(DistanceTest(cases[0].size, 72).GetProbability(false, 2)), 0.1377,
+              1e-4);
+}
+
+TEST(WeightedVariance, CorrectsForTheScoresWhereItCan) {
+  const struct {
+    WeightedSums sums;
+    double variance, of_observation;
+  } cases[] = {
+      {{5, 2, 12}, 10, 10},  // 12 / 2 * 5 / (5 - 2)
+      {{3, 2, 12}, 6, 6},    // with a single degree of freedom as it is
+      {{2, 2, 12}, 6, -99},
+      {{0, 0, 0}, 0, -99},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(WeightedVariance(c.sums, 2), c.variance);
+    EXPECT_EQ(WeightedObservationVariance(c.sums, 2), c.of_observation);
+  }
 }
 
 TEST(GroupLabels, GoRoundThePassesAndRotate) {

@@ -292,7 +292,6 @@ TEST(Workset, TablesRefuseWhatIsNotInTheWorkset) {
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &workset, true), 8022);
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, static_cast<Workset*>(nullptr), false), 8022);
   EXPECT_EQ(scalings.SetScaInfo(&variables, nullptr, &workset, false), 8015);
-  EXPECT_EQ(scalings.FixAddedVars(0, nullptr, &none), 8022);
   EXPECT_EQ(scalings.GetNItm(), 0);
 }
 

@@ -10,6 +10,7 @@
 
 #include "model/model_fixture.h"
 #include "model/small_dataset.h"
+#include "support/failing_allocator.h"
 #include "support/recording_window.h"
 #include "zemva/model/pc/pc_model.h"
 
@@ -277,6 +278,34 @@ TEST_F(ProjectOfOneTable, FitsNothingToWhatRoundingHasLeft) {
     EXPECT_EQ(project_.GetModel(number)->GetModel()->GetA(), 1);
     ASSERT_EQ(project_.DelModel(number), 0);
   }
+}
+
+TEST(Project, TellsWhereMemoryRunsOut) {
+  test::Rows rows = Noise().Table(8, 4);
+  rows[2][1] = kMissing;
+  const auto table = SmallDataset("abcd", rows);
+  const auto run = [](Dataset* dataset) {
+    Project project("P", GlobalStreamWindow());
+    const short data = project.AddDataset(dataset);
+    const short workset = data == 0 ? short{0} : project.AddWorkset(data, "WS");
+    if (workset == 0) return project.GetStatus();
+    project.GetWorkset(workset)->SetRole(4, EVarRole::kY);
+    const short number = project.AddModel(workset, EModType::kPLS12, 0);
+    if (number == 0) return project.GetStatus();
+    project.GetModel(number)->GetModOpt().SetNComp(2);
+    const short predset = project.AddPredset(data, workset, "PS");
+    if (predset == 0) return project.GetStatus();
+    const int status = project.Compute(number);
+    return status == 0 ? project.ExecPS(number, predset) : status;
+  };
+  long count = 0;
+  for (int successes = 0; successes < 20; ++count) {
+    auto dataset = std::make_unique<Dataset>(*table);
+    const int status = test::WithAllocations(count, [&] { return run(dataset.release()); });
+    ASSERT_TRUE(status == 0 || status == 8002) << count << ": " << status;
+    successes += status == 0 ? 1 : 0;
+  }
+  EXPECT_GT(count, 200);
 }
 
 TEST_F(ProjectOfOneTable, ListsItsModels) {
