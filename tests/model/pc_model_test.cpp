@@ -310,11 +310,28 @@ TEST(PCModel, EndsOnAnyTable) {
 }
 
 TEST(PCModel, NamesTheVariableThatIsOutOfRange) {
-  Bench bench("ab", {{3e38f, 1}, {3e38f, 2}, {-3e38f, 4}, {3e38f, 3}});
-  bench.workset.SetFixedWeight(1, EScaType::kFW, 10.0f);
-  EXPECT_EQ(bench.Compute(), 8005);
-  EXPECT_EQ(bench.window.log, "X variable 100, a is out of range when centred and scaled.\n");
-  EXPECT_EQ(bench.model.GetSSX(0), kM);
+  const float x = 3e38f;
+  const float y = 1e-30f;
+  const struct {
+    test::Rows rows;
+    float weight;
+  } cases[] = {
+      {{{x, 1}, {x, 2}, {-x, 4}, {x, 3}}, 10.0f},
+      {{{y, 0}, {2 * y, 0}, {4 * y, 0}, {3 * y, 0}}, 1.0f},
+  };
+  for (const auto& c : cases) {
+    Bench bench("ab", c.rows);
+    bench.workset.SetFixedWeight(1, EScaType::kFW, c.weight);
+    bench.workset.SetScaling(2, EScaType::kCtr);
+    EXPECT_EQ(bench.Compute(), 8005);
+    EXPECT_NE(bench.window.log.find("X variable 100, a is out of range when centred and scaled.\n"),
+              std::string::npos);
+    EXPECT_EQ(bench.window.log.find("200, b"), std::string::npos);
+    EXPECT_EQ(bench.model.GetSSX(0), kM);
+    bench.window.log.clear();
+    bench.model.ShowInit(bench.window);
+    EXPECT_EQ(bench.window.log.find("inf"), std::string::npos);
+  }
 }
 
 TEST(PCModel, RefusesOtherDataUnderItsComponents) {

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <numeric>
 #include <string>
 #include <vector>
 
 #include "zemva/errors/status.h"
+#include "zemva/model/preprocess/element.h"
 #include "zemva/numeric/variance.h"
 
 namespace zemva {
@@ -19,6 +21,11 @@ void Take(XFVector* from, XFVector& to) {
   if (owned == nullptr) throw std::bad_alloc();
   std::ranges::copy(owned->Values(), to.Values().begin());
   to.SetActValInfo();
+}
+
+// Whether a sum of squares has all digits of a float.
+bool IsInRange(float sum) {
+  return sum >= std::numeric_limits<float>::min();
 }
 
 std::vector<double> Widened(const XFVector& vector) {
@@ -95,6 +102,7 @@ short DataBlock::GetNumber(int column) const {
 
 int DataBlock::FindWeights(ModelLog& log) {
   XFVector& weights = info_->weights;
+  // w_k = weight of the scaling, and below times the weight of the block
   for (int k = 1; k <= weights.NVal(); ++k) {
     const ScaData& scaling = *scalings_->GetItm(static_cast<short>(k));
     const bool is_decided = scaling.GetScaType() != EScaType::kUdef;
@@ -145,13 +153,19 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
   residuals_.emplace(*values_, takes_part);
   residuals_->CenterAndScale(reference.Values(), info_->weights.Values());
   Measure({is_centred ? 1 : 0, 0, 0}, info_->centred);
-  if (!std::isfinite(info_->centred.ss)) {
+  if (!IsInRange(info_->centred.ss)) {
+    const std::vector<double> squares = residuals_->ColumnSquares();
+    bool is_out_of_range = IsMissing(info_->centred.ss);
     for (int k = 1; k <= info_->centred.ssv.NVal(); ++k) {
-      if (std::isfinite(info_->centred.ssv[k])) continue;
+      // A sum of 0 is none that went out of range.
+      if (squares[static_cast<std::size_t>(k - 1)] == 0.0 || IsInRange(info_->centred.ssv[k])) {
+        continue;
+      }
+      is_out_of_range = true;
       log.Write(std::string(1, GetLetter()) + " variable " + std::to_string(GetNumber(k)) + ", " +
                 GetName(k) + " is out of range when centred and scaled.\n");
     }
-    return status::mva::kDomain;
+    if (is_out_of_range) return status::mva::kDomain;
   }
   // The average is a linear function of the data.
   for (int k = 1; k <= info_->average.NVal(); ++k) {
@@ -193,6 +207,7 @@ void DataBlock::Measure(LostFreedom lost, Stage& stage) const {
     const double s2 = static_cast<double>(stage.s2v[k]);
     const double initial_s2 = static_cast<double>(info_->centred.s2v[k]);
     const bool is_none = s2 == 0.0 && initial_s2 == 0.0;
+    // MPow = max(1 - sqrt(S2V / S2V of stage 0), 0)
     stage.mpow[k] =
         is_none ? 0.0f : static_cast<float>(std::max(1.0 - std::sqrt(s2 / initial_s2), 0.0));
   }
@@ -204,27 +219,29 @@ void DataBlock::Fill(LostFreedom lost, std::span<const double> row_squares,
   const double row_count = values_->NRow();
   const double column_count = values_->NCol();
   const double free_rows = row_count - lost.average - lost.of_column;
+  // S2V = SSV / max(n - A0 - c, 1), S2O = SSO / max((m - r) (N - A0 - c) / N, 1)
   const VarianceRule of_column{0.0f, lost.average + lost.of_column, 1.0f};
   const VarianceRule of_row{0.0f, lost.of_row, static_cast<float>(free_rows / row_count)};
   for (int i = 1; i <= stage.sso.NVal(); ++i) {
     const double squares = row_squares[static_cast<std::size_t>(i - 1)];
-    stage.sso[i] = static_cast<float>(squares);
-    stage.s2o[i] = static_cast<float>(of_row.Apply(values_->NValARow(i), 0.0, squares));
+    stage.sso[i] = ToElement(squares);
+    stage.s2o[i] = ToElement(of_row.Apply(values_->NValARow(i), 0.0, squares));
   }
   for (int k = 1; k <= stage.ssv.NVal(); ++k) {
     const double squares = column_squares[static_cast<std::size_t>(k - 1)];
-    stage.ssv[k] = static_cast<float>(squares);
-    stage.s2v[k] = static_cast<float>(of_column.Apply(values_->NValACol(k), 0.0, squares));
+    stage.ssv[k] = ToElement(squares);
+    stage.s2v[k] = ToElement(of_column.Apply(values_->NValACol(k), 0.0, squares));
   }
   for (XFVector* vector : {&stage.sso, &stage.s2o, &stage.ssv, &stage.s2v}) {
     vector->SetActValInfo();
   }
   const double ss = std::accumulate(column_squares.begin(), column_squares.end(), 0.0);
+  // DF = max((N - A0 - c) (K - r) - (N K - M), 1), S2 = SS / DF
   const double missing_count = row_count * column_count - values_->NValA();
   const double df = free_rows * (column_count - lost.of_row) - missing_count;
-  stage.ss = static_cast<float>(ss);
+  stage.ss = ToElement(ss);
   stage.df = static_cast<float>(std::max(df, 1.0));
-  stage.s2 = static_cast<float>(ss / static_cast<double>(stage.df));
+  stage.s2 = ToElement(ss / static_cast<double>(stage.df));
 }
 
 }  // namespace zemva

@@ -28,6 +28,8 @@ XFVector MakeVector(std::string_view stem, char letter, int label, int length);
 // where these were set by a design: least squares on all of them.
 //
 //   mpow = max(1 - sqrt(s2v / s2v of stage 0), 0), and 0 where both are 0
+//
+// What is beyond the range of a float is missing.
 struct Stage {
   // All missing. The vectors are named after the letter of the block and the stage: "SSVX[0]".
   // Throws std::bad_alloc.

@@ -177,6 +177,7 @@ float Model::SumT2(char first, char last, Score score) const {
     const auto component = static_cast<char>(c);
     const float t = score(component);
     if (IsMissing(t)) return kMissing;
+    // T2 = sum of t^2 / S2t
     const double variance = static_cast<double>(GetS2T(component));
     if (variance > 0.0) sum += static_cast<double>(t) * static_cast<double>(t) / variance;
   }
@@ -205,6 +206,7 @@ float Model::GetTCritAxisLen(char a, float p) const {
   if (component == nullptr || n < 3) return kMissing;
   const double f = static_cast<double>(FFTest(2.0f, static_cast<float>(n - 2.0), p));
   if (f < 0.0) return kMissing;
+  // sqrt(S2t 2 F (N - 1) / (N - 2))
   const double variance = static_cast<double>(component->s2t);
   return static_cast<float>(std::sqrt(variance * 2.0 * f * (n - 1.0) / (n - 2.0)));
 }

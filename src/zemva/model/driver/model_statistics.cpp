@@ -347,6 +347,7 @@ const char* Model::GetSignRule(char a) const {
 float Model::GetQ2Limit(char a) const {
   if (a < 1) return kMissing;
   if (IsPLSFamily(type_)) return options_->GetIsXDesigned() ? kPLSLimitOfDesign : kPLSLimit;
+  // With b = a - 1: f = (Keff - b) (N - A0 - b), 1 - f / ((Keff - b + 1) (N - b))
   const double columns = GetNVarXUsed() - (a - 1);
   const double rows = GetNObs() - (a - 1);
   const double free = columns * (rows - a0_);

@@ -15,6 +15,7 @@ constexpr double kSmallShare = 0.01;
 // Missing where rounding has left nothing to compare with.
 float Q2Of(double press, double before, double total, bool is_of_total) {
   if (!is_of_total && press == 0.0) return 1.0f;
+  // (SS - PRESS) / SST, or 1 - PRESS / SS
   const auto q2 = static_cast<float>(is_of_total ? (before - press) / total : 1.0 - press / before);
   return std::isfinite(q2) ? AsPresent(q2) : kMissing;
 }
@@ -22,6 +23,7 @@ float Q2Of(double press, double before, double total, bool is_of_total) {
 // `previous` is null for the first component.
 float Cumulated(float q2, const float* previous, bool is_of_total) {
   if (IsMissing(q2)) return kMissing;
+  // the sum of max(Q2, 0), or 1 - (1 - max(Q2, 0)) (1 - Q2(cum) before)
   const float gain = std::max(q2, 0.0f);
   if (previous == nullptr) return gain;
   if (IsMissing(*previous)) return kMissing;
@@ -91,6 +93,7 @@ void JudgeByQ2(int required_count, CompInfo& component, ModelLog& log) {
 }
 
 bool JudgeBySize(int a, int dimension, CompInfo& component, ModelLog& log) {
+  // a > min(N, K) / 3 + 1, in whole numbers
   if (a <= dimension / 3 + 1) return false;
   component.verdict = EVerdict::kRule3;
   log.Write("Not significant component acc. to rule 3.\n");
@@ -99,6 +102,7 @@ bool JudgeBySize(int a, int dimension, CompInfo& component, ModelLog& log) {
 
 bool JudgeByR2(const Stage& before, const Stage& after, const Stage& initial, double variable_limit,
                CompInfo& component, ModelLog& log) {
+  // R2 < 0.01, and no R2V above the limit
   if (Share(before.ss, after.ss, initial.ss) >= kSmallShare) return false;
   for (int k = 1; k <= after.ssv.NVal(); ++k) {
     if (Share(before.ssv[k], after.ssv[k], initial.ssv[k]) > variable_limit) return false;

@@ -55,6 +55,7 @@ double ObservationVariance(double squares, int present_count, int of_row) {
 }
 
 ResidualWeights::ResidualWeights(const XFVector& modelling_power) {
+  // w = max(MPow^2, 0.01)
   for (const float power : modelling_power.Values()) {
     const double square = static_cast<double>(power) * static_cast<double>(power);
     weights_.push_back(std::max(square, kLeastWeight));
@@ -80,6 +81,7 @@ WeightedSums ResidualWeights::Sum(std::span<const float> residuals, std::span<co
 double WeightedVariance(const WeightedSums& sums, int of_row) {
   if (!(sums.weights > kNoWeight)) return 0.0;
   const int df = sums.present_count - of_row;
+  // s^2 = (sum w e^2 / sum w) m / (m - r)
   const double variance = sums.squares / sums.weights;
   return df > 1 ? variance * sums.present_count / df : variance;
 }
@@ -92,6 +94,7 @@ double WeightedObservationVariance(const WeightedSums& sums, int of_row) {
 DistanceTest::DistanceTest(const BlockSize& size, double df) : r_(size.MembershipCorrection()) {
   const double k = size.variable_count;
   const double r = size.of_row;
+  // v2 = max(DF / (K - r), 1), v1 = max(min(K, 100, v2) + sqrt(max(K - v2, 0)) - r, 1)
   v2_ = std::max(df / std::max(k - r, 1.0), 1.0);
   const double dependent = v2_ < k ? std::sqrt(k - v2_) : 0.0;
   v1_ = std::max(std::min({k, kMostIndependent, v2_}) + dependent - r, 1.0);
@@ -116,6 +119,7 @@ std::vector<float> Leverages(std::span<const std::span<const float>> scores, int
   for (const std::span<const float> component : scores) {
     Column column = PresentOrZero(component);
     const double length_before = std::sqrt(Dot(column, column));
+    // q = t - Q Q't, q = q / |q|, h = A0 / N + sum of q^2
     Orthogonalise(basis, column);
     const double length = std::sqrt(Dot(column, column));
     // What depends on the components before it spans nothing new.

@@ -6,6 +6,7 @@
 
 namespace zemva {
 
+// s, or s / s of all residuals
 float Gauge::Distance(double variance) const {
   if (IsMissing(variance)) return kMissing;
   if (!is_normalised) return static_cast<float>(std::sqrt(variance));
@@ -24,6 +25,7 @@ bool Gauge::FindLimits(float level, DistanceLimits& limits) const {
   const double members = test.GetLimit(true, level);
   if (others < 0.0 || members < 0.0) return false;
   const double scale = is_normalised ? 1.0 : pooled_variance;
+  // DCrit = sqrt(s^2 F), which the probability of s^2 / s^2 of all residuals inverts
   limits.of_others = static_cast<float>(std::sqrt(scale * others));
   limits.of_members = static_cast<float>(std::sqrt(scale * members));
   return true;

@@ -27,6 +27,7 @@ void Round(std::span<const double> values, double scale, std::span<float> loadin
 
 }  // namespace
 
+// |t - t before|^2 < 1e-30, or |t - t before|^2 / |t|^2 <= 1e-10
 bool IsConverged(const ScoreSums& sums) {
   // So written that what is not a number, from values near the end of the range, ends it too.
   if (sums.change_squares < kNoChange) return true;
@@ -43,9 +44,12 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
     projection.SumColumns(scores);
     while (true) {
       ++result.iterations;
+      // p = E't, by the factors of what is missing
       const int failure = projection.LoadingsFor(scores, settings.loading_cap, sums);
       if (failure != status::kOk) return failure;
+      // p = p / |p|
       Normalise(sums, loadings);
+      // t = E p / p'p, and at once the E't of the next iteration
       const ScoreSums score_sums =
           projection.OntoRowsAndColumns(loadings, 1.0, settings.score_cap, scores);
       result.is_converged = IsConverged(score_sums);
@@ -77,6 +81,7 @@ void AddPredictionErrors(const ResidualMatrix& residuals, const LeftOut& left_ou
       while (!holes.empty() && holes.front() < column) holes = holes.subspan(1);
       if (!holes.empty() && holes.front() == column) continue;
       const auto k = static_cast<std::size_t>(column);
+      // (e - t p)^2
       const double error = static_cast<double>(row[k]) - score * static_cast<double>(loadings[k]);
       column_errors[k] += error * error;
     }

@@ -174,6 +174,7 @@ int Projection::LoadingsFor(std::span<const float> scores, const Cap& cap,
   int result = status::kOk;
   for (std::size_t k = 0; k < loadings.size() && result == status::kOk; ++k) {
     if (!matrix_.TakesPart(k)) continue;
+    // p_k = (sum of t_i e_ik) (sum of all t_i^2) / (sum of the t_i^2 whose e_ik is usable)
     double usable = score_squares_ - lost_[k];
     if (usable <= kSubtractableShare * score_squares_) usable = UsableScoreSquares(k, scores);
     if (usable == 0) {
@@ -269,7 +270,9 @@ void Projection::ProjectBlock(const Block& block, RowPass& pass) {
 }
 
 float Projection::ScoreOf(std::size_t row, double sum, const RowPass& pass) {
+  // t_i = (sum of p_k e_ik) / p'p
   if (!has_gaps_) return AsPresent(static_cast<float>(sum / pass.squares));
+  // times p'p / (sum of the p_k^2 whose e_ik is usable)
   double usable =
       pass.squares - (pass.left_out_squares + SquaresAt(matrix_.Holes(row), weights_.Data()));
   if (usable <= kSubtractableShare * pass.squares) usable = UsableWeightSquares(row);

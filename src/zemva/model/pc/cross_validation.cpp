@@ -31,7 +31,8 @@ GroupLabels::GroupLabels(int group_count, std::span<const char> takes_part)
   }
   const auto groups = static_cast<std::size_t>(group_count);
   for (std::size_t j = 0; j < members_.size(); ++j) {
-    const std::size_t step = j * groups;  // from 0
+    // Position 1 + j G is that of variable (j G) mod Keff + 1 in pass (j G) / Keff + 1.
+    const std::size_t step = j * groups;
     const std::size_t pass = step / members_.size() + 1;
     labels_[members_[step % members_.size()]] = static_cast<short>(pass % groups);
   }

@@ -156,6 +156,7 @@ int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
     return static_cast<float>(sum);
   };
   const auto loading = [&](int c, int k) { return static_cast<double>(GetComponent(c)->p[k]); };
+  // P*'x* and P*'P*, over the present values
   for (int c = 1; c <= a; ++c) {
     projections[c] =
         sum_present([&](int k) { return loading(c, k) * static_cast<double>(values[k]); });
@@ -172,6 +173,7 @@ int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
     SetIsOverrun();
     return status::kOk;
   }
+  // t = (P*'P*)^-1 P*'x*
   for (int c = 1; c <= a; ++c) {
     double score = 0.0;
     for (int d = 1; d <= a; ++d) {
