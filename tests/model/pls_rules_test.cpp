@@ -441,7 +441,7 @@ TEST(PLSPrediction, MeasuresMembersAsTheWorkSetAndOthersByTheirErrors) {
   ASSERT_EQ(bench.Compute(2), 0);
   PLSModel& model = bench.model;
   ASSERT_EQ(model.ExecLS(char{0}), 0);
-  Predset predset("PS", *bench.dataset, bench.workset, bench.window);
+  Predset predset("PS", *bench.dataset, bench.workset);
   bench.owner.predset = &predset;
   ASSERT_EQ(model.ExecPS(), 0);
   ASSERT_EQ(model.GetNObsPS(), 32);
@@ -567,7 +567,7 @@ TEST(PLSModel, RelatesTheBlocksThatItsTypeSays) {
     EXPECT_GT(model.GetYPredLS(1, 1), 0.8f);
     EXPECT_LT(model.GetYPredLS(51, 1), 0.2f);
     predicted.push_back(model.GetYPredLS(1, 1));
-    Predset predset("PS", *bench.dataset, bench.workset, bench.window);
+    Predset predset("PS", *bench.dataset, bench.workset);
     bench.owner.predset = &predset;
     ASSERT_EQ(bench.model.ExecPS(), 0);
     EXPECT_EQ(model.GetYObsPS(60, 3), 1.0f);
