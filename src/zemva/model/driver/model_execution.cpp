@@ -181,7 +181,8 @@ float Model::SumT2(char first, char last, Score score) const {
     const double variance = static_cast<double>(GetS2T(component));
     if (variance > 0.0) sum += static_cast<double>(t) * static_cast<double>(t) / variance;
   }
-  return static_cast<float>(sum);
+  // A score made of next to nothing can be far beyond all others.
+  return std::isfinite(static_cast<float>(sum)) ? static_cast<float>(sum) : kMissing;
 }
 
 float Model::GetT2LS(char a, short i) const {
