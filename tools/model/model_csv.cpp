@@ -28,8 +28,8 @@ struct Label {
 
 // Of an observation, which has its position for a number where the data set knows of none.
 Label LabelOf(Dataset& dataset, short i) {
-  short number;
-  char* name;
+  short number = 0;
+  char* name = nullptr;
   const int status = dataset.GetObsInfo(i, number, name);
   return status == status::kOk ? Label{number, name} : Label{i, ""};
 }
