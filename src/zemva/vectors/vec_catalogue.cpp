@@ -83,7 +83,7 @@ constexpr VecRow kRows[] = {
     {VarPS,      "VarPS",        kPS,      kObs,          kVars,      kUncounted,    kBoth, kRecords,   kTr},
     {VarRes,     "VarRes",       kM,       kObs,          kVars,      kFromCentre,   kBoth, kData,      kTrScSt},
     {VarResPS,   "VarResPS",     kM,       kObsPS,        kVars,      kFromCentrePS, kBoth, kPredicted, kTrScSt},
-    {VarPred,    "VarPred",      kM,       kObs,          kVars,      kFromCentre,   kBoth, kRecords,   kTrSc},
+    {VarPred,    "VarPred",      kM,       kObs,          kVars,      kFromCentre,   kBoth, kData,      kTrSc},
     {VarPredPS,  "VarPredPS",    kM,       kObsPS,        kVars,      kFromCentrePS, kBoth, kPredicted, kTrSc},
     {X,          "X",            kM,       kObs,          kVarsX,     kLoaded,       kBoth, kData,      kTrSc},
     {XRes,       "XRes",         kM,       kObs,          kVarsX,     kFromCentre,   kBoth, kData,      kTrScSt},

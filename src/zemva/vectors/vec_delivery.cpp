@@ -44,6 +44,11 @@ int CountElements(const VecSource& source, const VecQuery& query) {
   return source.GetCount(query.row->along, query.of);
 }
 
+// Whether a component is to be chosen.
+bool HasComps(const VecRow& row) {
+  return row.comps != EVecComps::kUncounted && row.comps != EVecComps::kResponse;
+}
+
 // A request on its way to being complete.
 struct Request {
   const VecSource& source;
@@ -72,7 +77,7 @@ int ChooseComps(Request& request) {
   const VecRow& row = request.row;
   VecSpec& spec = request.spec;
   VecQuery& query = request.query;
-  if (row.comps == EVecComps::kUncounted || row.comps == EVecComps::kResponse) {
+  if (!HasComps(row)) {
     return request.IsOpen() ? status::kOk : status::mva::kComponentNotAvailable;
   }
   const VecCompRange range = GetCompRange(request.source, row);
@@ -187,6 +192,23 @@ int DeliverXSVector(const VecSource& source, const VecSpec* spec, XSVector*& vec
     }
     return made;
   });
+}
+
+int CountIndices(const VecSource& source, const VecRow& row) {
+  if (row.of != EVecAxis::kNothing) return source.GetCount(row.of, 0);
+  return row.along == EVecAxis::kComponents ? 0 : source.GetCount(row.along, 0);
+}
+
+int CheckType(const VecSource& source, const VecRow* row) {
+  if (row == nullptr || !row->objects.Has(source.GetDType())) {
+    return status::mva::kUnknownVectorType;
+  }
+  const int status = source.Check(*row);
+  if (status != status::kOk) return status;
+  const VecCompRange range = GetCompRange(source, *row);
+  if (HasComps(*row) && range.first > range.last) return status::mva::kComponentNotAvailable;
+  const bool has_any = row->of == EVecAxis::kNothing || source.GetCount(row->of, 0) > 0;
+  return has_any ? status::kOk : status::mva::kIndexOutOfRange;
 }
 
 VecCompRange GetCompRange(const VecSource& source, const VecRow& row) {

@@ -26,6 +26,13 @@ struct VecCompRange {
 };
 VecCompRange GetCompRange(const VecSource& source, const VecRow& row);
 
+// How many indices there are: of what there is a vector for each of, else of the elements; none of
+// vectors by component.
+int CountIndices(const VecSource& source, const VecRow& row);
+
+// 0 for a type of vector that the object can give now; else what it refuses all of that type with.
+int CheckType(const VecSource& source, const VecRow* row);
+
 }  // namespace zemva
 
 #endif  // ZEMVA_VECTORS_VEC_DELIVERY_H
