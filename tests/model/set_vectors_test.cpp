@@ -92,7 +92,7 @@ TEST(SetVectors, OfAPredictionSetAreOfItsObservationsAndTheWorkSetsVariables) {
   const auto test = SmallDataset("cb", {{0, 7}, {0, 8}});
   Workset workset("WS", *training, GlobalStreamWindow());
   workset.SetTransformation(2, ETraType::kLinear, 10, 1, 0);
-  Predset predset("PS", *test, workset, GlobalStreamWindow());
+  Predset predset("PS", *test, workset);
   predset.SetIsObsIn(1, false);
   ExpectVectors(predset, {
                              {"VarPS1", {kM}, "o2"},
@@ -106,7 +106,7 @@ TEST(SetVectors, OfAPredictionSetAreOfItsObservationsAndTheWorkSetsVariables) {
 TEST(SetVectors, WhatASetHasNotIsRefused) {
   const auto dataset = SmallDataset("ab", {{1, 5}, {2, 6}});
   Workset workset("WS", *dataset, GlobalStreamWindow());
-  Predset predset("PS", *dataset, workset, GlobalStreamWindow());
+  Predset predset("PS", *dataset, workset);
   Values values;
   std::string labels;
   for (const char* const name : {"VarDS1", "VarPS1", "X1[-1]", "t[1]", "None"}) {

@@ -22,7 +22,7 @@ class DatasetVectors : public VecSource {
   }
   VecLabel GetLabel(EVecAxis axis, int /*of*/, int i) const override {
     short number = 0;
-    const char* name = nullptr;
+    char* name = nullptr;
     const auto position = static_cast<short>(i);
     axis == EVecAxis::kObs ? dataset_.GetObsInfo(position, number, name)
                            : dataset_.GetVarInfo(position, number, name);

@@ -32,8 +32,8 @@ constexpr VecUnits kTrScSt = {kTrSc.bits | 1U << CEElmType::Standardized};
 // clang-format off
 constexpr VecRow kRows[] = {
     // type, name, objects, along, of, components, families, state, units
-    {Num,        "Num",          kAll,     kObs,          kNothing,   kUncounted,    kBoth, kRecords,   kPlain},
-    {Time,       "Time",         kAll,     kObs,          kNothing,   kUncounted,    kBoth, kRecords,   kPlain},
+    {Num,        "Num",          kAll,     kObs,          kNothing,   kUncounted,    kBoth, kData,      kPlain},
+    {Time,       "Time",         kAll,     kObs,          kNothing,   kUncounted,    kBoth, kData,      kPlain},
     {None,       "None",         kNowhere, kNothing,      kNothing,   kUncounted,    kBoth, kRecords,   kPlain},
     {DFX,        "DFX",          kM,       kComponents,   kNothing,   kFromLoaded,   kBoth, kRecords,   kPlain},
     {DFY,        "DFY",          kM,       kComponents,   kNothing,   kFromLoaded,   kPLS,  kRecords,   kPlain},

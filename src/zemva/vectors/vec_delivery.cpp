@@ -1,5 +1,6 @@
 #include "zemva/vectors/vec_delivery.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <string>
@@ -143,10 +144,9 @@ int Complete(Request& request) {
   int status = CheckObject(request);
   if (status == status::kOk) status = ChooseComps(request);
   if (status == status::kOk) status = ChooseIndices(request);
-  if (status == status::kOk) {
-    request.query.length = CountElements(request.source, request.query);
-  }
-  return status;
+  if (status != status::kOk) return status;
+  request.query.length = CountElements(request.source, request.query);
+  return request.source.CheckQuery(request.query);
 }
 
 // Hands over the vector that `make` makes of a complete request, unless anything stands against it.
@@ -183,15 +183,18 @@ int DeliverXFVector(const VecSource& source, const VecSpec* spec, XFVector*& vec
 
 int DeliverXSVector(const VecSource& source, const VecSpec* spec, XSVector*& vector,
                     bool is_by_number) {
-  return Deliver(source, spec, vector, [&](const std::string& name, const VecQuery& query, int&) {
-    auto made = std::make_unique<XSVector>(name.c_str(), query.length, kLabelLength);
-    if (made->GetStatus() != status::kOk) throw std::bad_alloc();
-    for (int n = 1; n <= query.length; ++n) {
-      const Label label = LabelOf(source, query, n);
-      made->SetElement(n, (is_by_number ? std::to_string(label.number) : label.name).c_str());
-    }
-    return made;
-  });
+  return Deliver(
+      source, spec, vector, [&](const std::string& name, const VecQuery& query, int& status) {
+        if (!query.IsAlongComps()) status = source.CheckLabels(query.row->along);
+        const int length = status == status::kOk ? query.length : 0;
+        auto made = std::make_unique<XSVector>(name.c_str(), length, kLabelLength);
+        if (made->GetStatus() != status::kOk) throw std::bad_alloc();
+        for (int n = 1; n <= length; ++n) {
+          const Label label = LabelOf(source, query, n);
+          made->SetElement(n, (is_by_number ? std::to_string(label.number) : label.name).c_str());
+        }
+        return made;
+      });
 }
 
 int CountIndices(const VecSource& source, const VecRow& row) {
@@ -221,7 +224,7 @@ VecCompRange GetCompRange(const VecSource& source, const VecRow& row) {
     case kLoaded:
       return {kLoadedComp, kLoadedComp};
     case kToCentre:
-      return {kLoadedComp, kCentreComp};
+      return {kLoadedComp, std::min(kCentreComp, counts.fitted)};
     case kFromLoaded:
       return {kLoadedComp, counts.fitted};
     case kFromCentre:

@@ -60,12 +60,15 @@ class VecSource {
   virtual CEDatType::EDT GetDType() const = 0;
   virtual short GetDNum() const = 0;
   // How many there are, 0 for an axis that the object has not; what 1..count are. Not asked for
-  // components and constants. Of what there is for `of`, where the axis depends on it.
+  // components and constants. Of lags, those of the variable `of`.
   virtual int GetCount(EVecAxis axis, int of) const = 0;
   virtual VecLabel GetLabel(EVecAxis axis, int of, int i) const = 0;
   virtual VecCompCounts GetCompCounts() const { return {}; }
   // What stands against the vectors of a row that the catalogue gives to the kind of object.
   virtual int Check(const VecRow& /*row*/) const { return status::kOk; }
+  // What stands against this one alone, and against telling what there is on an axis.
+  virtual int CheckQuery(const VecQuery& /*query*/) const { return status::kOk; }
+  virtual int CheckLabels(EVecAxis /*axis*/) const { return status::kOk; }
   // Sets the elements.
   virtual int Fill(const VecQuery& query, std::span<float> values) const = 0;
 };

@@ -121,9 +121,19 @@ int ModelVectors::Check(const VecRow& row) const {
   return has_results ? status::kOk : status::mva::kResultsNotAvailable;
 }
 
+int ModelVectors::CheckQuery(const VecQuery& query) const {
+  const bool is_early = query.row->type == CEVecType::VarResPS && query.of > model_.GetNVarX() &&
+                        query.last_comp < model_.GetASelPS();
+  return is_early ? status::mva::kOnlyAfterLastComponent : status::kOk;
+}
+
+int ModelVectors::CheckLabels(EVecAxis axis) const {
+  const bool is_there = axis == EVecAxis::kObsPS || model_.IsLoaded();
+  return is_there ? status::kOk : status::mva::kDataNotAvailable;
+}
+
 int ModelVectors::FillNumbers(const VecQuery&, std::span<float> values) const {
   const ObsInfo* const table = model_.GetObsInfo();
-  if (table == nullptr) return status::mva::kDataNotAvailable;
   int i = 0;
   for (float& value : values) value = static_cast<float>(table->GetONum(Short(++i)));
   return status::kOk;
@@ -132,16 +142,9 @@ int ModelVectors::FillNumbers(const VecQuery&, std::span<float> values) const {
 // A row keeps the position that it has in the data set.
 int ModelVectors::FillTimes(const VecQuery&, std::span<float> values) const {
   const ObsInfo* const table = model_.GetObsInfo();
-  if (table == nullptr) return status::mva::kDataNotAvailable;
   int i = 0;
   for (float& value : values) value = static_cast<float>(table->GetINum(Short(++i)));
   return status::kOk;
-}
-
-int ModelVectors::FillVarResPS(const VecQuery& query, std::span<float> values) const {
-  const bool is_early = query.last_comp < model_.GetASelPS();
-  if (is_early && query.of > model_.GetNVarX()) return status::mva::kOnlyAfterLastComponent;
-  return FillEach<&ModelVectors::GetResidual>(query, values);
 }
 
 // --- How a getter is called ---
@@ -447,7 +450,7 @@ int ModelVectors::Fill(const VecQuery& query, std::span<float> values) const {
       {TPS, &M::FillEach<&Model::GetTPredPS>},
       {U, &M::FillEach<&Model::GetU>},
       {VarRes, &M::FillEach<&M::GetResidual>},
-      {VarResPS, &M::FillVarResPS},
+      {VarResPS, &M::FillEach<&M::GetResidual>},
       {VarPred, &M::FillEach<&M::GetPrediction>},
       {VarPredPS, &M::FillEach<&M::GetPrediction>},
       {X, &M::FillEach<&M::GetValue>},

@@ -25,8 +25,10 @@ class ModelVectors : public VecSource {
   // 8016 for what a model of the kind has not, 8009 for what needs data that are not loaded, 8036
   // for what needs an execution that was not done or whose results are deleted.
   int Check(const VecRow& row) const override;
-  // 8056 for the residuals of a response in a prediction set before the last component in use, and
-  // 8009 where a table is not loaded.
+  // 8056 for the residuals of a response in a prediction set before the last component in use.
+  int CheckQuery(const VecQuery& query) const override;
+  // 8009 where the table is not loaded.
+  int CheckLabels(EVecAxis axis) const override;
   int Fill(const VecQuery& query, std::span<float> values) const override;
 
  private:
@@ -52,7 +54,6 @@ class ModelVectors : public VecSource {
   int FillEach(const VecQuery& query, std::span<float> values) const;
   int FillNumbers(const VecQuery& query, std::span<float> values) const;
   int FillTimes(const VecQuery& query, std::span<float> values) const;
-  int FillVarResPS(const VecQuery& query, std::span<float> values) const;
 
   // How a getter is called for an element.
   using ByComp = float (Model::*)(char) const;

@@ -158,7 +158,7 @@ Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector)
   return Ext<Preparation>(type, block, selector, [&](Selection& selection, auto& preparation) {
     std::unique_ptr<const ColumnPlan> plan;
     if (!IsClassBlock(type, block)) {
-      plan = std::make_unique<const ColumnPlan>(MakePlan(selection.variables));
+      plan = std::make_unique<const ColumnPlan>(MakePlan(transformations_, selection.variables));
     }
     preparation =
         std::make_unique<Preparation>(Preparation{this, block, std::move(selection.observations),
