@@ -44,5 +44,7 @@
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/options/mod_opt.h"
 #include "zemva/settings/options/prj_opt.h"
+#include "zemva/vectors/info_type.h"
+#include "zemva/vectors/vec_spec.h"
 
 #endif  // ZEMVA_ZEMVA_H

@@ -63,6 +63,17 @@ TEST_F(ProjectOfOneTable, ComputesAndExecutesAModel) {
   }
 }
 
+TEST_F(ProjectOfOneTable, ObjectsKnowTheirNumbers) {
+  for (short i = 2; i <= 3; ++i) {
+    EXPECT_EQ(project_.GetDataset(project_.AddDataset(Table("ab", 4)))->GetDSNum(), i);
+    EXPECT_EQ(project_.GetWorkset(project_.AddWorkset(dataset_, "W"))->GetWSNum(), i);
+    const short predset = project_.AddPredset(dataset_, workset_, "PS");
+    EXPECT_EQ(project_.GetPredset(predset)->GetPSNum(), i - 1);
+    const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+    EXPECT_EQ(project_.GetModel(model)->GetModel()->GetModNum(), i - 1);
+  }
+}
+
 TEST_F(ProjectOfOneTable, MakesModelsOfEveryBlockAndClass) {
   Workset& workset = *project_.GetWorkset(workset_);
   workset.SetRole(3, EVarRole::kY);

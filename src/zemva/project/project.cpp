@@ -69,31 +69,35 @@ short Project::AddDataset(Dataset* dataset) {
       std::ranges::any_of(datasets_, [&](const auto& own) { return own.second.get() == dataset; });
   if (is_here) return SetStatus(status::mva::kAlreadyInserted), short{0};
   std::unique_ptr<Dataset> taken(dataset);
-  return Add(datasets_, kMostOfAKind, [&](short, std::unique_ptr<Dataset>& owned) {
+  return Add(datasets_, kMostOfAKind, [&](short free, std::unique_ptr<Dataset>& owned) {
     if (taken == nullptr) return status::mva::kNullPointer;
+    taken->SetDSNum(free);
     owned = std::move(taken);
     return status::kOk;
   });
 }
 
 short Project::AddWorkset(short dataset, const char* name) {
-  const short number = Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
-    Dataset* const source = GetDataset(dataset);
-    if (source == nullptr) return status::mva::kDataNotAvailable;
-    owned = std::make_unique<Workset>(name, *source, window_);
-    return owned->GetStatus();
-  });
+  const short number =
+      Add(worksets_, kMostOfAKind, [&](short free, std::unique_ptr<Workset>& owned) {
+        Dataset* const source = GetDataset(dataset);
+        if (source == nullptr) return status::mva::kDataNotAvailable;
+        owned = std::make_unique<Workset>(name, *source, window_);
+        owned->SetWSNum(free);
+        return owned->GetStatus();
+      });
   if (number != 0) current_workset_ = number;
   return number;
 }
 
 short Project::AddPredset(short dataset, short workset, const char* name) {
-  const short number = Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
+  const short number = Add(predsets_, kMostOfAKind, [&](short free, PredsetOfWorkset& owned) {
     Dataset* const source = GetDataset(dataset);
     owned.workset = GetWorkset(workset);
     if (source == nullptr) return status::mva::kDataNotAvailable;
     if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
     owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
+    owned.predset->SetPSNum(free);
     return owned.predset->GetStatus();
   });
   if (number != 0) current_predset_ = number;

@@ -20,9 +20,9 @@
 namespace zemva {
 
 // Owns all that is added to it or made by it, each kind numbered from 1 on in its own right: one
-// more than the last, or where there can be no larger number the smallest that is free. What
-// depends on something else is deleted before it, and stands against its deletion: a model and a
-// prediction set depend on their work set, both sets on their data set.
+// more than the last, or where there can be no larger number the smallest that is free; the objects
+// know their numbers. What depends on something else is deleted before it, and stands against its
+// deletion: a model and a prediction set depend on their work set, both sets on their data set.
 //
 // It can be the owner of other models as well, which are made with it and belong to their maker:
 // they are of its current work set and prediction set.

@@ -10,7 +10,6 @@
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/gauge.h"
-#include "zemva/model/preprocess/tra_info.h"
 #include "zemva/numeric/distributions.h"
 
 namespace zemva {
@@ -51,10 +50,7 @@ float Model::RestoreResponse(double scaled, short m, bool is_back_transformed) c
 }
 
 float Model::BackTransform(float value, short m, bool is_back_transformed) const {
-  const TraInfo* const transformations = y_->GetTraInfo();
-  if (!is_back_transformed || transformations == nullptr) return value;
-  const short row = transformations->GetIx(y_->GetVarInfo()->GetVNum(m));
-  return row == 0 ? value : transformations->GetItm(row)->BackTra(value);
+  return is_back_transformed ? y_->BackTransform(value, m) : value;
 }
 
 // t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance
@@ -155,6 +151,7 @@ void Model::PredictResponses(const XFMatrix* observed, short to) {
   std::vector<double> residuals;
   for (const short m : PositionsUpTo(GetNVarY())) {
     const float value = observed == nullptr ? kMissing : (*observed)[GetObsIxPS(to)][m];
+    results.values[to][m] = value;
     results.observed[to][m] = BackTransform(value, m, is_back);
     const double scaled = PredictResponse(a, m, score);
     if (IsMissing(scaled)) continue;
@@ -194,7 +191,8 @@ void Model::FinishResponses() {
     }
     results.errors.Set(m, of_response, predictions_->is_member, size.a0 + size.of_column);
   }
-  for (XFMatrix* matrix : {&results.observed, &results.predicted, &results.lower, &results.upper}) {
+  for (XFMatrix* matrix :
+       {&results.values, &results.observed, &results.predicted, &results.lower, &results.upper}) {
     matrix->SetActValInfo();
   }
   results.distance.distances.SetActValInfo();
