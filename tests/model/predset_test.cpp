@@ -8,6 +8,7 @@
 
 #include "model/small_dataset.h"
 #include "support/recording_window.h"
+#include "zemva/model/workset/preparation.h"
 #include "zemva/numeric/missing.h"
 
 namespace zemva {
