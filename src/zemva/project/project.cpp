@@ -1,6 +1,7 @@
 #include "zemva/project/project.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -162,6 +163,47 @@ Predset* Project::GetCurrentPredset() {
   const auto* const found = Find(predsets_, current_predset_);
   const bool is_of_current = found != nullptr && found->workset == GetCurrentWorkset();
   return is_of_current ? found->predset.get() : nullptr;
+}
+
+template <typename Request>
+int Project::AskObject(const VecSpec* spec, Request ask) {
+  if (spec == nullptr) return SetStatus(status::mva::kNullPointer);
+  const auto find = [&](const auto& all, int none, auto ask_one) {
+    const auto found = spec->GetDNum() != 0 ? all.find(spec->GetDNum())
+                       : all.empty()        ? all.end()
+                                            : std::prev(all.end());
+    return SetStatus(found == all.end() ? none : ask_one(found->second));
+  };
+  const auto ask_owned = [&](const auto& owned) { return ask(*owned); };
+  const CEDatType::EDT kind = spec->GetDType() == CEDatType::Undefined
+                                  ? CEVecType::GetEDT(spec->GetVType())
+                                  : spec->GetDType();
+  switch (kind) {
+    case CEDatType::Dataset:
+      return find(datasets_, status::mva::kDataNotAvailable, ask_owned);
+    case CEDatType::Workset:
+      return find(worksets_, status::mva::kWorksetNotAvailable, ask_owned);
+    case CEDatType::Predset:
+      return find(predsets_, status::mva::kPredsetNotAvailable,
+                  [&](const PredsetOfWorkset& owned) { return ask(*owned.predset); });
+    case CEDatType::Model:
+      return find(models_, status::mva::kModelNotAvailable,
+                  [&](const auto& owned) { return ask(*owned->GetModel()); });
+    case CEDatType::Undefined:
+      break;
+  }
+  return SetStatus(status::mva::kUnknownVectorType);
+}
+
+int Project::GetXFVector(const VecSpec* spec, XFVector*& vector) {
+  vector = nullptr;
+  return AskObject(spec, [&](auto& object) { return object.GetXFVector(spec, vector); });
+}
+
+int Project::GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number) {
+  vector = nullptr;
+  return AskObject(spec,
+                   [&](auto& object) { return object.GetXSVector(spec, vector, is_by_number); });
 }
 
 int Project::Compute(short number) {

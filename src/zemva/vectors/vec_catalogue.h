@@ -4,6 +4,7 @@
 
 #include <span>
 
+#include "zemva/base/export.h"
 #include "zemva/vectors/dat_type.h"
 #include "zemva/vectors/elm_type.h"
 #include "zemva/vectors/vec_type.h"
@@ -90,9 +91,9 @@ struct VecRow {
 };
 
 // All rows, in the order of the types.
-std::span<const VecRow> VecCatalogue();
+ZEMVA_API std::span<const VecRow> VecCatalogue();
 // Null for what is no type.
-const VecRow* FindVecRow(CEVecType::EVT type);
+ZEMVA_API const VecRow* FindVecRow(CEVecType::EVT type);
 
 }  // namespace zemva
 

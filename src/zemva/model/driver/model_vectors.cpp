@@ -354,8 +354,15 @@ float ModelVectors::GetScaledResidual(const Place& place) const {
   return AsPresent(static_cast<float>(scaled - predicted));
 }
 
+// Responses stay transformed where the options do not want them back.
+bool ModelVectors::IsBackTransformed(const Place& place) const {
+  const ModOpt& options = model_.GetOptions();
+  return place.block == EBlock::kX ||
+         (place.is_ps ? options.GetIsBackTraYPS() : options.GetIsBackTraYLS());
+}
+
 float ModelVectors::InUnits(CEElmType::EET units, const Place& place, float transformed) const {
-  if (units != CEElmType::Plain) return transformed;
+  if (units != CEElmType::Plain || !IsBackTransformed(place)) return transformed;
   return BlockOf(place).BackTransform(transformed, place.k);
 }
 
@@ -388,10 +395,11 @@ float ModelVectors::GetResidual(const VecQuery& query, const VecCell& cell) cons
                             : block.GetInfo()->weights[place.k];
   if (IsMissing(divisor) || divisor == 0.0f) return kMissing;
   const float residual = AsPresent(scaled / divisor);
-  if (query.units != CEElmType::Plain || !block.IsTransformed(place.k)) return residual;
+  const bool is_difference = query.units == CEElmType::Plain && block.IsTransformed(place.k);
+  if (!is_difference) return residual;
   const float value = GetLoaded(place);
-  const float observed = block.BackTransform(value, place.k);
-  const float predicted = block.BackTransform(AsPresent(value - residual), place.k);
+  const float observed = InUnits(query.units, place, value);
+  const float predicted = InUnits(query.units, place, AsPresent(value - residual));
   if (IsMissing(observed) || IsMissing(predicted)) return kMissing;
   return AsPresent(observed - predicted);
 }

@@ -101,6 +101,7 @@ class ModelVectors : public VecSource {
   double Predict(const Place& place) const;
   float GetScaledResidual(const Place& place) const;
   float GetScore(const Place& place, int c) const;
+  bool IsBackTransformed(const Place& place) const;
   // A value that is transformed, in the units of the data or as it is.
   float InUnits(CEElmType::EET units, const Place& place, float transformed) const;
 
