@@ -20,8 +20,8 @@
 #include "zemva/errors/messages.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
-#include "zemva/model/driver/model.h"
 #include "zemva/model/block/model_owner.h"
+#include "zemva/model/driver/model.h"
 #include "zemva/model/pc/pc_model.h"
 #include "zemva/model/pls/pls_model.h"
 #include "zemva/model/preprocess/exp_info.h"
@@ -44,5 +44,8 @@
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/options/mod_opt.h"
 #include "zemva/settings/options/prj_opt.h"
+#include "zemva/vectors/info_type.h"
+#include "zemva/vectors/vec_catalogue.h"
+#include "zemva/vectors/vec_spec.h"
 
 #endif  // ZEMVA_ZEMVA_H

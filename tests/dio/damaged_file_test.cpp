@@ -21,7 +21,8 @@ class DamagedFile : public ::testing::Test {
  protected:
   // Loads the bytes and, when they load, reads all that a host can ask for.
   int LoadAndReadAll(const std::string& bytes) {
-    std::filesystem::remove(path_);  // an overwritten file may wait for the disk, a new one does not
+    std::filesystem::remove(
+        path_);  // an overwritten file may wait for the disk, a new one does not
     test::WriteBytes(path_, bytes);
     Dataset dataset("Damaged", path_.c_str(), window_);
     const int status = dataset.Load();

@@ -274,6 +274,14 @@ TEST_F(DioDataTest, TablesThatAreAbsentOrShortAnswerWithNone) {
   EXPECT_EQ(name, nullptr);
 }
 
+TEST_F(DioDataTest, CountsHoldWhereTheMatrixIsLarger) {
+  for (const short count : std::initializer_list<short>{0, 2}) {
+    ASSERT_EQ(Load(FileOfItems(ItemsWith(kNObs, Item("NOBJ", "i2", {}, test::I2(count))))), 0);
+    EXPECT_EQ(dataset_->GetNObsDS(), count);
+    EXPECT_EQ(dataset_->GetDMPtr()->NRow(), count);
+  }
+}
+
 TEST_F(DioDataTest, ObservationLabelsAreKept) {
   const std::vector<test::Record> records = {{1, "a"}, {2, "b"}, {3, "c"}};
   const std::string item = test::ObsInfoItem(records, {"start", std::string(22, ' '), ""});

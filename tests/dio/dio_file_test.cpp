@@ -144,6 +144,7 @@ TEST_F(DioFileTest, ScalarsAndArraysAreReadAsTheyWereWritten) {
   source.Seek(110);
   const std::string written = Written([&](DioFile& file) {
     EXPECT_EQ(file.WriteI1('x'), 0);
+    EXPECT_EQ(file.WriteBlock(bytes, 0), 0);
     EXPECT_EQ(file.WriteI2(-3), 0);
     EXPECT_EQ(file.WriteF4(2.5f), 0);
     EXPECT_EQ(file.WriteVI1(bytes, 2), 0);
@@ -247,6 +248,7 @@ TEST_F(DioFileTest, ArraysOfTextsAreReadWholeOrNotAtAll) {
   delete[] read;
   file.Seek(0);
   EXPECT_EQ(file.GetZStrings(read, 4, 10), 2005);
+  EXPECT_EQ(file.GetZStrings(read, -1, 10), 2005);
   EXPECT_EQ(read, nullptr);
 }
 

@@ -84,6 +84,8 @@ TEST(Finder, FindSuperItemSeesTheFirstSuperItemOnly) {
       {"version 4", test::FileOf(4, 1, data), nullptr, SuperItem::kData, 2017},
       {"second", test::FileOf(2, 2, data + model), nullptr, SuperItem::kModel, 2000},
       {"tag in capitals", test::FileOf(2, 2, model + data), nullptr, SuperItem::kModel, 0},
+      {"letters of a tag", test::FileOf(2, 1, test::SuperItemOf("One", "DaTA", "")), nullptr,
+       SuperItem::kData, 0},
       {"unknown tag", test::FileOf(2, 1, unknown), nullptr, SuperItem::kData, 2008},
       {"no super item", test::FileOf(2, 0, data), nullptr, SuperItem::kData, 2000},
       {"too short", test::FileOf(2, 1, "abc"), nullptr, SuperItem::kData, 2005},

@@ -64,6 +64,56 @@ TEST_F(ProjectOfOneTable, ComputesAndExecutesAModel) {
   }
 }
 
+TEST_F(ProjectOfOneTable, ObjectsKnowTheirNumbers) {
+  for (short i = 2; i <= 3; ++i) {
+    EXPECT_EQ(project_.GetDataset(project_.AddDataset(Table("ab", 4)))->GetDSNum(), i);
+    EXPECT_EQ(project_.GetWorkset(project_.AddWorkset(dataset_, "W"))->GetWSNum(), i);
+    const short predset = project_.AddPredset(dataset_, workset_, "PS");
+    EXPECT_EQ(project_.GetPredset(predset)->GetPSNum(), i - 1);
+    const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+    EXPECT_EQ(project_.GetModel(model)->GetModel()->GetModNum(), i - 1);
+  }
+}
+
+TEST_F(ProjectOfOneTable, AsksTheObjectThatAVectorIsWantedOf) {
+  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
+  project_.GetModel(model)->GetModOpt().SetNComp(1);
+  ASSERT_EQ(project_.Compute(model), 0);
+  const short other = project_.AddDataset(Table("dcba", 5));
+  project_.AddPredset(other, workset_, "PS");
+  const struct {
+    const char* name;
+    CEDatType::EDT kind;
+    short number;
+    int length, status;
+  } cases[] = {
+      {"VarDS1", CEDatType::Undefined, 0, 5, 0},  {"VarDS1", CEDatType::Dataset, 1, 12, 0},
+      {"VarDS1", CEDatType::Dataset, 3, 0, 8009}, {"Var1", CEDatType::Undefined, 0, 12, 0},
+      {"Var1", CEDatType::Workset, 2, 0, 8011},   {"VarPS1", CEDatType::Undefined, 1, 5, 0},
+      {"VarPS1", CEDatType::Predset, 2, 0, 8030}, {"p[1]", CEDatType::Undefined, 0, 4, 0},
+      {"p[1]", CEDatType::Model, 2, 0, 8010},     {"Num", CEDatType::Undefined, 0, 5, 0},
+      {"Num", CEDatType::Model, 1, 12, 0},        {"Num", CEDatType::Workset, 1, 12, 0},
+      {"None", CEDatType::Undefined, 0, 0, 8016}, {"p[1]", CEDatType::Dataset, 1, 0, 8016},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    VecSpec spec;
+    ASSERT_EQ(spec.SetName(c.name), 0);
+    spec.SetDType(c.kind);
+    spec.SetDNum(c.number);
+    XFVector* values = nullptr;
+    XSVector* labels = nullptr;
+    EXPECT_EQ(project_.GetXFVector(&spec, values), c.status);
+    EXPECT_EQ(project_.GetXSVector(&spec, labels, true), c.status);
+    const auto owned_values = test::Own(values);
+    const auto owned_labels = test::Own(labels);
+    EXPECT_EQ(values == nullptr ? 0 : values->NVal(), c.length);
+    EXPECT_EQ(labels == nullptr ? 0 : labels->NVal(), c.length);
+  }
+  XFVector* vector = nullptr;
+  EXPECT_EQ(project_.GetXFVector(nullptr, vector), 8022);
+}
+
 TEST_F(ProjectOfOneTable, MakesModelsOfEveryBlockAndClass) {
   Workset& workset = *project_.GetWorkset(workset_);
   workset.SetRole(3, EVarRole::kY);

@@ -16,6 +16,12 @@ foreach(line
   expect("${out}" "${line}")
 endforeach()
 
+run(0 info ${SAMPLES}/airquality.vdo --json)
+expect_json(5781 Size)
+expect_json(airquality "Super items" 0 Item)
+expect_json(6 "Super items" 0 Items 7 Dims 1)
+expect_json(44 "Data set" Missing)
+
 file(WRITE ${WORK}/text.vdo "no project file")
 run(1 info ${WORK}/text.vdo)
 expect("${err}" "text.vdo: is a text, no project file; convert, stats, pc and pls take tables\r?\n$")

@@ -1,9 +1,6 @@
 include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 
 run(0 options --ini ${WORK})
-if(EXISTS ${WORK}/zemva.ini)
-  message(SEND_ERROR "listing the options wrote a file")
-endif()
 foreach(line
     "ExtMisVal +-100000.0 +-100000.0 +a real number\n"
     "DefaultProjectDir +a path that exists\n"
@@ -14,6 +11,13 @@ foreach(line
     "ReconstructWavelets +On +On +Off or On\n$")
   expect("${out}" "${line}")
 endforeach()
+
+run(0 options --ini ${WORK} --json)
+expect_json(MaxIter 5 Option)
+expect_json(200 5 Value)
+if(EXISTS ${WORK}/zemva.ini)
+  message(SEND_ERROR "listing the options wrote a file")
+endif()
 
 run(0 options set NCV 5 --ini ${WORK})
 run(0 options --ini ${WORK})

@@ -20,6 +20,14 @@ function(expect text regex)
   endif()
 endfunction()
 
+# expect_json(VALUE PATH...): what stands at a place of `out`, which must be JSON.
+function(expect_json value)
+  string(JSON found ERROR_VARIABLE fault GET "${out}" ${ARGN})
+  if(fault OR NOT found STREQUAL "${value}")
+    message(SEND_ERROR "'${found}' ${fault} is not '${value}' at ${ARGN} of:\n${out}")
+  endif()
+endfunction()
+
 # expect_same_files(A B): byte for byte.
 macro(expect_same_files a b)
   execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${a} ${b} RESULT_VARIABLE different)

@@ -26,6 +26,10 @@ execute_process(COMMAND ${PROGRAM} stats - --drop x INPUT_FILE ${WORK}/missing.c
   RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
 expect("${result}${out}" "^0.*\n    1  y +2 ")
 run(1 stats ${SAMPLES}/iris.csv --decimal comma)
+run(0 stats ${WORK}/missing.vdo --json)
+expect_json(y 1 Name)
+expect_json(1.5 1 Mean)
+expect_json("" 0 Mean)
 run(2 stats ${SAMPLES}/iris.csv --decimal dot)
 run(2 stats ${SAMPLES}/iris.csv --delimiter xy)
 

@@ -35,16 +35,22 @@ void Append(std::vector<std::string>& all, const std::vector<std::string>& more)
 
 }  // namespace
 
+void AddDecimalMark(CLI::App& line, std::optional<char>& mark) {
+  AddOption(
+      line, "--decimal", "MARK",
+      "the decimal mark of tables, read and written: point, or comma, with which semicolons "
+      "separate the cells written",
+      [&](const std::string& value) { mark = ParseDecimalMark(value); },
+      "what the first number shows, and point");
+}
+
 void AddCsvOptions(CLI::App& line, CsvOptions& options) {
   AddOption(
       line, "--delimiter", "MARK",
       "what separates the cells of a table: comma, semicolon, tab or |",
       [&](const std::string& value) { options.delimiter = ParseDelimiter(value); },
       "what its first row shows");
-  AddOption(
-      line, "--decimal", "MARK", "the decimal mark of a table: point or comma",
-      [&](const std::string& value) { options.decimal_mark = ParseDecimalMark(value); },
-      "what its first number shows");
+  AddDecimalMark(line, options.decimal_mark);
   AddRepeatable(
       line, "--na", "WORD,...", "what else stands for a missing value, such as -999",
       [&](const std::string& value) { Append(options.missing_words, ParseList("--na", value)); },

@@ -2,6 +2,8 @@
 #ifndef ZEMVA_TOOLS_ARGUMENTS_CSV_ARGUMENTS_H
 #define ZEMVA_TOOLS_ARGUMENTS_CSV_ARGUMENTS_H
 
+#include <optional>
+
 #include "csv/csv_options.h"
 
 namespace CLI {
@@ -14,6 +16,9 @@ namespace zemva::tools {
 inline constexpr char kDataHelp[] =
     "the data: a project file, a table of comma-separated values, or - for such a table on "
     "standard input";
+
+// The decimal mark of tables that are read and written.
+void AddDecimalMark(CLI::App& line, std::optional<char>& mark);
 
 void AddCsvOptions(CLI::App& line, CsvOptions& options);
 

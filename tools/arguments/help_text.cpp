@@ -11,18 +11,13 @@ namespace {
 
 constexpr std::size_t kWidth = 96;
 
-struct Entry {
-  std::string head;
-  std::string text;
-};
-
 // What stands around the commands of a line.
 std::string FullName(const CLI::App& line) {
   const CLI::App* parent = line.get_parent();
   return parent == nullptr ? line.get_name() : FullName(*parent) + ' ' + line.get_name();
 }
 
-Entry EntryOf(const CLI::Option& option) {
+HelpEntry EntryOf(const CLI::Option& option) {
   std::string head = option.get_positional() ? option.get_name(true) : option.get_name(false, true);
   std::replace(head.begin(), head.end(), ',', ' ');
   const bool has_value = !option.get_positional() && option.get_expected_max() > 0;
@@ -30,6 +25,14 @@ Entry EntryOf(const CLI::Option& option) {
   std::string text = option.get_description();
   if (!option.get_default_str().empty()) text += " (" + option.get_default_str() + ")";
   return {head, text};
+}
+
+std::vector<HelpEntry> EntriesOf(const CLI::App& line, bool is_positional) {
+  std::vector<HelpEntry> entries;
+  for (const CLI::Option* option : line.get_options()) {
+    if (option->get_positional() == is_positional) entries.push_back(EntryOf(*option));
+  }
+  return entries;
 }
 
 // A text in lines that are indented but for the first.
@@ -44,11 +47,11 @@ std::string Wrapped(std::string_view text, std::size_t indent) {
   return lines.append(text).append("\n");
 }
 
-std::string ListOf(std::string_view title, const std::vector<Entry>& entries) {
+std::string ListOf(std::string_view title, const std::vector<HelpEntry>& entries) {
   constexpr std::size_t kWidestHead = 22;
   if (entries.empty()) return {};
   std::string list = '\n' + std::string(title) + ":\n";
-  for (const Entry& entry : entries) {
+  for (const HelpEntry& entry : entries) {
     list += "  " + entry.head;
     const bool is_too_wide = entry.head.size() > kWidestHead;
     list += is_too_wide ? '\n' + std::string(kWidestHead + 4, ' ')
@@ -72,19 +75,21 @@ std::string UsageOf(const CLI::App& line) {
   return usage + " [options]\n";
 }
 
+std::vector<HelpEntry> EntriesOf(const CLI::App& line) {
+  std::vector<HelpEntry> entries = EntriesOf(line, true);
+  const std::vector<HelpEntry> options = EntriesOf(line, false);
+  entries.insert(entries.end(), options.begin(), options.end());
+  return entries;
+}
+
 std::string HelpOf(const CLI::App& line) {
-  std::vector<Entry> commands;
+  std::vector<HelpEntry> commands;
   for (const CLI::App* command : line.get_subcommands(nullptr)) {
     commands.push_back({command->get_name(), command->get_description()});
   }
-  std::vector<Entry> words;
-  std::vector<Entry> options;
-  for (const CLI::Option* option : line.get_options()) {
-    (option->get_positional() ? words : options).push_back(EntryOf(*option));
-  }
   std::string help = UsageOf(line) + '\n' + Wrapped(line.get_description(), 0);
-  help += ListOf("commands", commands) + ListOf("files and words", words);
-  help += ListOf("options", options);
+  help += ListOf("commands", commands) + ListOf("files and words", EntriesOf(line, true));
+  help += ListOf("options", EntriesOf(line, false));
   if (!line.get_footer().empty()) help += "\nexample: " + line.get_footer() + '\n';
   return help;
 }

@@ -209,6 +209,7 @@ void AddModelOptions(CLI::App& line, ModelOptions& options) {
             options.test_file);
   AddOption(line, "--out", "DIR", "writes the results into a folder, as tables",
             options.out_directory);
+  AddFlag(line, "--json", "the summary in JSON in place of the listing", options.is_json);
   AddSettingsFolder(line, options.settings_directory);
   AddClassColumn(line, options.csv);
   AddCsvOptions(line, options.csv);

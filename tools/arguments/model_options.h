@@ -62,6 +62,7 @@ struct ModelOptions {
   std::optional<std::string> test_file;
   std::optional<std::string> out_directory;
   std::optional<std::string> settings_directory;
+  bool is_json = false;  // the summary
 };
 
 // Adds the file of a model, and the options that all models have.

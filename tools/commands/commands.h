@@ -24,6 +24,7 @@ Run AddOptions(CLI::App& program);
 Run AddPc(CLI::App& program);
 Run AddPls(CLI::App& program);
 Run AddStats(CLI::App& program);
+Run AddVectors(CLI::App& program);
 
 }  // namespace zemva::tools
 

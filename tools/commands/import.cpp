@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "arguments/command_line.h"
+#include "arguments/csv_arguments.h"
 #include "commands/commands.h"
 #include "commands/plugin_library.h"
 #include "csv/csv_file.h"
@@ -26,6 +27,7 @@ struct ImportOptions {
   std::string file;
   std::optional<std::string> out;
   std::optional<std::string> plugin;
+  std::optional<char> decimal_mark;
 };
 
 // The host's grid: an ImportGrid that knows what is in its cells. Most of them hold numbers.
@@ -39,8 +41,8 @@ class Grid : public ImportGrid {
   // Whether the plug-in named a cell that is not in the grid.
   bool IsOverrun() const { return is_overrun_; }
 
-  void WriteTo(std::FILE* stream) const {
-    CsvWriter csv(stream);
+  void WriteTo(std::FILE* stream, char decimal_mark) const {
+    CsvWriter csv(stream, decimal_mark);
     for (std::size_t cell = 0; cell < numbers_.size(); ++cell) {
       const auto text = texts_.find(cell);
       if (is_number_[cell]) {
@@ -189,13 +191,14 @@ int Import(const ImportOptions& options) {
         is_table ? "; it is a text, and convert, stats, pc and pls take tables" : "";
     return Fail(options.file, std::string(problem.what()) + hint);
   }
+  const char mark = options.decimal_mark.value_or('.');
   if (!options.out || *options.out == kStandardStream) {
-    grid->WriteTo(stdout);
+    grid->WriteTo(stdout, mark);
     return kDone;
   }
   AtomicFile file(*options.out);
   if (file.GetStream() == nullptr) return Fail(*options.out, "cannot be written");
-  grid->WriteTo(file.GetStream());
+  grid->WriteTo(file.GetStream(), mark);
   return file.Commit() ? kDone : Fail(*options.out, "cannot be written");
 }
 
@@ -211,6 +214,7 @@ Run AddImport(CLI::App& program) {
             "-, which is standard output");
   AddOption(line, "--plugin", "LIBRARY", "the plug-in to ask", options->plugin,
             "the one of this program");
+  AddDecimalMark(line, options->decimal_mark);
   return [options] { return Import(*options); };
 }
 

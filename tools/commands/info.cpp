@@ -8,6 +8,7 @@
 #include "commands/commands.h"
 #include "csv/csv_file.h"
 #include "text/code_page.h"
+#include "text/json_writer.h"
 #include "zemva/data/dataset.h"
 #include "zemva/dio/dio_data.h"
 #include "zemva/dio/file_contents.h"
@@ -54,13 +55,18 @@ void PrintItems(const FileContents& contents) {
   }
 }
 
-void PrintDataset(Dataset& dataset) {
-  const long long cells = 1LL * dataset.GetNObsDS() * dataset.GetNVarDS();
+long long CountMissing(Dataset& dataset) {
   long long missing = 0;
   for (int i = 1; i <= dataset.GetNObsDS(); ++i) {
     const float* row = dataset[static_cast<short>(i)];
     missing += std::count(row + 1, row + 1 + dataset.GetNVarDS(), kMissing);
   }
+  return missing;
+}
+
+void PrintDataset(Dataset& dataset) {
+  const long long cells = 1LL * dataset.GetNObsDS() * dataset.GetNVarDS();
+  const long long missing = CountMissing(dataset);
   std::printf("\n");
   PrintText("Data set", dataset.GetDSNam());
   PrintNumber("Number", dataset.GetDSNum());
@@ -71,7 +77,54 @@ void PrintDataset(Dataset& dataset) {
               cells == 0 ? 0.0 : 100.0 * static_cast<double>(missing) / static_cast<double>(cells));
 }
 
-int ShowInfo(const std::string& path) {
+void WriteItem(const ItemHeader& item, JsonWriter& json) {
+  json.Text("Item", PrintableFromCodePage(Trimmed(item.name)));
+  json.Text("Type", PrintableFromCodePage(Trimmed(item.type)));
+  json.Key("Dims");
+  json.BeginList();
+  for (const std::int16_t extent : item.dims) json.Integer(extent);
+  json.EndList();
+  json.Integer("Size", item.size);
+}
+
+void WriteContents(const FileContents& contents, JsonWriter& json) {
+  const SuperHeader& header = contents.super_header;
+  json.Integer("Version", header.version);
+  json.Integer("Size", header.size);
+  json.Text("Project", PrintableFromCodePage(Trimmed(header.name)));
+  json.Text("Comment", PrintableFromCodePage(Trimmed(header.comment)));
+  json.Text("Time", PrintableFromCodePage(Trimmed(header.time)));
+  json.Key("Super items");
+  json.BeginList();
+  for (const SuperItemContents& super_item : contents.super_items) {
+    json.BeginObject();
+    WriteItem(super_item.super_item.header, json);
+    json.Key("Items");
+    json.BeginList();
+    for (const ItemHeader& item : super_item.items) {
+      json.BeginObject();
+      WriteItem(item, json);
+      json.EndObject();
+    }
+    json.EndList();
+    json.EndObject();
+  }
+  json.EndList();
+}
+
+void WriteDataset(Dataset& dataset, JsonWriter& json) {
+  json.Key("Data set");
+  json.BeginObject();
+  json.Text("Name", PrintableFromCodePage(dataset.GetDSNam()));
+  json.Integer("Number", dataset.GetDSNum());
+  json.Text("Title", PrintableFromCodePage(dataset.GetDSTitle()));
+  json.Integer("Observations", dataset.GetNObsDS());
+  json.Integer("Variables", dataset.GetNVarDS());
+  json.Integer("Missing", CountMissing(dataset));
+  json.EndObject();
+}
+
+int ShowInfo(const std::string& path, bool is_json) {
   if (!IsProjectFile(path) && IsTextFile(path)) {
     return Fail(path, "is a text, no project file; convert, stats, pc and pls take tables");
   }
@@ -81,12 +134,22 @@ int ShowInfo(const std::string& path) {
   Dataset dataset("Info", path.c_str(), discard);
   const int loaded = dataset.Load();
   // What can be read is shown, also of a file that is damaged further on.
-  if (DioData::CanRead(contents.super_header.version)) {
-    std::printf("%-14s%s\n", "File", path.c_str());
-    PrintSuperHeader(contents);
-    PrintItems(contents);
+  const bool can_read = DioData::CanRead(contents.super_header.version);
+  if (is_json) {
+    JsonWriter json(stdout);
+    json.BeginObject();
+    json.Text("File", path);
+    if (can_read) WriteContents(contents, json);
+    if (loaded == status::kOk) WriteDataset(dataset, json);
+    json.EndObject();
+  } else {
+    if (can_read) {
+      std::printf("%-14s%s\n", "File", path.c_str());
+      PrintSuperHeader(contents);
+      PrintItems(contents);
+    }
+    if (loaded == status::kOk) PrintDataset(dataset);
   }
-  if (loaded == status::kOk) PrintDataset(dataset);
   if (listed != status::kOk) return Fail(path, listed);
   return loaded == status::kOk ? kDone : Fail(path, loaded);
 }
@@ -96,9 +159,14 @@ int ShowInfo(const std::string& path) {
 Run AddInfo(CLI::App& program) {
   CLI::App& line =
       AddCommand(program, "info", "What a project file holds.", "zemva info measured.vdo");
-  const auto file = std::make_shared<std::string>();
-  AddFile(line, "FILE.vdo", "the project file", *file);
-  return [file] { return ShowInfo(*file); };
+  struct InfoOptions {
+    std::string file;
+    bool is_json = false;
+  };
+  const auto options = std::make_shared<InfoOptions>();
+  AddFile(line, "FILE.vdo", "the project file", options->file);
+  AddFlag(line, "--json", "writes JSON", options->is_json);
+  return [options] { return ShowInfo(options->file, options->is_json); };
 }
 
 }  // namespace zemva::tools

@@ -9,6 +9,8 @@
 #include "arguments/command_line.h"
 #include "arguments/settings_folder.h"
 #include "commands/commands.h"
+#include "text/code_page.h"
+#include "text/json_writer.h"
 #include "zemva/settings/ini/ini_file.h"
 #include "zemva/settings/options/prj_opt.h"
 
@@ -19,9 +21,28 @@ void PrintRow(const char* key, const char* value, const char* default_value, con
   std::printf("%-20s %-14s %-14s %s\n", key, value, default_value, legal);
 }
 
-int ListOptions() {
+void WriteJson(const PrjOpt& options) {
+  JsonWriter json(stdout);
+  json.BeginList();
+  for (int number = 1; number <= kGlobalOptionCount; ++number) {
+    const auto type = static_cast<EOptType>(number);
+    json.BeginObject();
+    json.Text("Option", Options::GetString(type));
+    json.Text("Value", Utf8FromCodePage(options.GetValue(type)));
+    json.Text("Default", Options::GetDefaultValue(type));
+    json.Text("Legal values", Options::GetLegalValues(type));
+    json.EndObject();
+  }
+  json.EndList();
+}
+
+int ListOptions(bool is_json) {
   PrjOpt options(true);
   ReadSettings(options);
+  if (is_json) {
+    WriteJson(options);
+    return kDone;
+  }
   PrintRow("Option", "Value", "Default", "Legal values");
   for (int number = 1; number <= kGlobalOptionCount; ++number) {
     const auto type = static_cast<EOptType>(number);
@@ -57,11 +78,12 @@ struct OptionsOptions {
   std::optional<std::string> directory;
   std::string key;
   std::string value;
+  bool is_json = false;
 };
 
 int RunOptions(const OptionsOptions& options) {
   ChooseSettingsFolder(options.directory);
-  return options.key.empty() ? ListOptions() : SetOption(options.key, options.value);
+  return options.key.empty() ? ListOptions(options.is_json) : SetOption(options.key, options.value);
 }
 
 // A negative number looks like an option that there is not.
@@ -81,6 +103,7 @@ Run AddOptions(CLI::App& program) {
                  "zemva options set NCV 5");
   const auto options = std::make_shared<OptionsOptions>();
   AddSettingsFolder(line, options->directory);
+  AddFlag(line, "--json", "lists them in JSON", options->is_json);
   CLI::App& set =
       AddCommand(line, "set", "Sets one option in the settings file.", "zemva options set NCV 5");
   set.fallthrough()->allow_extras();

@@ -10,7 +10,9 @@
 #include "arguments/csv_arguments.h"
 #include "commands/commands.h"
 #include "csv/csv_file.h"
+#include "csv/csv_text.h"
 #include "text/code_page.h"
+#include "text/json_writer.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
@@ -39,15 +41,19 @@ void PrintNumber(float value, int width) {
   }
 }
 
+std::string NameOf(Dataset& dataset, int j) {
+  short number;
+  char* name = nullptr;
+  dataset.GetVarInfo(static_cast<short>(j), number, name);
+  return name == nullptr ? "" : PrintableFromCodePage(name);
+}
+
 void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& headers) {
   constexpr int kNumberWidth = 12;
   std::vector<std::string> names;
   std::size_t longest = 4;
   for (int j = 1; j <= results.NRow(); ++j) {
-    short number;
-    char* name = nullptr;
-    dataset.GetVarInfo(static_cast<short>(j), number, name);
-    names.push_back(name == nullptr ? "" : PrintableFromCodePage(name));
+    names.push_back(NameOf(dataset, j));
     longest = std::max(longest, names.back().size());
   }
   const int name_width = static_cast<int>(longest);
@@ -61,10 +67,27 @@ void PrintTable(Dataset& dataset, const XFMatrix& results, const XSVector& heade
   }
 }
 
+void WriteJson(Dataset& dataset, const XFMatrix& results, const XSVector& headers) {
+  JsonWriter json(stdout);
+  json.BeginList();
+  for (int j = 1; j <= results.NRow(); ++j) {
+    json.BeginObject();
+    json.Integer("Var", j);
+    json.Text("Name", NameOf(dataset, j));
+    for (int k = 1; k <= headers.NVal(); ++k) {
+      json.Key(WithoutBlanks(headers[k]));
+      json.Number(results[j][k]);
+    }
+    json.EndObject();
+  }
+  json.EndList();
+}
+
 struct StatsOptions {
   std::string file;
   CsvOptions csv;
   bool is_all = false;
+  bool is_json = false;
 };
 
 int ShowStats(const StatsOptions& options) {
@@ -82,7 +105,7 @@ int ShowStats(const StatsOptions& options) {
   const std::unique_ptr<XFMatrix> owned_results(results);
   const std::unique_ptr<XSVector> owned_headers(headers);
   if (status != status::kOk) return Fail(path, status);
-  PrintTable(dataset, *results, *headers);
+  (options.is_json ? WriteJson : PrintTable)(dataset, *results, *headers);
   return kDone;
 }
 
@@ -95,6 +118,7 @@ Run AddStats(CLI::App& program) {
   AddFile(line, "FILE", kDataHelp, options->file);
   AddFlag(line, "--all", "also median, quartiles, skewness, kurtosis and normality",
           options->is_all);
+  AddFlag(line, "--json", "writes JSON", options->is_json);
   AddCsvOptions(line, options->csv);
   return [options] { return ShowStats(*options); };
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "csv/csv_writer.h"
+#include "text/json_writer.h"
 
 namespace zemva::tools {
 
@@ -23,12 +24,14 @@ class CsvColumns {
   void AddVectors(const std::string& stem, int a, std::function<float(char, short)> number);
 
   // Replaces a file by the header row and rows 1..row_count. False when it cannot be written.
-  bool WriteTo(const std::string& path, short row_count) const;
+  bool WriteTo(const std::string& path, short row_count, char decimal_mark) const;
+  // The rows as a list of objects.
+  void WriteTo(JsonWriter& json, short row_count) const;
 
  private:
   struct Column {
     std::string name;
-    std::function<void(short, CsvWriter&)> write;
+    std::function<void(short, CellWriter&)> write;
   };
 
   std::vector<Column> columns_;

@@ -1,5 +1,6 @@
 #include "csv/csv_writer.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -7,7 +8,8 @@ namespace zemva::tools {
 
 void CsvWriter::Text(std::string_view text) {
   Separate();
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+  const char special[] = {separator_, '"', '\r', '\n'};
+  if (text.find_first_of({special, sizeof special}) == std::string_view::npos) {
     row_ += text;
     return;
   }
@@ -23,6 +25,7 @@ void CsvWriter::Number(float value) {
   Separate();
   std::array<char, 32> digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  std::replace(digits.data(), result.ptr, '.', decimal_mark_);
   row_.append(digits.data(), result.ptr);
 }
 
@@ -34,7 +37,7 @@ void CsvWriter::EndRow() {
 }
 
 void CsvWriter::Separate() {
-  if (is_row_started_) row_ += ',';
+  if (is_row_started_) row_ += separator_;
   is_row_started_ = true;
 }
 

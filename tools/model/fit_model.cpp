@@ -2,11 +2,13 @@
 
 #include <cstdio>
 #include <optional>
+#include <string>
 
 #include "arguments/settings_folder.h"
 #include "model/model_csv.h"
 #include "model/model_run.h"
 #include "model/result_folder.h"
+#include "text/json_writer.h"
 #include "text/messages.h"
 #include "text/text_window.h"
 
@@ -22,21 +24,42 @@ void WriteTables(const Model& model, Dataset* test, ResultFolder& folder) {
   folder.RemoveOthers();
 }
 
+void WriteSummary(const Model& model) {
+  std::string type = GetModTypeTag(model.GetModType());
+  type.erase(type.find_last_not_of(' ') + 1);
+  JsonWriter json(stdout);
+  json.BeginObject();
+  json.Text("type", type);
+  json.Integer("observations", model.GetNObs());
+  json.Integer("variables", model.GetNVarX());
+  json.Integer("responses", model.GetNVarY());
+  json.Key("components");
+  const ResultTable components = TabulateComponents(model);
+  components.columns.WriteTo(json, components.row_count);
+  json.EndObject();
+}
+
 }  // namespace
 
 int FitModel(const ModelOptions& options, EModType type, char selector) {
   CheckModelOptions(options);
   ChooseSettingsFolder(options.settings_directory);
   std::optional<ResultFolder> folder;
-  if (options.out_directory) folder.emplace(*options.out_directory);
+  if (options.out_directory) {
+    folder.emplace(*options.out_directory, options.csv.decimal_mark.value_or('.'));
+  }
   ModelRun run(options);
   int exit_status = run.LoadFile();
   if (exit_status == kDone) exit_status = run.MakeModel(type, selector);
   if (exit_status == kDone) exit_status = run.Fit();
   if (exit_status == kDone) exit_status = run.Predict();
   if (exit_status != kDone) return exit_status;
-  TextWindow listing(stdout);
-  run.GetModel().Show(listing);
+  if (options.is_json) {
+    WriteSummary(run.GetModel());
+  } else {
+    TextWindow listing(stdout);
+    run.GetModel().Show(listing);
+  }
   if (folder) WriteTables(run.GetModel(), run.GetTestDataset(), *folder);
   return kDone;
 }

@@ -28,9 +28,10 @@ struct Label {
 
 // Of an observation, which has its position for a number where the data set knows of none.
 Label LabelOf(Dataset& dataset, short i) {
-  Label label{};
-  const int status = dataset.GetObsInfo(i, label.number, label.name);
-  return status == status::kOk ? label : Label{i, ""};
+  short number = 0;
+  char* name = nullptr;
+  const int status = dataset.GetObsInfo(i, number, name);
+  return status == status::kOk ? Label{number, name} : Label{i, ""};
 }
 
 // Whether the prediction set has a value of a response.

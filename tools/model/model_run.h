@@ -31,6 +31,8 @@ class ModelRun {
   // Nothing without a file of predictions.
   int Predict();
 
+  Project& GetProject() { return project_; }
+  Dataset& GetDataset() const { return *project_.GetDataset(dataset_); }
   Workset& GetWorkset() const { return *project_.GetWorkset(workset_); }
   Model& GetModel() const { return *project_.GetModel(model_)->GetModel(); }
   // Null without a file of predictions.

@@ -24,7 +24,8 @@ bool CanWrite(const std::string& path) {
 
 }  // namespace
 
-ResultFolder::ResultFolder(const std::string& folder) : folder_(folder) {
+ResultFolder::ResultFolder(const std::string& folder, char decimal_mark)
+    : folder_(folder), decimal_mark_(decimal_mark) {
   try {
     Make(NativePath(folder));
     for (const char* const table : kTables) {
@@ -58,7 +59,8 @@ void ResultFolder::RemoveMade() const {
 
 void ResultFolder::Write(const ResultTable& table) {
   const std::string path = PathOf(table.name);
-  if (!table.columns.WriteTo(path, table.row_count)) throw Failure(path, "cannot be written");
+  if (!table.columns.WriteTo(path, table.row_count, decimal_mark_))
+    throw Failure(path, "cannot be written");
   written_.insert(table.name);
 }
 

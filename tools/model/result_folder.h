@@ -22,7 +22,7 @@ struct ResultTable {
 class ResultFolder {
  public:
   // Raises Failure where the folder, or a table in it, cannot be written.
-  explicit ResultFolder(const std::string& folder);
+  ResultFolder(const std::string& folder, char decimal_mark);
   ResultFolder(const ResultFolder&) = delete;
   ResultFolder& operator=(const ResultFolder&) = delete;
   // Removes the folders that it has made and that nothing was written to.
@@ -39,6 +39,7 @@ class ResultFolder {
   void RemoveMade() const;
 
   std::string folder_;
+  char decimal_mark_;
   std::vector<std::filesystem::path> made_;  // the outermost first
   std::set<std::string> written_;
 };

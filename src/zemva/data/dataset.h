@@ -13,6 +13,8 @@
 #include "zemva/data/var_info.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/numeric/x_matrix.h"
+#include "zemva/numeric/x_vector.h"
+#include "zemva/vectors/vec_spec.h"
 
 namespace zemva {
 
@@ -78,6 +80,15 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   int SetObsName(short i, const char* name);
   int SetObsNum(short i, short onum);
   int SetVarName(short i, const char* name);
+
+  // --- Vectors (dataset_vectors.cpp) ---
+
+  // A variable, "VarDS3", or an observation, "ObsDS5", as it is in the matrix; the numbers, "Num",
+  // and positions, "Time", of the observations. A new vector, the caller's; null with a code of
+  // VecSpec.
+  int GetXFVector(const VecSpec* spec, XFVector*& vector);
+  // The names, or the numbers as texts, of what the elements of that vector are.
+  int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number);
 
   // --- Shape (dataset_edit.cpp) ---
   // No data set grows beyond 32,767 observations or variables: 8021.

@@ -1,6 +1,7 @@
 #include "zemva/project/project.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -69,31 +70,35 @@ short Project::AddDataset(Dataset* dataset) {
       std::ranges::any_of(datasets_, [&](const auto& own) { return own.second.get() == dataset; });
   if (is_here) return SetStatus(status::mva::kAlreadyInserted), short{0};
   std::unique_ptr<Dataset> taken(dataset);
-  return Add(datasets_, kMostOfAKind, [&](short, std::unique_ptr<Dataset>& owned) {
+  return Add(datasets_, kMostOfAKind, [&](short free, std::unique_ptr<Dataset>& owned) {
     if (taken == nullptr) return status::mva::kNullPointer;
+    taken->SetDSNum(free);
     owned = std::move(taken);
     return status::kOk;
   });
 }
 
 short Project::AddWorkset(short dataset, const char* name) {
-  const short number = Add(worksets_, kMostOfAKind, [&](short, std::unique_ptr<Workset>& owned) {
-    Dataset* const source = GetDataset(dataset);
-    if (source == nullptr) return status::mva::kDataNotAvailable;
-    owned = std::make_unique<Workset>(name, *source, window_);
-    return owned->GetStatus();
-  });
+  const short number =
+      Add(worksets_, kMostOfAKind, [&](short free, std::unique_ptr<Workset>& owned) {
+        Dataset* const source = GetDataset(dataset);
+        if (source == nullptr) return status::mva::kDataNotAvailable;
+        owned = std::make_unique<Workset>(name, *source, window_);
+        owned->SetWSNum(free);
+        return owned->GetStatus();
+      });
   if (number != 0) current_workset_ = number;
   return number;
 }
 
 short Project::AddPredset(short dataset, short workset, const char* name) {
-  const short number = Add(predsets_, kMostOfAKind, [&](short, PredsetOfWorkset& owned) {
+  const short number = Add(predsets_, kMostOfAKind, [&](short free, PredsetOfWorkset& owned) {
     Dataset* const source = GetDataset(dataset);
     owned.workset = GetWorkset(workset);
     if (source == nullptr) return status::mva::kDataNotAvailable;
     if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
     owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
+    owned.predset->SetPSNum(free);
     return owned.predset->GetStatus();
   });
   if (number != 0) current_predset_ = number;
@@ -158,6 +163,47 @@ Predset* Project::GetCurrentPredset() {
   const auto* const found = Find(predsets_, current_predset_);
   const bool is_of_current = found != nullptr && found->workset == GetCurrentWorkset();
   return is_of_current ? found->predset.get() : nullptr;
+}
+
+template <typename Request>
+int Project::AskObject(const VecSpec* spec, Request ask) {
+  if (spec == nullptr) return SetStatus(status::mva::kNullPointer);
+  const auto find = [&](const auto& all, int none, auto ask_one) {
+    const auto found = spec->GetDNum() != 0 ? all.find(spec->GetDNum())
+                       : all.empty()        ? all.end()
+                                            : std::prev(all.end());
+    return SetStatus(found == all.end() ? none : ask_one(found->second));
+  };
+  const auto ask_owned = [&](const auto& owned) { return ask(*owned); };
+  const CEDatType::EDT kind = spec->GetDType() == CEDatType::Undefined
+                                  ? CEVecType::GetEDT(spec->GetVType())
+                                  : spec->GetDType();
+  switch (kind) {
+    case CEDatType::Dataset:
+      return find(datasets_, status::mva::kDataNotAvailable, ask_owned);
+    case CEDatType::Workset:
+      return find(worksets_, status::mva::kWorksetNotAvailable, ask_owned);
+    case CEDatType::Predset:
+      return find(predsets_, status::mva::kPredsetNotAvailable,
+                  [&](const PredsetOfWorkset& owned) { return ask(*owned.predset); });
+    case CEDatType::Model:
+      return find(models_, status::mva::kModelNotAvailable,
+                  [&](const auto& owned) { return ask(*owned->GetModel()); });
+    case CEDatType::Undefined:
+      break;
+  }
+  return SetStatus(status::mva::kUnknownVectorType);
+}
+
+int Project::GetXFVector(const VecSpec* spec, XFVector*& vector) {
+  vector = nullptr;
+  return AskObject(spec, [&](auto& object) { return object.GetXFVector(spec, vector); });
+}
+
+int Project::GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number) {
+  vector = nullptr;
+  return AskObject(spec,
+                   [&](auto& object) { return object.GetXSVector(spec, vector, is_by_number); });
 }
 
 int Project::Compute(short number) {

@@ -20,9 +20,9 @@
 namespace zemva {
 
 // Owns all that is added to it or made by it, each kind numbered from 1 on in its own right: one
-// more than the last, or where there can be no larger number the smallest that is free. What
-// depends on something else is deleted before it, and stands against its deletion: a model and a
-// prediction set depend on their work set, both sets on their data set.
+// more than the last, or where there can be no larger number the smallest that is free; the objects
+// know their numbers. What depends on something else is deleted before it, and stands against its
+// deletion: a model and a prediction set depend on their work set, both sets on their data set.
 //
 // It can be the owner of other models as well, which are made with it and belong to their maker:
 // they are of its current work set and prediction set.
@@ -68,6 +68,14 @@ class ZEMVA_API Project : public ModelOwner {
   // All models; good until one is added or deleted.
   WMInfo& GetWMInfo() { return models_info_; }
 
+  // --- Vectors ---
+
+  // Those of the object that the kind and number of a VecSpec name. Without a kind it is the one
+  // that the type of vector belongs to, without a number the object of the kind added last. The
+  // codes of the object.
+  int GetXFVector(const VecSpec* spec, XFVector*& vector);
+  int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number);
+
   // --- What is current: the sets added last, or those that are set here ---
 
   int SetCurrentWorkset(short number);
@@ -100,6 +108,10 @@ class ZEMVA_API Project : public ModelOwner {
   int DelDataset(short number);
 
  private:
+  // Asks the object of a VecSpec, and returns its status.
+  template <typename Request>
+  int AskObject(const VecSpec* spec, Request ask);
+
   struct PredsetOfWorkset {
     std::unique_ptr<Predset> predset;
     Workset* workset;

@@ -201,6 +201,16 @@ double DataBlock::Restore(double value, int k) const {
   return value / weight + static_cast<double>(info_->reference[k]);
 }
 
+const TraData* DataBlock::GetTransformation(int column) const {
+  if (transformations_ == nullptr) return nullptr;
+  return transformations_->GetItm(transformations_->FindVar(GetNumber(column)));
+}
+
+float DataBlock::BackTransform(float value, int k) const {
+  const TraData* const transformation = GetTransformation(k);
+  return transformation == nullptr ? value : transformation->BackTra(value);
+}
+
 void DataBlock::Measure(LostFreedom lost, Stage& stage) const {
   Fill(lost, residuals_->RowSquares(), residuals_->ColumnSquares(), stage);
   for (int k = 1; k <= stage.mpow.NVal(); ++k) {

@@ -107,12 +107,17 @@ class DataBlock {
   // what comes back from a weight of 0.
   float CenterAndScale(float value, int k) const;
   double Restore(double value, int k) const;
+  // Whether the column is transformed, and a value of it before that; missing where there is no way
+  // back. The tables are loaded.
+  bool IsTransformed(int k) const { return GetTransformation(k) != nullptr; }
+  float BackTransform(float value, int k) const;
 
  private:
   void DescribeLoaded();
   int Center(bool is_centred, ModelLog& log);
   void Fill(LostFreedom lost, std::span<const double> row_squares,
             std::span<const double> column_squares, Stage& stage) const;
+  const TraData* GetTransformation(int column) const;
   const char* GetName(int column) const;
   short GetNumber(int column) const;
 

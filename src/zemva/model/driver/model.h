@@ -28,6 +28,7 @@
 #include "zemva/numeric/x_matrix.h"
 #include "zemva/numeric/x_vector.h"
 #include "zemva/settings/options/mod_opt.h"
+#include "zemva/vectors/vec_spec.h"
 
 namespace zemva {
 
@@ -320,6 +321,37 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // The errors of the prediction set; null before its execution and without responses.
   const PredictionErrors* GetPredictionErrorsPS() const;
 
+  // --- Vectors (model_vector_access.cpp) ---
+  //
+  // These leave the status alone.
+
+  // Every number above is an element of a vector. A new vector, the caller's; null with a code of
+  // VecSpec; 8009 for what needs data that are not loaded, 8036 for what needs an execution that
+  // was not done or whose results were deleted, 8056 for residuals of a response in a prediction
+  // set before its last component.
+  int GetXFVector(const VecSpec* spec, XFVector*& vector) const;
+  // The names, or the numbers as texts, of what the elements of that vector are.
+  int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number) const;
+  // The components at which there are vectors of a type; the last is below the first where it has
+  // nothing to do with components. The codes of GetXFVector.
+  int GetVecCompRange(CEVecType::EVT type, char& first, char& last) const;
+  // The indices: of what there is a vector for each of, else of the elements.
+  int GetVecIxRange(CEVecType::EVT type, short& first, short& last) const;
+  // The names of the types of vectors that there are now, by what their elements are: observations,
+  // variables, components, lags, and the observations of the prediction set. A new vector, the
+  // caller's, null when memory runs out.
+  XSVector* GetObsVecNames() const;
+  XSVector* GetVarVecNames() const;
+  XSVector* GetCompVecNames() const;
+  XSVector* GetLagVecNames() const;
+  XSVector* GetTSVecNames() const;
+  // Contributions, an element an X variable: GetGapCont, and the same to the gap between predicted
+  // values of response m, centred and scaled, where coefficients take the place of weights. A new
+  // vector, the caller's; 8022, 8021 and 8003 for what there is not, 8009 without data, 8016
+  // without responses.
+  int GetGapContVector(char a, short i, short j, XFVector*& vector) const;
+  int GetGapContVectorY(char a, short m, short i, short j, XFVector*& vector) const;
+
   // --- What the model is made of ---
 
   short GetNObs() const;
@@ -445,6 +477,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void SetIsOverrun() { is_overrun_ = true; }
 
  private:
+  friend class ModelVectors;
+
   // --- Loading (model.cpp) ---
 
   int Check(DataBlock& block, const ObsInfo& observations);
@@ -504,6 +538,12 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   float GetProbabilityLS(EBlock block, int a, int i) const;
   // 8004 where there is no critical value.
   int SetLimits(const Gauge& gauge, float level, DistanceLimits& limits);
+  // The gap between the values of observations i and j, centred and scaled; j = 0 is the average.
+  float GetGap(short i, short j, short k) const;
+  template <typename Gain>
+  int MakeGapVector(const std::string& name, short i, short j, Gain gain, XFVector*& vector) const;
+  // What components 1..a leave of an element, centred and scaled, of a block that is.
+  float GetResidualLS(EBlock block, int a, short i, short k) const;
   template <typename Score>
   float SumT2(char first, char last, Score score) const;
 

@@ -149,23 +149,31 @@ float Model::GetDCritTeSLS() const {
 float Model::GetXResLS(char a, short i, short k) const {
   const bool is_element = i >= 1 && i <= GetNObs() && k >= 1 && k <= GetNVarX();
   if (!is_element || a < 0 || a > GetA() || !x_->IsCentred()) return kMissing;
-  float residual = x_->GetResidual(i, k);
+  return GetResidualLS(EBlock::kX, a, i, k);
+}
+
+float Model::GetResidualLS(EBlock block, int a, short i, short k) const {
+  float residual = (block == EBlock::kX ? *x_ : *y_).GetResidual(i, k);
   if (IsMissing(residual)) return kMissing;
   for (int c = GetA(); c > a; --c) {
     const CompInfo& component = *GetComponent(c);
-    if (!IsMissing(component.t[i])) residual += component.t[i] * component.p[k];
+    if (!IsMissing(component.t[i])) residual += component.t[i] * component.LoadingsOf(block)[k];
   }
   return AsPresent(residual);
+}
+
+float Model::GetGap(short i, short j, short k) const {
+  const float first = x_->GetCentredValue(i, k);
+  const float second = j == 0 ? 0.0f : x_->GetCentredValue(j, k);
+  return IsMissing(first) || IsMissing(second) ? kMissing : first - second;
 }
 
 float Model::GetGapCont(char a, short i, short j, short k) const {
   const auto is_row = [&](short row) { return row >= 1 && row <= GetNObs(); };
   const bool is_element = is_row(i) && (j == 0 || is_row(j)) && k >= 1 && k <= GetNVarX();
   if (!is_element || GetComponent(a) == nullptr || !x_->IsLoaded()) return kMissing;
-  const float first = x_->GetCentredValue(i, k);
-  const float second = j == 0 ? 0.0f : x_->GetCentredValue(j, k);
-  if (IsMissing(first) || IsMissing(second)) return kMissing;
-  return AsPresent((first - second) * (HasY() ? GetWStar(a, k) : GetP(a, k)));
+  const float gap = GetGap(i, j, k);
+  return IsMissing(gap) ? kMissing : AsPresent(gap * (HasY() ? GetWStar(a, k) : GetP(a, k)));
 }
 
 // A component without variation has scores of 0 and adds nothing.
@@ -181,7 +189,8 @@ float Model::SumT2(char first, char last, Score score) const {
     const double variance = static_cast<double>(GetS2T(component));
     if (variance > 0.0) sum += static_cast<double>(t) * static_cast<double>(t) / variance;
   }
-  return static_cast<float>(sum);
+  // A score made of next to nothing can be far beyond all others.
+  return std::isfinite(static_cast<float>(sum)) ? static_cast<float>(sum) : kMissing;
 }
 
 float Model::GetT2LS(char a, short i) const {

@@ -101,6 +101,7 @@ int Model::ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const 
     if (HasY()) PredictResponses(observed, to);
   }
   DistanceResults& distance = predictions_->distance;
+  predictions_->values.SetActValInfo();
   predictions_->residuals.SetActValInfo();
   distance.distances.SetActValInfo();
   distance.probabilities.SetActValInfo();
@@ -127,6 +128,7 @@ int Model::Predict(std::span<const float> row, short to) {
   XFVector values("x", GetNVarX(), kMissing);
   FVector scores(a, kMissing);
   if (values.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
+  std::ranges::copy(row, predictions_->values.Row(to).begin());
   for (const short k : PositionsUpTo(GetNVarX())) {
     values[k] = x_->CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);
   }
@@ -134,11 +136,7 @@ int Model::Predict(std::span<const float> row, short to) {
   if (status != status::kOk) return status;
   const bool is_hopeless = HasY() && IsMissing(scores[1]);
   if (is_hopeless || !AreFinite(values.Values()) || !AreFinite(scores.Values())) {
-    log_
-        .Line()
-        .Text("Can not execute observation ")
-        .Number(GetObsInfoPS()->GetONum(to))
-        .EndLine();
+    log_.Line().Text("Can not execute observation ").Number(GetObsInfoPS()->GetONum(to)).EndLine();
     return status::kOk;
   }
   if (IsMissing(scores[1])) return status::kOk;

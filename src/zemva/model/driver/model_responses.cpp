@@ -10,7 +10,6 @@
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/gauge.h"
-#include "zemva/model/preprocess/tra_info.h"
 #include "zemva/numeric/distributions.h"
 
 namespace zemva {
@@ -18,9 +17,16 @@ namespace {
 
 constexpr double kNone = static_cast<double>(kMissing);
 
+// Missing where it leaves the range of a float.
+float InRange(double value) {
+  const auto element = static_cast<float>(value);
+  return std::isfinite(element) ? AsPresent(element) : kMissing;
+}
+
 // Observed less predicted; missing where one of them is.
 float ErrorOf(float observed, float predicted) {
-  return IsMissing(observed) || IsMissing(predicted) ? kMissing : AsPresent(observed - predicted);
+  if (IsMissing(observed) || IsMissing(predicted)) return kMissing;
+  return InRange(static_cast<double>(observed) - static_cast<double>(predicted));
 }
 
 }  // namespace
@@ -39,15 +45,12 @@ double Model::PredictResponse(int a, short m, Score score) const {
 
 float Model::RestoreResponse(double scaled, short m, bool is_back_transformed) const {
   const double value = y_->Restore(scaled, m);
-  if (IsMissing(value) || !std::isfinite(static_cast<float>(value))) return kMissing;
-  return BackTransform(AsPresent(static_cast<float>(value)), m, is_back_transformed);
+  const float element = IsMissing(value) ? kMissing : InRange(value);
+  return IsMissing(element) ? kMissing : BackTransform(element, m, is_back_transformed);
 }
 
 float Model::BackTransform(float value, short m, bool is_back_transformed) const {
-  const TraInfo* const transformations = y_->GetTraInfo();
-  if (!is_back_transformed || transformations == nullptr) return value;
-  const short row = transformations->GetIx(y_->GetVarInfo()->GetVNum(m));
-  return row == 0 ? value : transformations->GetItm(row)->BackTra(value);
+  return is_back_transformed ? y_->BackTransform(value, m) : value;
 }
 
 // t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance
@@ -148,6 +151,7 @@ void Model::PredictResponses(const XFMatrix* observed, short to) {
   std::vector<double> residuals;
   for (const short m : PositionsUpTo(GetNVarY())) {
     const float value = observed == nullptr ? kMissing : (*observed)[GetObsIxPS(to)][m];
+    results.values[to][m] = value;
     results.observed[to][m] = BackTransform(value, m, is_back);
     const double scaled = PredictResponse(a, m, score);
     if (IsMissing(scaled)) continue;
@@ -187,7 +191,8 @@ void Model::FinishResponses() {
     }
     results.errors.Set(m, of_response, predictions_->is_member, size.a0 + size.of_column);
   }
-  for (XFMatrix* matrix : {&results.observed, &results.predicted, &results.lower, &results.upper}) {
+  for (XFMatrix* matrix :
+       {&results.values, &results.observed, &results.predicted, &results.lower, &results.upper}) {
     matrix->SetActValInfo();
   }
   results.distance.distances.SetActValInfo();
@@ -264,7 +269,7 @@ float Model::GetCoeffCS(char a, short k, short m) const {
   for (int c = 1; c <= a; ++c) {
     sum += static_cast<double>(GetComponent(c)->w[k]) * last->inv_ppw_cp[c][m];
   }
-  return AsPresent(static_cast<float>(sum));
+  return InRange(sum);
 }
 
 // b = B weight of x / weight of y
@@ -272,9 +277,8 @@ float Model::GetCoeff(char a, short k, short m) const {
   const float scaled = GetCoeffCS(a, k, m);
   const float weight = GetWeigY(m);
   if (IsMissing(scaled) || weight == 0.0f) return kMissing;
-  return AsPresent(
-      static_cast<float>(static_cast<double>(scaled) * static_cast<double>(GetWeigX(k)) /
-                         static_cast<double>(weight)));
+  return InRange(static_cast<double>(scaled) * static_cast<double>(GetWeigX(k)) /
+                 static_cast<double>(weight));
 }
 
 // b0 = centre of y - sum of b times centre of x
@@ -282,10 +286,11 @@ float Model::GetB0(char a, short m) const {
   if (IsMissing(GetCoeff(a, 1, m))) return kMissing;
   double constant = static_cast<double>(y_->GetInfo()->reference[m]);
   for (const short k : PositionsUpTo(GetNVarX())) {
-    constant -=
-        static_cast<double>(GetCoeff(a, k, m)) * static_cast<double>(x_->GetInfo()->reference[k]);
+    const float coefficient = GetCoeff(a, k, m);
+    if (IsMissing(coefficient)) return kMissing;
+    constant -= static_cast<double>(coefficient) * static_cast<double>(x_->GetInfo()->reference[k]);
   }
-  return AsPresent(static_cast<float>(constant));
+  return InRange(constant);
 }
 
 FMatrix* Model::GetBMat(char a) const {

@@ -9,9 +9,11 @@ namespace zemva {
 // s, or s / s of all residuals
 float Gauge::Distance(double variance) const {
   if (IsMissing(variance)) return kMissing;
-  if (!is_normalised) return static_cast<float>(std::sqrt(variance));
-  return pooled_variance > 0.0 ? static_cast<float>(std::sqrt(variance / pooled_variance))
-                               : kMissing;
+  if (is_normalised && !(pooled_variance > 0.0)) return kMissing;
+  // An observation can be so far off that a float does not hold it.
+  const auto distance =
+      static_cast<float>(std::sqrt(is_normalised ? variance / pooled_variance : variance));
+  return std::isfinite(distance) ? distance : kMissing;
 }
 
 float Gauge::Probability(double variance, bool is_member) const {

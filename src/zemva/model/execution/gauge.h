@@ -18,7 +18,8 @@ struct Gauge {
   bool is_normalised;
 
   // The distance of an observation with this residual variance, and the probability that it belongs
-  // to the model; missing where the variance is, and where there is nothing to divide it by.
+  // to the model; missing where the variance is, where there is nothing to divide it by, and where
+  // a float does not hold the distance.
   float Distance(double variance) const;
   float Probability(double variance, bool is_member) const;
   // Sets the largest distances at a level of significance; false, and nothing set, where F has no

@@ -61,7 +61,8 @@ void PredictionErrors::Set(int response, std::span<const float> of_rows,
 }
 
 ResponsePredictions::ResponsePredictions(int component_count, int row_count, int response_count)
-    : observed(MakeMatrix("YPS", row_count, response_count)),
+    : values(MakeMatrix("Y", row_count, response_count)),
+      observed(MakeMatrix("YPS", row_count, response_count)),
       predicted(MakeMatrix("YPredPS", row_count, response_count)),
       lower(MakeMatrix("SerrLPS", row_count, response_count)),
       upper(MakeMatrix("SerrUPS", row_count, response_count)),
@@ -69,7 +70,8 @@ ResponsePredictions::ResponsePredictions(int component_count, int row_count, int
       errors(response_count) {}
 
 Predictions::Predictions(int component_count, int column_count, int response_count)
-    : residuals("PSResiduals", 0, column_count, kMissing),
+    : values("X", 0, column_count, kMissing),
+      residuals("PSResiduals", 0, column_count, kMissing),
       distance("DModXPS", "PModXPS", component_count, 0) {
   if (response_count > 0) y.emplace(component_count, 0, response_count);
 }
@@ -84,6 +86,7 @@ void Predictions::SetRows(std::unique_ptr<ObsInfo> rows, std::vector<short> row_
   for (int c = 1; c <= distance.component_count; ++c) {
     scores.push_back(MakeVector("tPS", c, row_count));
   }
+  values = MakeMatrix("X", row_count, residuals.NCol());
   residuals = MakeMatrix("PSResiduals", row_count, residuals.NCol());
   distance = DistanceResults("DModXPS", "PModXPS", distance.component_count, row_count);
   if (y) y.emplace(distance.component_count, row_count, y->errors.rss.NVal());

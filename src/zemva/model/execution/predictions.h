@@ -14,8 +14,8 @@
 
 namespace zemva {
 
-// The errors of the predicted responses, observed less predicted: of the observations that the model
-// was fitted to, and of others. A vector has an element for each response.
+// The errors of the predicted responses, observed less predicted: of the observations that the
+// model was fitted to, and of others. A vector has an element for each response.
 struct PredictionErrors {
   // All missing. Throws std::bad_alloc.
   explicit PredictionErrors(int response_count);
@@ -44,11 +44,12 @@ struct WorksetResults {
 struct ResponsePredictions {
   ResponsePredictions(int component_count, int row_count, int response_count);
 
+  XFMatrix values;     // "Y", as executed, transformed
   XFMatrix observed;   // "YPS"
   XFMatrix predicted;  // "YPredPS"
   // The limits of an observed value.
-  XFMatrix lower;           // "SerrLPS"
-  XFMatrix upper;           // "SerrUPS"
+  XFMatrix lower;            // "SerrLPS"
+  XFMatrix upper;            // "SerrUPS"
   DistanceResults distance;  // of the responses that are present, centred and scaled
   PredictionErrors errors;
 };
@@ -65,6 +66,7 @@ struct Predictions {
   std::vector<short> positions;  // in the data that were executed
   std::vector<char> is_member;   // whether the model was fitted to the observation
   std::vector<XFVector> scores;  // "tPS[c]" for components 1..a
+  XFMatrix values;               // "X", as executed, transformed
   XFMatrix residuals;            // "PSResiduals", of X centred and scaled
   DistanceResults distance;
   std::optional<ResponsePredictions> y;  // none without responses

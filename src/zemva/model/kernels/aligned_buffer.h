@@ -20,8 +20,8 @@ class AlignedBuffer {
   AlignedBuffer(const AlignedBuffer& other) : AlignedBuffer(other.size_) {
     std::copy_n(other.Data(), size_, Data());
   }
-  AlignedBuffer(AlignedBuffer&&) = default;
-  AlignedBuffer& operator=(AlignedBuffer&&) = default;
+  AlignedBuffer(AlignedBuffer&&) noexcept = default;
+  AlignedBuffer& operator=(AlignedBuffer&&) noexcept = default;
 
   T* Data() { return elements_.get(); }
   const T* Data() const { return elements_.get(); }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <span>
 #include <string>
@@ -114,6 +115,7 @@ std::optional<GroupLabels> PCModel::MakeGroups() const {
   if (group_count == 0) return std::nullopt;
   const ResidualMatrix& residuals = GetX().GetResiduals();
   std::vector<char> takes_part;
+  takes_part.reserve(static_cast<std::size_t>(GetNVarX()));
   for (int k = 0; k < GetNVarX(); ++k) {
     takes_part.push_back(residuals.TakesPart(static_cast<std::size_t>(k)));
   }

@@ -25,6 +25,14 @@ bool AreFinite(std::span<const float> values) {
   return std::ranges::all_of(values, [](float value) { return std::isfinite(value); });
 }
 
+// Whether they and their sum of squares are, as a float.
+bool HaveFiniteSquares(std::span<const float> values) {
+  const double squares = SumInLanes(values.size(), [&](std::size_t i) {
+    return static_cast<double>(values[i]) * static_cast<double>(values[i]);
+  });
+  return std::isfinite(static_cast<float>(squares));
+}
+
 // Whether the inverse of a matrix with ones on its diagonal has digits that mean something.
 bool IsDetermined(const DMatrix& inverse) {
   constexpr double kLargest = 1e12;
@@ -119,8 +127,8 @@ int PLSModel::Nipals(const LeftOut& left_out, const PlsVectors& vectors, int& it
       PlsNipals(GetX().GetResiduals(), GetY()->GetResiduals(), left_out, settings, vectors);
   iteration_count = result.iterations;
   if (result.status != status::kOk) return result.status;
-  const bool is_in_range = AreFinite(vectors.t) && AreFinite(vectors.u) && AreFinite(vectors.w) &&
-                           AreFinite(vectors.c) && AreFinite(vectors.p);
+  const bool is_in_range = HaveFiniteSquares(vectors.t) && HaveFiniteSquares(vectors.u) &&
+                           AreFinite(vectors.w) && AreFinite(vectors.c) && AreFinite(vectors.p);
   return is_in_range ? status::kOk : status::mva::kDomain;
 }
 

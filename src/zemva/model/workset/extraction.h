@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "zemva/data/dataset.h"
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/workset/column_plan.h"
 #include "zemva/numeric/x_matrix.h"

@@ -10,6 +10,8 @@
 #include "zemva/errors/status.h"
 #include "zemva/model/workset/extraction.h"
 #include "zemva/model/workset/preparation.h"
+#include "zemva/model/workset/set_vectors.h"
+#include "zemva/vectors/vec_delivery.h"
 
 namespace zemva {
 namespace {
@@ -83,6 +85,25 @@ XI1Vector Predset::SelectObs() const {
   return SelectIf(GetNObsDS(), [&](short i) { return IsObsIn(i); });
 }
 
+DataSource Predset::MakeSource() const {
+  return {dataset_, observations_, variables_, Positions(SelectObs()), columns_};
+}
+
+SetVectors Predset::MakeVectors() const {
+  return SetVectors(CEDatType::Predset, number_, workset_, MakeSource());
+}
+
+int Predset::GetXFVector(const VecSpec* spec, XFVector*& vector) {
+  vector = nullptr;
+  return status_ = MemoryGuarded([&] { return DeliverXFVector(MakeVectors(), spec, vector); });
+}
+
+int Predset::GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number) {
+  vector = nullptr;
+  return status_ = MemoryGuarded(
+             [&] { return DeliverXSVector(MakeVectors(), spec, vector, is_by_number); });
+}
+
 // Tells of the sources that are not there.
 int Predset::CheckSources(const Preparation& preparation, StreamWindow& window) const {
   const std::vector<short>& sources = preparation.plan->GetSources();
@@ -116,8 +137,7 @@ int Predset::MakeMatrix(const Preparation& preparation, StreamWindow& window,
   if (preparation.plan == nullptr) return MakeClassMatrix(preparation.variables, matrix);
   const int status = CheckSources(preparation, window);
   if (status != status::kOk) return status;
-  const DataSource source = {dataset_, observations_, variables_, Positions(SelectObs()), columns_};
-  return ExtractColumns(*preparation.plan, source, window, matrix);
+  return ExtractColumns(*preparation.plan, MakeSource(), window, matrix);
 }
 
 XFMatrix* Predset::ExtMatrix(const Preparation& preparation, StreamWindow& window) {

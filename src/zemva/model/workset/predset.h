@@ -39,6 +39,9 @@ class ZEMVA_API Predset {
   // At most 24 characters.
   const char* GetNam() const { return name_.Get(); }
   void SetNam(const char* name) { name_.Set(name); }
+  // In its project; 0 for none.
+  short GetPSNum() const { return number_; }
+  void SetPSNum(short number) { number_ = number; }
   const Dataset& GetDataset() const { return dataset_; }
   int GetStatus() const { return status_; }
 
@@ -51,6 +54,14 @@ class ZEMVA_API Predset {
   // Whether an observation is in; false for a bad position. Setting: 8037 for a bad position.
   bool IsObsIn(short i) const;
   int SetIsObsIn(short i, bool is_in);
+
+  // --- Vectors ---
+
+  // Of the observations that are in, what the work set's functions give of its own: "VarPS3",
+  // "ObsPS5", "Num" and "Time". Variables are those of the work set; one that the data set has not
+  // is missing.
+  int GetXFVector(const VecSpec* spec, XFVector*& vector);
+  int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number);
 
   // --- Extraction ---
   //
@@ -81,12 +92,15 @@ class ZEMVA_API Predset {
   std::vector<short> MatchVars(const VarInfo& own) const;
   bool IsObs(int i) const { return i >= 1 && i <= GetNObsDS(); }
   XI1Vector SelectObs() const;
+  DataSource MakeSource() const;
+  SetVectors MakeVectors() const;
   int CheckSources(const Preparation& preparation, StreamWindow& window) const;
   int MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& matrix) const;
   int MakeMatrix(const Preparation& preparation, StreamWindow& window,
                  std::unique_ptr<XFMatrix>& matrix) const;
 
   FixedText<24> name_;
+  short number_ = 0;
   Dataset& dataset_;
   const Workset& workset_;
   // Whether both sets are of the same Dataset, of the same size.

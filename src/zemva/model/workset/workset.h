@@ -22,10 +22,13 @@
 #include "zemva/numeric/missing.h"
 #include "zemva/numeric/x_matrix.h"
 #include "zemva/numeric/x_vector.h"
+#include "zemva/vectors/vec_spec.h"
 
 namespace zemva {
 
 class ColumnPlan;
+class SetVectors;
+struct DataSource;
 struct Preparation;
 
 // Which block a variable belongs to.
@@ -67,6 +70,9 @@ class ZEMVA_API Workset {
   // At most 24 characters.
   const char* GetNam() const { return name_.Get(); }
   void SetNam(const char* name) { name_.Set(name); }
+  // In its project; 0 for none.
+  short GetWSNum() const { return number_; }
+  void SetWSNum(short number) { number_ = number; }
   const Dataset& GetDataset() const { return dataset_; }
 
   // A work set that models were made of stays what it was: nothing below can change it.
@@ -173,6 +179,16 @@ class ZEMVA_API Workset {
   int ShowMissing(const MissingLimits& limits);
   int ExcludeMissing(const MissingLimits& limits);
 
+  // --- Vectors (workset_vectors.cpp) ---
+
+  // A variable, "Var3", or an observation, "Obs5", of the observations that are in and all
+  // variables: plain, as the data set has it, or transformed, "VarTr3"; numbers, "Num", and
+  // positions in the data set, "Time", of the observations. A new vector, the caller's; null with a
+  // code of VecSpec or of ExtMatrix.
+  int GetXFVector(const VecSpec* spec, XFVector*& vector);
+  // The names, or the numbers as texts, of what the elements of that vector are.
+  int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number);
+
   // --- Extraction (workset_extract.cpp) ---
   //
   // What a model of a type needs for its block X or Y; the selector is the class of a kPC1Cl model
@@ -211,6 +227,7 @@ class ZEMVA_API Workset {
 
  private:
   friend class Predset;
+  friend class SetVectors;
 
   static constexpr char kNoClass = 0;
   static constexpr char kNoBlock = 0;
@@ -235,6 +252,7 @@ class ZEMVA_API Workset {
   Place Locate(int j) const;
   template <typename Key>
   short FindVar(Key key) const;
+  SetVectors MakeVectors() const;
   // The status of a change, which changes nothing where it is not 0.
   template <typename Change>
   int Edit(Change change);
@@ -264,7 +282,8 @@ class ZEMVA_API Workset {
   VarInfo SelectVars(EModType type, EBlock block) const;
   VarInfo MakeClassVars(const XI1Vector& observations) const;
   static int Check(EModType type, EBlock block, char selector, const Selection& selection);
-  ColumnPlan MakePlan(const VarInfo& wanted) const;
+  ColumnPlan MakePlan(const TraInfo& transformations, const VarInfo& wanted) const;
+  DataSource MakeSource(const XI1Vector& observations) const;
   // Hands over what `make`, given the selection, makes.
   template <typename Result, typename Make>
   Result* Ext(EModType type, EBlock block, char selector, Make make);
@@ -278,6 +297,7 @@ class ZEMVA_API Workset {
                              std::unique_ptr<XFMatrix>& matrix);
 
   FixedText<24> name_;
+  short number_ = 0;
   Dataset& dataset_;
   StreamWindow& window_;
   ObsInfo observations_{"ObsInfo"};

@@ -106,20 +106,24 @@ Result* Workset::Ext(EModType type, EBlock block, char selector, Make make) {
   });
 }
 
-ColumnPlan Workset::MakePlan(const VarInfo& wanted) const {
-  return ColumnPlan(variables_, lags_, transformations_, terms_, wanted);
+ColumnPlan Workset::MakePlan(const TraInfo& transformations, const VarInfo& wanted) const {
+  return ColumnPlan(variables_, lags_, transformations, terms_, wanted);
+}
+
+DataSource Workset::MakeSource(const XI1Vector& observations) const {
+  return {dataset_, observations_, variables_, Positions(observations), Identity(GetNVarDS())};
 }
 
 int Workset::MakeMatrix(EModType type, EBlock block, const Selection& selection,
                         StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const {
-  const std::vector<short> rows = Positions(selection.observations);
+  const DataSource source = MakeSource(selection.observations);
   if (IsClassBlock(type, block)) {
     std::vector<char> row_classes;
-    for (const short i : rows) row_classes.push_back(GetOClass(i));
+    for (const short i : source.rows) row_classes.push_back(GetOClass(i));
     return MakeClassMatrix(row_classes, selection.variables, matrix);
   }
-  const DataSource source = {dataset_, observations_, variables_, rows, Identity(GetNVarDS())};
-  return ExtractColumns(MakePlan(selection.variables), source, window, matrix);
+  const ColumnPlan plan = MakePlan(transformations_, selection.variables);
+  return ExtractColumns(plan, source, window, matrix);
 }
 
 // A column for each class, which is the number of a variable: 1 where the observation is in it, 0
@@ -154,7 +158,7 @@ Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector)
   return Ext<Preparation>(type, block, selector, [&](Selection& selection, auto& preparation) {
     std::unique_ptr<const ColumnPlan> plan;
     if (!IsClassBlock(type, block)) {
-      plan = std::make_unique<const ColumnPlan>(MakePlan(selection.variables));
+      plan = std::make_unique<const ColumnPlan>(MakePlan(transformations_, selection.variables));
     }
     preparation =
         std::make_unique<Preparation>(Preparation{this, block, std::move(selection.observations),

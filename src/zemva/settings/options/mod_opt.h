@@ -8,7 +8,7 @@
 
 #include "zemva/base/export.h"
 #include "zemva/settings/options/option_types.h"
-#include "zemva/settings/options/vec_type.h"
+#include "zemva/vectors/vec_type.h"
 
 namespace zemva {
 
