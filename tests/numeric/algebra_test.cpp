@@ -239,6 +239,9 @@ TEST(MatrixFile, RefusesWhatIsNone) {
     EXPECT_EQ(matrix.Read(path.c_str()), 5000) << text;
     EXPECT_EQ(CellsOf(matrix), Floats{5});
   }
+  test::WriteBytes(path, "zemva matrix 0 3\n");
+  EXPECT_EQ(matrix.Read(path.c_str()), 0);
+  EXPECT_EQ(matrix.NCol(), 3);
   test::WriteBytes(path, "zemva matrix 2 1\r\n.\r\n-2.5e1");
   EXPECT_EQ(matrix.Read(path.c_str()), 0);
   EXPECT_EQ(CellsOf(matrix), (Floats{kMissing, -25}));
