@@ -92,10 +92,11 @@ class FiveComponentModel : private ModelOwner {
  private:
   std::unique_ptr<Model> MakeModel() {
     StreamWindow& window = GlobalStreamWindow();
+    ModelOwner* const owner = this;  // which others cannot see
     if (!has_responses_) {
-      return std::make_unique<PCModel>(this, EModType::kPC1, window, &options_, 0);
+      return std::make_unique<PCModel>(owner, EModType::kPC1, window, &options_, 0);
     }
-    return std::make_unique<PLSModel>(this, EModType::kPLS12, window, &options_, 0);
+    return std::make_unique<PLSModel>(owner, EModType::kPLS12, window, &options_, 0);
   }
 
   static Dataset MakeDataset(const XFMatrix& table) {

@@ -224,13 +224,14 @@ void PLSModel::MakeVIP(CompInfo& component) {
                     static_cast<double>(GetStage(EBlock::kY, c)->ss));
   }
   const double total = SumInLanes(gains.size(), [&](std::size_t c) { return gains[c]; });
+  const int used_count = GetNVarXUsed();
   for (const short k : PositionsUpTo(GetNVarX())) {
     double sum = 0.0;
     for (int c = 1; c <= a; ++c) {
       const auto w = static_cast<double>(GetComponent(c)->w[k]);
       sum += gains[static_cast<std::size_t>(c - 1)] * w * w;
     }
-    const double square = total > 0.0 ? GetNVarXUsed() * sum / total : 0.0;
+    const double square = total > 0.0 ? used_count * sum / total : 0.0;
     component.vip[k] = static_cast<float>(std::sqrt(std::max(square, 0.0)));
   }
   component.vip.SetActValInfo();
