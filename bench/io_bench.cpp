@@ -1,4 +1,4 @@
-// Loading a file and filling a host's grid.
+// Loading a file and filling a host's grid; saving and reading a model.
 #include <benchmark/benchmark.h>
 
 #if defined(__GLIBC__)
@@ -9,10 +9,14 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <string>
 
+#include "nipals_problem.h"
+#include "zemva/base/atomic_file.h"
 #include "zemva/data/dataset.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/plugin/ko_import.h"
@@ -107,6 +111,54 @@ BENCHMARK(LoadAgainstPlainRead)
     ->Args({32000, 1560})
     ->Iterations(10)
     ->Unit(benchmark::kMillisecond);
+
+// The bytes of a file into another one, put on the disk as a model is.
+double PlainWriteSeconds(const std::string& bytes, const std::string& path) {
+  const auto start = Clock::now();
+  AtomicFile file(path);
+  std::fwrite(bytes.data(), 1, bytes.size(), file.GetStream());
+  return file.Commit() ? Seconds(start, Clock::now()) : 0.0;
+}
+
+// Saving a model of five components takes of_writing of writing its bytes, reading it of_reading of
+// a plain read, in the fastest of each.
+void ModelFile(benchmark::State& state) {
+  const XFMatrix table = NipalsTable(static_cast<int>(state.range(0)), 1000, 0.0);
+  FiveComponentModel problem(table, 0, static_cast<int>(state.range(1)));
+  const std::unique_ptr<Model> model = problem.FitModel();
+  const auto folder = std::filesystem::temp_directory_path();
+  const std::string path = (folder / "zemva_io_bench.mdl").string();
+  const std::string copy = (folder / "zemva_io_bench.copy").string();
+  model->SetModAddr(path.c_str());
+  if (model->Save(1) != 0) return state.SkipWithError("the model could not be saved");
+  std::ifstream stream(path, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  double write = std::numeric_limits<double>::infinity();
+  double save = write;
+  double read = write;
+  double load = write;
+  for (auto _ : state) {
+    write = std::min(write, PlainWriteSeconds(bytes, copy));
+    auto start = Clock::now();
+    model->Save(1);
+    save = std::min(save, Seconds(start, Clock::now()));
+    read = std::min(read, PlainReadSeconds(path.c_str()));
+    start = Clock::now();
+    int status = 0;
+    const std::unique_ptr<Model> loaded(
+        Model::Read(path.c_str(), nullptr, GlobalStreamWindow(), nullptr, status));
+    load = std::min(load, Seconds(start, Clock::now()));
+  }
+  std::filesystem::remove(path);
+  std::filesystem::remove(copy);
+  state.counters["MB"] = static_cast<double>(bytes.size()) / 1e6;
+  state.counters["save_ms"] = save * 1e3;
+  state.counters["load_ms"] = load * 1e3;
+  state.counters["of_writing"] = save / write;
+  state.counters["of_reading"] = load / read;
+}
+BENCHMARK(ModelFile)->Args({5000, 0})->Args({5000, 3})->Iterations(20)->Unit(
+    benchmark::kMillisecond);
 
 struct CountingGrid : ImportGrid {
   CountingGrid() : ImportGrid{SetNumber, SetText, nullptr, 0, 0} {}

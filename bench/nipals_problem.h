@@ -89,6 +89,14 @@ class FiveComponentModel : private ModelOwner {
     return result;
   }
 
+  // The model, executed; the problem outlives it.
+  std::unique_ptr<Model> FitModel() {
+    std::unique_ptr<Model> model = MakeModel();
+    while (model->Compute() == status::mva::kNotCompleted) continue;
+    model->ExecLS(char{0});
+    return model;
+  }
+
  private:
   std::unique_ptr<Model> MakeModel() {
     StreamWindow& window = GlobalStreamWindow();

@@ -44,7 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   std::size_t repairs = 0;
   const std::optional<CsvTable> refused = Read(bytes, nullptr);
-  const std::optional<CsvTable> repaired = Read(bytes, [&](auto, const std::string&) { ++repairs; });
+  const std::optional<CsvTable> repaired =
+      Read(bytes, [&](auto, const std::string&) { ++repairs; });
   if (refused) Require(repaired && repairs == 0);
   if (repaired) {
     Check(*repaired);

@@ -1,38 +1,12 @@
 // Loads any bytes as a ".vdo" file through the functions of the plug-in, and reads all that came.
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <string>
 
+#include "memory_file.h"
 #include "zemva/plugin/zemva_import.h"
 
 namespace {
-
-// A file in memory, one a process, rewritten for each input.
-class MemoryFile {
- public:
-  MemoryFile() : descriptor_(memfd_create("input.vdo", 0)) {
-    if (descriptor_ < 0) std::abort();
-    path_ = "/proc/self/fd/" + std::to_string(descriptor_);
-  }
-
-  void Rewrite(const std::uint8_t* bytes, std::size_t size) {
-    if (ftruncate(descriptor_, 0) != 0 ||
-        pwrite(descriptor_, bytes, size, 0) != static_cast<ssize_t>(size)) {
-      std::abort();
-    }
-  }
-
-  const char* GetPath() const { return path_.c_str(); }
-
- private:
-  int descriptor_;
-  std::string path_;
-};
 
 // Reads each byte, for the sanitizers to see.
 void Read(const void* bytes, std::size_t size) {

@@ -10,7 +10,7 @@
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
 #include "zemva/data/dataset.h"
-#include "zemva/dio/dio_data.h"
+#include "zemva/dio/dataset/dio_data.h"
 #include "zemva/numeric/x_matrix.h"
 #include "zemva/plugin/ko_import.h"
 

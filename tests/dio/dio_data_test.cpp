@@ -1,4 +1,4 @@
-#include "zemva/dio/dio_data.h"
+#include "zemva/dio/dataset/dio_data.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include "support/vdo_builder.h"
 #include "zemva/data/dangerous_data_set_manipulator.h"
 #include "zemva/data/dataset.h"
-#include "zemva/dio/finder.h"
+#include "zemva/dio/file/finder.h"
 
 namespace zemva {
 namespace {

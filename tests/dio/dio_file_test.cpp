@@ -1,4 +1,4 @@
-#include "zemva/dio/dio_file.h"
+#include "zemva/dio/file/dio_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "zemva/dio/finder.h"
+#include "zemva/dio/file/finder.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "support/vdo_builder.h"
-#include "zemva/dio/dio_file.h"
+#include "zemva/dio/file/dio_file.h"
 #include "zemva/errors/dio_error.h"
 
 namespace zemva {

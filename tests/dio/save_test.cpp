@@ -12,7 +12,7 @@
 #include "support/vdo_builder.h"
 #include "zemva/data/dangerous_data_set_manipulator.h"
 #include "zemva/data/dataset.h"
-#include "zemva/dio/dio_data.h"
+#include "zemva/dio/dataset/dio_data.h"
 
 #if !defined(_WIN32)
 #include <signal.h>

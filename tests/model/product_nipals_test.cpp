@@ -81,7 +81,8 @@ TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
     ResidualMatrix residuals(table);
     const std::vector<char> takes_part(static_cast<std::size_t>(columns), 1);
     GroupLabels groups(group_count, takes_part);
-    const auto products = ProductNipals::Make(residuals, groups.GetLeftOut(static_cast<std::size_t>(rows)));
+    const auto products =
+        ProductNipals::Make(residuals, groups.GetLeftOut(static_cast<std::size_t>(rows)));
     const auto start = [&](Fitted& fitted, const std::vector<float>& t) {
       fitted.t = t;
       fitted.p.assign(static_cast<std::size_t>(columns), 0.0f);
@@ -136,8 +137,7 @@ TEST(ProductNipals, IsTakenOnceItPaysAndOnlyWithoutGaps) {
       other.t = one.t;
       other.p = one.p;
       one.result = Nipals(residuals, LeftOut(), one.Settings(100.0), one.t, one.p);
-      other.result =
-          adaptive.Fit(residuals, LeftOut(), other.Settings(100.0), other.t, other.p);
+      other.result = adaptive.Fit(residuals, LeftOut(), other.Settings(100.0), other.t, other.p);
       ExpectSame(one, other, std::to_string(a) + (has_gap ? " with a gap" : ""));
       if (has_gap) {
         EXPECT_EQ(one.t, other.t);

@@ -207,6 +207,8 @@ void AddModelOptions(CLI::App& line, ModelOptions& options) {
   AddSelection(line, options);
   AddOption(line, "--test", "FILE2", "predicts the observations of another file",
             options.test_file);
+  AddOption(line, "--save", "MODEL.mdl", "saves the model, for predict and show",
+            options.model_file);
   AddOption(line, "--out", "DIR", "writes the results into a folder, as tables",
             options.out_directory);
   AddFlag(line, "--json", "the summary in JSON in place of the listing", options.is_json);

@@ -60,6 +60,7 @@ struct ModelOptions {
   std::map<char, std::vector<NumberRange>> classes;
 
   std::optional<std::string> test_file;
+  std::optional<std::string> model_file;  // that the model is saved to
   std::optional<std::string> out_directory;
   std::optional<std::string> settings_directory;
   bool is_json = false;  // the summary

@@ -23,6 +23,8 @@ Run AddInfo(CLI::App& program);
 Run AddOptions(CLI::App& program);
 Run AddPc(CLI::App& program);
 Run AddPls(CLI::App& program);
+Run AddPredict(CLI::App& program);
+Run AddShow(CLI::App& program);
 Run AddStats(CLI::App& program);
 Run AddVectors(CLI::App& program);
 

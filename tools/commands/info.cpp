@@ -1,4 +1,4 @@
-// What is in a file: its headers and items, and its data set.
+// What is in a file: its headers and items, and its data set or model.
 #include <algorithm>
 #include <cstdio>
 #include <memory>
@@ -10,10 +10,11 @@
 #include "text/code_page.h"
 #include "text/json_writer.h"
 #include "zemva/data/dataset.h"
-#include "zemva/dio/dio_data.h"
-#include "zemva/dio/file_contents.h"
+#include "zemva/dio/dataset/dio_data.h"
+#include "zemva/dio/file/file_contents.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
+#include "zemva/model/driver/model.h"
 #include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
@@ -124,6 +125,42 @@ void WriteDataset(Dataset& dataset, JsonWriter& json) {
   json.EndObject();
 }
 
+// What there is to say of a model, in its order.
+template <typename AddText, typename AddNumber>
+void Describe(const Model& model, AddText add_text, AddNumber add_number) {
+  std::string type = GetModTypeTag(model.GetModType());
+  type.erase(type.find_last_not_of(' ') + 1);
+  add_text("Type", type);
+  add_text("Name", model.GetModNam());
+  add_number("Number", model.GetModNum());
+  add_text("Title", model.GetModTitle());
+  add_text("Data set", model.GetDSNam());
+  add_number("Observations", model.GetNObs());
+  add_number("Variables", model.GetNVarX());
+  if (model.HasY()) add_number("Responses", model.GetNVarY());
+  add_number("Components", model.GetA());
+}
+
+void PrintModel(const Model& model) {
+  std::printf("\nModel\n");
+  Describe(model, PrintText, PrintNumber);
+}
+
+void WriteModel(const Model& model, JsonWriter& json) {
+  json.Key("Model");
+  json.BeginObject();
+  Describe(
+      model,
+      [&](const char* key, std::string_view text) { json.Text(key, PrintableFromCodePage(text)); },
+      [&](const char* key, long long number) { json.Integer(key, number); });
+  json.EndObject();
+}
+
+bool IsOfModel(const FileContents& contents) {
+  return !contents.super_items.empty() &&
+         contents.super_items.front().super_item.type == SuperItem::kModel;
+}
+
 int ShowInfo(const std::string& path, bool is_json) {
   if (!IsProjectFile(path) && IsTextFile(path)) {
     return Fail(path, "is a text, no project file; convert, stats, pc and pls take tables");
@@ -132,7 +169,13 @@ int ShowInfo(const std::string& path, bool is_json) {
   FileContents contents;
   const int listed = GetFileContents(path.c_str(), discard, contents);
   Dataset dataset("Info", path.c_str(), discard);
-  const int loaded = dataset.Load();
+  std::unique_ptr<Model> model;
+  int loaded = status::kOk;
+  if (IsOfModel(contents)) {
+    model.reset(Model::Read(path.c_str(), nullptr, discard, nullptr, loaded));
+  } else {
+    loaded = dataset.Load();
+  }
   // What can be read is shown, also of a file that is damaged further on.
   const bool can_read = DioData::CanRead(contents.super_header.version);
   if (is_json) {
@@ -140,7 +183,8 @@ int ShowInfo(const std::string& path, bool is_json) {
     json.BeginObject();
     json.Text("File", path);
     if (can_read) WriteContents(contents, json);
-    if (loaded == status::kOk) WriteDataset(dataset, json);
+    if (model != nullptr) WriteModel(*model, json);
+    if (dataset.IsLoaded()) WriteDataset(dataset, json);
     json.EndObject();
   } else {
     if (can_read) {
@@ -148,7 +192,8 @@ int ShowInfo(const std::string& path, bool is_json) {
       PrintSuperHeader(contents);
       PrintItems(contents);
     }
-    if (loaded == status::kOk) PrintDataset(dataset);
+    if (model != nullptr) PrintModel(*model);
+    if (dataset.IsLoaded()) PrintDataset(dataset);
   }
   if (listed != status::kOk) return Fail(path, listed);
   return loaded == status::kOk ? kDone : Fail(path, loaded);
@@ -164,7 +209,7 @@ Run AddInfo(CLI::App& program) {
     bool is_json = false;
   };
   const auto options = std::make_shared<InfoOptions>();
-  AddFile(line, "FILE.vdo", "the project file", options->file);
+  AddFile(line, "FILE", "the project file or model", options->file);
   AddFlag(line, "--json", "writes JSON", options->is_json);
   return [options] { return ShowInfo(options->file, options->is_json); };
 }

@@ -10,9 +10,11 @@
 #include "arguments/settings_folder.h"
 #include "commands/commands.h"
 #include "model/model_run.h"
+#include "model/stored_model.h"
 #include "model/vector_tables.h"
 #include "text/messages.h"
 #include "text/near_word.h"
+#include "text/text_window.h"
 #include "zemva/vectors/vec_catalogue.h"
 
 namespace zemva::tools {
@@ -84,30 +86,55 @@ std::vector<VectorChoice> ChoicesOf(const Model& model) {
   return choices;
 }
 
-// Adds the vector of a spec. Raises Failure.
-void Take(Project& project, bool has_model, VecSpec spec, VectorTables& tables) {
+// Adds the vector of a spec, of a project or a model. Raises Failure.
+template <typename Source>
+void Take(Source& source, bool has_model, VecSpec spec, VectorTables& tables) {
   const VecRow& row = *FindVecRow(spec.GetVType());
   if (has_model && row.objects.Has(CEDatType::Model)) spec.SetDType(CEDatType::Model);
   XFVector* values = nullptr;
   XSVector* names = nullptr;
   XSVector* numbers = nullptr;
-  int status = project.GetXFVector(&spec, values);
+  int status = source.GetXFVector(&spec, values);
   std::unique_ptr<XFVector> own_values(values);
-  if (status == 0) status = project.GetXSVector(&spec, names, false);
+  if (status == 0) status = source.GetXSVector(&spec, names, false);
   std::unique_ptr<XSVector> own_names(names);
-  if (status == 0) status = project.GetXSVector(&spec, numbers, true);
+  if (status == 0) status = source.GetXSVector(&spec, numbers, true);
   std::unique_ptr<XSVector> own_numbers(numbers);
   if (status != 0) throw Failure(spec.GetName(), status);
   tables.Add(spec.IsRange() ? EVecAxis::kComponents : row.along, std::move(own_values),
              std::move(own_names), std::move(own_numbers));
 }
 
+template <typename Source>
+int Write(const VectorOptions& options, Source& source, bool has_model,
+          const std::vector<VectorChoice>& choices) {
+  if (options.is_list) {
+    WriteChoices(choices);
+    return kDone;
+  }
+  std::vector<VecSpec> specs;
+  if (options.by) {
+    specs = SpecsBy(*options.by, choices);
+  } else {
+    for (const std::string& name : options.names) specs.push_back(SpecOf(name));
+  }
+  VectorTables tables;
+  for (const VecSpec& spec : specs) Take(source, has_model, spec, tables);
+  tables.Write();
+  return kDone;
+}
+
 int GiveVectors(const VectorOptions& options) {
   CheckModelOptions(options.model);
   Check(options);
-  std::vector<VecSpec> specs;
-  if (!options.by) {
-    for (const std::string& name : options.names) specs.push_back(SpecOf(name));
+  for (const std::string& name : options.names) {
+    if (!options.by) SpecOf(name);
+  }
+  if (IsModelFile(options.model.file)) {
+    if (options.kind) throw UsageError("vectors of a saved model are of that model");
+    TextWindow log(stderr);
+    const std::unique_ptr<Model> model = ReadModel(options.model.file, log);
+    return Write(options, *model, true, ChoicesOf(*model));
   }
   ChooseSettingsFolder(options.model.settings_directory);
   ModelRun run(options.model);
@@ -121,15 +148,7 @@ int GiveVectors(const VectorOptions& options) {
   if (exit_status != kDone) return exit_status;
   const std::vector<VectorChoice> choices =
       has_model ? ChoicesOf(run.GetModel()) : ChoicesOf(run.GetDataset());
-  if (options.is_list) {
-    WriteChoices(choices);
-    return kDone;
-  }
-  if (options.by) specs = SpecsBy(*options.by, choices);
-  VectorTables tables;
-  for (const VecSpec& spec : specs) Take(run.GetProject(), has_model, spec, tables);
-  tables.Write();
-  return kDone;
+  return Write(options, run.GetProject(), has_model, choices);
 }
 
 }  // namespace

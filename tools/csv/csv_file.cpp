@@ -12,7 +12,7 @@
 #include "text/code_page.h"
 #include "text/messages.h"
 #include "zemva/base/native_path.h"
-#include "zemva/dio/dio_data.h"
+#include "zemva/dio/dataset/dio_data.h"
 #include "zemva/errors/status.h"
 
 #if defined(_WIN32)

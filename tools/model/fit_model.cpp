@@ -8,6 +8,7 @@
 #include "model/model_csv.h"
 #include "model/model_run.h"
 #include "model/result_folder.h"
+#include "model/stored_model.h"
 #include "text/json_writer.h"
 #include "text/messages.h"
 #include "text/text_window.h"
@@ -54,6 +55,7 @@ int FitModel(const ModelOptions& options, EModType type, char selector) {
   if (exit_status == kDone) exit_status = run.Fit();
   if (exit_status == kDone) exit_status = run.Predict();
   if (exit_status != kDone) return exit_status;
+  if (options.model_file) SaveModel(run.GetModel(), *options.model_file);
   if (options.is_json) {
     WriteSummary(run.GetModel());
   } else {

@@ -94,6 +94,11 @@ BlkInfo::EBlkType BlkInfo::GetBType(short i) const {
   return row == nullptr ? kUndefined : row->GetBType();
 }
 
+float BlkInfo::GetBWeig(short i) const {
+  const BlkData* const row = GetRow(i);
+  return row == nullptr ? kMissing : row->GetBWeig();
+}
+
 short BlkInfo::GetNVar(short i) const {
   const BlkData* row = GetRow(i);
   return row == nullptr ? short{0} : row->GetNVar();

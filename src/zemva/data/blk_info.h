@@ -57,6 +57,8 @@ class ZEMVA_API BlkInfo : public ItmInfo {
   short GetNVar(short i) const;
   // The type of the block in row i, kUndefined for a bad position.
   EBlkType GetBType(short i) const;
+  // The weight of the block in row i; missing for a bad position.
+  float GetBWeig(short i) const;
 
   // The block of variable v, 0 for a bad position. Setting: 8021 for a bad position or a number
   // outside 0..99; the rows stay what they are.

@@ -25,6 +25,15 @@ ClaInfo::ClaInfo(const char* name, short nobs) : ItmInfo(name), o_class_("OClass
   if (o_class_.GetStatus() != status::kOk) SetStatus(status::mva::kMemory);
 }
 
+ClaInfo::ClaInfo(const char* name, std::span<const char> classes)
+    : ClaInfo(name, static_cast<short>(classes.size())) {
+  short position = 0;
+  for (const char c : classes) {
+    if (GetStatus() == status::kOk) SetOClass(++position, c);
+  }
+  if (GetStatus() == status::kOk) Update();
+}
+
 int ClaInfo::SetOClass(short i, char c) {
   if (i < 1 || i > o_class_.NVal() || c < 0 || c > kMaxClass) {
     return SetStatus(status::mva::kIndexOutOfRange);

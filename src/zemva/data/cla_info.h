@@ -3,6 +3,7 @@
 #define ZEMVA_DATA_CLA_INFO_H
 
 #include <memory>
+#include <span>
 
 #include "zemva/base/export.h"
 #include "zemva/data/itm_info.h"
@@ -39,6 +40,9 @@ class ZEMVA_API ClaInfo : public ItmInfo {
 
   // Without any class. Status 8002 when memory runs out.
   ClaInfo(const char* name, short nobs);
+  // Of observations of these classes. Status 8021 for a class outside 0..99, 8002 when memory runs
+  // out.
+  ClaInfo(const char* name, std::span<const char> classes);
 
   // Takes over the classes of a work set, observation by observation. 8022 for null, 8002 when
   // memory runs out. Its body is in model/workset/.
@@ -48,6 +52,8 @@ class ZEMVA_API ClaInfo : public ItmInfo {
   // 8021 when the table has not one row an observation, 8002 when memory runs out. Its body is in
   // model/driver/.
   int SetClaInfo(const ObsInfo* observations, const Model* model);
+  // How many observations there are.
+  short GetNObs() const { return static_cast<short>(o_class_.NVal()); }
   // 0 for a bad position.
   char GetOClass(short i) const { return o_class_.GetElement(i); }
 

@@ -7,7 +7,7 @@
 
 #include "zemva/base/fixed_text.h"
 #include "zemva/base/native_path.h"
-#include "zemva/dio/dio_data.h"
+#include "zemva/dio/dataset/dio_data.h"
 #include "zemva/numeric/missing.h"
 #include "zemva/plugin/zemva_import.h"
 

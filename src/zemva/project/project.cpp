@@ -50,12 +50,13 @@ Project::Project(const char* name, StreamWindow& window)
 Project::~Project() = default;
 
 template <typename Owned, typename Make>
-short Project::Add(Numbered<Owned>& all, short most, Make make) {
+short Project::Add(Numbered<Owned>& all, short most, Make make, short wanted) {
   short number = 0;
   SetStatus(MemoryGuarded([&] {
     if (all.size() >= static_cast<std::size_t>(most)) return status::mva::kTooManyModels;
     Owned owned{};
-    const short free = NextNumber(all, most);
+    const bool is_free = wanted > 0 && wanted <= most && !all.contains(wanted);
+    const short free = is_free ? wanted : NextNumber(all, most);
     const int status = make(free, owned);
     if (status != status::kOk) return status;
     all.emplace(free, std::move(owned));
@@ -65,42 +66,50 @@ short Project::Add(Numbered<Owned>& all, short most, Make make) {
   return status_ == status::kOk ? number : short{0};
 }
 
-short Project::AddDataset(Dataset* dataset) {
+short Project::AddDataset(Dataset* dataset, short wanted) {
   const bool is_here =
       std::ranges::any_of(datasets_, [&](const auto& own) { return own.second.get() == dataset; });
   if (is_here) return SetStatus(status::mva::kAlreadyInserted), short{0};
   std::unique_ptr<Dataset> taken(dataset);
-  return Add(datasets_, kMostOfAKind, [&](short free, std::unique_ptr<Dataset>& owned) {
-    if (taken == nullptr) return status::mva::kNullPointer;
-    taken->SetDSNum(free);
-    owned = std::move(taken);
-    return status::kOk;
-  });
+  return Add(
+      datasets_, kMostOfAKind,
+      [&](short free, std::unique_ptr<Dataset>& owned) {
+        if (taken == nullptr) return status::mva::kNullPointer;
+        if (taken->GetDSNum() != free) taken->SetDSNum(free);
+        owned = std::move(taken);
+        return status::kOk;
+      },
+      wanted);
 }
 
-short Project::AddWorkset(short dataset, const char* name) {
-  const short number =
-      Add(worksets_, kMostOfAKind, [&](short free, std::unique_ptr<Workset>& owned) {
+short Project::AddWorkset(short dataset, const char* name, short wanted) {
+  const short number = Add(
+      worksets_, kMostOfAKind,
+      [&](short free, std::unique_ptr<Workset>& owned) {
         Dataset* const source = GetDataset(dataset);
         if (source == nullptr) return status::mva::kDataNotAvailable;
         owned = std::make_unique<Workset>(name, *source, window_);
         owned->SetWSNum(free);
         return owned->GetStatus();
-      });
+      },
+      wanted);
   if (number != 0) current_workset_ = number;
   return number;
 }
 
-short Project::AddPredset(short dataset, short workset, const char* name) {
-  const short number = Add(predsets_, kMostOfAKind, [&](short free, PredsetOfWorkset& owned) {
-    Dataset* const source = GetDataset(dataset);
-    owned.workset = GetWorkset(workset);
-    if (source == nullptr) return status::mva::kDataNotAvailable;
-    if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
-    owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
-    owned.predset->SetPSNum(free);
-    return owned.predset->GetStatus();
-  });
+short Project::AddPredset(short dataset, short workset, const char* name, short wanted) {
+  const short number = Add(
+      predsets_, kMostOfAKind,
+      [&](short free, PredsetOfWorkset& owned) {
+        Dataset* const source = GetDataset(dataset);
+        owned.workset = GetWorkset(workset);
+        if (source == nullptr) return status::mva::kDataNotAvailable;
+        if (owned.workset == nullptr) return status::mva::kWorksetNotAvailable;
+        owned.predset = std::make_unique<Predset>(name, *source, *owned.workset);
+        owned.predset->SetPSNum(free);
+        return owned.predset->GetStatus();
+      },
+      wanted);
   if (number != 0) current_predset_ = number;
   return number;
 }
@@ -116,14 +125,30 @@ short Project::AddModel(short workset, EModType type, char selector) {
         owned->GetModel()->SetModNam(NumberedName("M", free).c_str());
         return status::kOk;
       });
-  if (number == 0) return 0;
+  return number == 0 ? short{0} : ListModel(number);
+}
+
+short Project::AddModel(short workset, const char* path) {
+  Workset* const source = GetWorkset(workset);
+  const auto make = [&](short free, std::unique_ptr<WorksetModel>& owned) {
+    if (source == nullptr) return status::mva::kWorksetNotAvailable;
+    owned = std::make_unique<WorksetModel>(*this, *source, path, window_);
+    if (owned->GetStatus() == status::kOk) owned->GetModel()->SetModNum(free);
+    return owned->GetStatus();
+  };
+  const short number = Add(models_, kMaxModels, make, NumberOfFile(path));
+  return number == 0 ? short{0} : ListModel(number);
+}
+
+// Lists a model that was added; the number, or 0 where it had to be dropped again.
+short Project::ListModel(short number) {
   WorksetModel* const added = GetModel(number);
   const char* const name = added->GetModel()->GetModNam();
   if (SetStatus(models_info_.AddWM(number, name, added)) != status::kOk) {
     models_.erase(number);
     return 0;
   }
-  source->SetIsFrozen(true);
+  added->GetWorkset().SetIsFrozen(true);
   return number;
 }
 

@@ -4,6 +4,9 @@
 
 #include <map>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
@@ -18,6 +21,8 @@
 #include "zemva/settings/options/prj_opt.h"
 
 namespace zemva {
+
+struct ListLayout;
 
 // Owns all that is added to it or made by it, each kind numbered from 1 on in its own right: one
 // more than the last, or where there can be no larger number the smallest that is free; the objects
@@ -49,15 +54,34 @@ class ZEMVA_API Project : public ModelOwner {
   // --- Making ---
 
   // Takes the data set over, also when it fails. 8022 for null, 8023 for one that it has already.
-  short AddDataset(Dataset* dataset);
+  short AddDataset(Dataset* dataset) { return AddDataset(dataset, 0); }
   // Of all observations and variables of a data set. The code of Workset when it fails.
-  short AddWorkset(short dataset, const char* name);
+  short AddWorkset(short dataset, const char* name) { return AddWorkset(dataset, name, 0); }
   // The observations of a data set for the models of a work set. The code of Predset.
-  short AddPredset(short dataset, short workset, const char* name);
+  short AddPredset(short dataset, short workset, const char* name) {
+    return AddPredset(dataset, workset, name, 0);
+  }
   // A model to be computed, named after its number; the selector is the class of a kPC1Cl model,
   // else 0. From then on the work set is frozen. 8031 beyond 99 models, and the codes of
   // WorksetModel.
   short AddModel(short workset, EModType type, char selector);
+
+  // A model that was saved; it gets the number that the name of its file ends in, where that is
+  // free. The codes of Model::Read.
+  short AddModel(short workset, const char* path);
+
+  // --- On disk (project_storage.cpp) ---
+
+  // Writes all data sets, work sets, prediction sets and models to files in a folder, each kind
+  // named after its numbers ("model3.mdl"), and then "project.ini", the settings file of the
+  // project, which lists them. A data set is in the folder from then on; one that was read from
+  // there and has not changed stays as it is. Listed files that could not be opened stay listed.
+  // The first code of those that stand against a part; 1006 for the list, which then is as it was.
+  int Save(const char* folder);
+  // Opens what such a list says into a project that has nothing yet, wherever the folder is now.
+  // What cannot be opened is named in the window, with what depends on it, and the rest opened: 0.
+  // 8023 where there is something in the project, 1002 where the folder has no list.
+  int Open(const char* folder);
 
   // --- Access; null where there is none ---
 
@@ -121,13 +145,37 @@ class ZEMVA_API Project : public ModelOwner {
 
   int SetStatus(int status) { return status_ = status; }
   // Adds what `make` hands over under the next number, unless its status stands against it.
+  // Or under the number wanted, where that is free.
   template <typename Owned, typename Make>
-  short Add(Numbered<Owned>& all, short most, Make make);
+  short Add(Numbered<Owned>& all, short most, Make make, short wanted = 0);
+  // The same, under the number wanted where that is free.
+  short AddDataset(Dataset* dataset, short wanted);
+  short AddWorkset(short dataset, const char* name, short wanted);
+  short AddPredset(short dataset, short workset, const char* name, short wanted);
+  short ListModel(short number);
+
+  // A file of the project that could not be opened, and the files that it depends on.
+  struct ListedFile {
+    const ListLayout* list;
+    std::string file;
+    std::string dataset;
+    std::string workset;
+  };
+  // What a project needs while its list is read.
+  struct Opening;
+  static short NumberOfFile(std::string_view path);
+  int SaveDataset(short number, Dataset& dataset, const std::string& folder) const;
+  std::string NewFileName(const char* kind, short number, const char* extension) const;
+  bool WriteList(const std::vector<ListedFile>& files, const std::string& path) const;
+  void Miss(const ListedFile& file, int status);
+  void OpenDataset(const char* address, Opening& opening);
+  void OpenSet(const ListedFile& file, Opening& opening);
   bool HasModels(const Workset& workset) const;
   bool HasResults(const Predset& predset) const;
 
   FixedText<24> name_;
   StreamWindow& window_;
+  std::vector<ListedFile> missing_;
   PrjOpt options_;
   // In the order that makes what depends go first.
   Numbered<std::unique_ptr<Dataset>> datasets_;

@@ -15,6 +15,12 @@ WorksetModel::WorksetModel(Project& project, Workset& workset, EModType type, ch
   status_ = MemoryGuarded([&] { return Init(type, selector, window); });
 }
 
+WorksetModel::WorksetModel(Project& project, Workset& workset, const char* path,
+                           StreamWindow& window)
+    : project_(project), workset_(workset) {
+  model_.reset(Model::Read(path, this, window, &options_, status_));
+}
+
 WorksetModel::~WorksetModel() = default;
 
 int WorksetModel::Init(EModType type, char selector, StreamWindow& window) {

@@ -6,8 +6,8 @@
 
 #include "zemva/base/export.h"
 #include "zemva/errors/stream_window.h"
-#include "zemva/model/driver/model.h"
 #include "zemva/model/block/model_owner.h"
+#include "zemva/model/driver/model.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/model/workset/workset.h"
 #include "zemva/settings/options/mod_opt.h"
@@ -25,6 +25,8 @@ class ZEMVA_API WorksetModel : public ModelOwner {
   // of, 8002, or the code of the work set where it has no such data.
   WorksetModel(Project& project, Workset& workset, EModType type, char selector,
                StreamWindow& window);
+  // The model in a file, with its options. The codes of Model::Read.
+  WorksetModel(Project& project, Workset& workset, const char* path, StreamWindow& window);
   WorksetModel(const WorksetModel&) = delete;
   WorksetModel& operator=(const WorksetModel&) = delete;
   ~WorksetModel() override;

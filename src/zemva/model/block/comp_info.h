@@ -53,12 +53,12 @@ struct CompInfo {
   XFVector t;             // "t[a]", scores, N
   XFVector p;             // "p[a]", loadings, K
   // Without responses these have no elements.
-  XFVector u;             // "u[a]", scores of Y, N
-  XFVector w;             // "w[a]", weights of X, K, of length 1
-  XFVector c;             // "c[a]", weights of Y, M
-  XFVector w_star;        // "wStar[a]", K: what gives t straight from X
-  XFVector vip;           // "VIP[a]", K, of components 1..a
-  DMatrix inv_ppw_cp;     // (P'W)^-1 C', a by M, of components 1..a: the coefficients are W times this
+  XFVector u;          // "u[a]", scores of Y, N
+  XFVector w;          // "w[a]", weights of X, K, of length 1
+  XFVector c;          // "c[a]", weights of Y, M
+  XFVector w_star;     // "wStar[a]", K: what gives t straight from X
+  XFVector vip;        // "VIP[a]", K, of components 1..a
+  DMatrix inv_ppw_cp;  // (P'W)^-1 C', a by M, of components 1..a: the coefficients are W times this
 };
 
 }  // namespace zemva

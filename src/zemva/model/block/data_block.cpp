@@ -167,12 +167,16 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
     }
     if (is_out_of_range) return status::mva::kDomain;
   }
-  // The average is a linear function of the data.
+  SetAverage();
+  return status::kOk;
+}
+
+// The average is a linear function of the data.
+void DataBlock::SetAverage() {
   for (int k = 1; k <= info_->average.NVal(); ++k) {
     info_->average[k] = CenterAndScale(info_->loaded_average[k], k);
   }
   info_->average.SetActValInfo();
-  return status::kOk;
 }
 
 const Stage* DataBlock::GetStage(int a) const {

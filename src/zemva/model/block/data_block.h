@@ -9,6 +9,7 @@
 #include "zemva/data/blk_info.h"
 #include "zemva/data/obs_info.h"
 #include "zemva/data/var_info.h"
+#include "zemva/model/block/block_record.h"
 #include "zemva/model/block/cent_info.h"
 #include "zemva/model/block/model_log.h"
 #include "zemva/model/block/model_owner.h"
@@ -37,6 +38,12 @@ struct LostFreedom {
 class DataBlock {
  public:
   explicit DataBlock(EBlock block) : block_(block) {}
+  // What a record keeps of the block of a model of the type; `members` and `dataset_variables` are
+  // those of its preparation. Throws std::bad_alloc.
+  DataBlock(EModType type, const BlockRecord& record, const XI1Vector& members,
+            const std::shared_ptr<VarInfo>& dataset_variables);
+  // All of the block but its data. Throws std::bad_alloc.
+  BlockRecord MakeRecord() const;
 
   EBlock GetBlock() const { return block_; }
   char GetLetter() const { return block_ == EBlock::kX ? 'X' : 'Y'; }
@@ -95,6 +102,7 @@ class DataBlock {
   // The record of component 0 and how the matrix was made: there once anything was loaded.
   const std::optional<CentInfo>& GetInfo() const { return info_; }
   const Preparation& GetPreparation() const { return *preparation_; }
+  bool HasPreparation() const { return preparation_ != nullptr; }
 
   // Null where there is no such stage: -1 and 0.
   const Stage* GetStage(int a) const;
@@ -115,6 +123,7 @@ class DataBlock {
  private:
   void DescribeLoaded();
   int Center(bool is_centred, ModelLog& log);
+  void SetAverage();
   void Fill(LostFreedom lost, std::span<const double> row_squares,
             std::span<const double> column_squares, Stage& stage) const;
   const TraData* GetTransformation(int column) const;

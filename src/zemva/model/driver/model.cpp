@@ -187,7 +187,7 @@ int Model::Unload() {
 int Model::Save(short number) {
   SetModNum(number);
   const bool has_address = header_.address.View() != kNoAddress;
-  const int status = has_address ? WriteModel(GetModAddr()) : status::dio::kFileNameMissing;
+  const int status = has_address ? Store() : status::dio::kFileNameMissing;
   if (status == status::kOk) {
     saved_address_ = header_.address;
   } else {

@@ -39,6 +39,7 @@ class TraInfo;
 class VarInfo;
 struct Cap;
 struct Gauge;
+struct ModelRecord;
 struct Validation;
 
 // A model of the N observations and K X variables of a work set, which takes A components out of
@@ -246,6 +247,9 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // the options say. 8003 for components that there are not; 8030 without a prediction set.
   int ExecLS(char a);
   int ExecPS();
+  // On a prediction set of its work set or, where the model was read from a file, of the variables
+  // of GetVarInfoDS.
+  int ExecPS(Predset& predset);
 
   // --- Statistics of all models ---
 
@@ -367,6 +371,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   ClaInfo* GetClaInfo() const { return classes_.get(); }
   VarInfo* GetVarInfoX() const;
   ScaInfo* GetScaInfoX() const;
+  // All variables of the data set that the model is made of.
+  VarInfo* GetVarInfoDS() const;
   // Null also where there is nothing of the kind.
   TraInfo* GetTraInfoX() const;
   ExpInfo* GetExpInfoX() const;
@@ -391,6 +397,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void SetModNam(const char* name) { header_.name.Set(name); }
   const char* GetModTitle() const { return header_.title.Get(); }
   void SetModTitle(const char* title) { header_.title.Set(title); }
+  // Of the data set that the model was loaded from last; empty before.
+  const char* GetDSNam() const { return dataset_name_.Get(); }
   const char* GetModAddr() const { return header_.address.Get(); }
   void SetModAddr(const char* address) { header_.address.Set(address); }
 
@@ -403,14 +411,26 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Whether the status is that of a failure, which stands against all operations.
   bool HasFailed() const;
 
-  // --- Listings on disk ---
+  // --- On disk; these leave the status alone ---
 
-  // These leave the status alone.
-  //
-  // Gives the model a number and writes all its listings to its address. 1006, and "Could not save
-  // model" in the log, when that fails; likewise 1001 where there is a file that is no listing of a
-  // model, and 2011 while it has only the address it began with.
+  // Gives the model a number and writes it, without the data that it is of, to a model file at its
+  // address, which is made or replaced whole. "Could not save model" in the log, and the code, when
+  // that fails: 2011 while the model has only the address it began with; 8019 for more than 99
+  // components; the code of Read where there is something else than a model file at the address;
+  // 2001 for a file over 2 GiB; 2002 and 2006 when it cannot be written.
   int Save(short number);
+  // The model that a file holds: a new one, the caller's. Owner and options belong to the caller
+  // and outlive it, where they are not null: the options become those that the model had, which it
+  // keeps itself else; without owner it has no data to load. It answers as the saved one did, but
+  // for what needs X, which LoadWS takes from the owner's work set again, and for a prediction set,
+  // of which the file keeps no results. Null, with `status`, where there is no such file (2004), no
+  // model in it (2000), one of a later version (2017), or one that is damaged (2005).
+  static Model* Read(const char* path, ModelOwner* owner, StreamWindow& window, ModOpt* options,
+                     int& status);
+  // All of the model but its data, as its file keeps it; and taking over such a record, which is
+  // that of a model of its kind, into a model that holds nothing yet. They throw std::bad_alloc.
+  ModelRecord MakeRecord() const;
+  void TakeRecord(const ModelRecord& record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
   // Removes the file that Save wrote last, if there is one. 1007 when it cannot be removed.
@@ -491,7 +511,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int ExtractRowTables(Workset& workset, RowTables& rows) const;
   // The blocks that the model has, X first.
   std::vector<DataBlock*> GetBlocks() const;
-  int WriteModel(const char* path);
+  int Store();
   int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
   // For a model that has dropped components.
   int ClearStatus() {

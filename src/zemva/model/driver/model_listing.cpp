@@ -1,13 +1,8 @@
 // The listings of Model, to a window and to a file.
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <string_view>
-#include <system_error>
 
 #include "zemva/base/atomic_file.h"
-#include "zemva/base/native_path.h"
 #include "zemva/base/positions.h"
 #include "zemva/errors/listing.h"
 #include "zemva/errors/status.h"
@@ -27,20 +22,6 @@ class TextWindow : public StreamWindow {
   std::string text_;
 };
 
-constexpr char kHeading[] = " Model number: ";
-
-// Whether nothing is lost where a listing takes the place of what is there: nothing, or a listing.
-bool MayReplace(const char* path) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(NativePath(path), error);
-  if (error || size == 0) return true;
-  std::ifstream file(NativePath(path), std::ios::binary);
-  char first[24] = {};
-  file.read(first, sizeof first);
-  const std::string_view text(first, static_cast<std::size_t>(file.gcount()));
-  return text.starts_with('P') && text.find(kHeading) != text.npos;
-}
-
 const char* TextOrEmpty(const char* text) {
   return text == nullptr ? "" : text;
 }
@@ -49,7 +30,7 @@ const char* TextOrEmpty(const char* text) {
 
 int Model::ShowInit(StreamWindow& window) {
   Listing list(window);
-  list.Text(GetModTypeTag(type_)).Text(kHeading).Number(GetModNum());
+  list.Text(GetModTypeTag(type_)).Text(" Model number: ").Number(GetModNum());
   list.Text(" name: ").Text(GetModNam()).EndLine();
   list.Text("Address: ").Text(GetModAddr()).Text(" Title: ").Text(GetModTitle()).EndLine();
   list.Text(" From data set: ").Text(dataset_name_.View()).EndLine();
@@ -88,12 +69,6 @@ void Model::ShowCentre(const DataBlock& block, StreamWindow& window) const {
     }
     list.EndLine();
   }
-}
-
-int Model::WriteModel(const char* path) {
-  return MemoryGuarded([&] {
-    return MayReplace(path) ? WriteListing(path, &Model::ShowAll) : status::fio::kFileExists;
-  });
 }
 
 int Model::WriteListing(const char* path, int (Model::*list)(StreamWindow&)) {

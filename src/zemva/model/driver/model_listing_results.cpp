@@ -5,10 +5,10 @@
 #include "zemva/base/positions.h"
 #include "zemva/errors/listing.h"
 #include "zemva/errors/status.h"
-#include "zemva/model/driver/validation.h"
-#include "zemva/model/driver/value_listing.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"
+#include "zemva/model/driver/validation.h"
+#include "zemva/model/driver/value_listing.h"
 #include "zemva/numeric/x_vector.h"
 
 namespace zemva {
@@ -38,8 +38,8 @@ int Model::Show(StreamWindow& window) {
   Listing list(window);
   list.Text("  Components = ").Number(GetComponentCount()).EndLine();
   if (HasY()) {
-    list.Text("Comp    ").Right(
-        28, is_adjusted ? " R2Xa R2Xa(c)  R2Ya  R2Ya(c)" : " R2X    R2X(c) R2Y   R2Y(c)");
+    list.Text("Comp    ")
+        .Right(28, is_adjusted ? " R2Xa R2Xa(c)  R2Ya  R2Ya(c)" : " R2X    R2X(c) R2Y   R2Y(c)");
     list.Text("   Eig  Q2    Q2(c) Iter  S").EndLine();
   } else {
     list.Right(kLabelWidth + 14, is_adjusted ? " R2Xa R2Xa(c)" : " R2X  R2X(c)");
@@ -91,9 +91,9 @@ int Model::ShowComp(char a, StreamWindow& window) {
   AddValue(list.Text(" tMax= "), 0, component->t_max);
   AddValue(list.Text(" S2t= "), 0, component->s2t).EndLine();
   std::vector<const XFVector*> vectors = {
-      &component->t,   &component->p,       &component->x.ssv, &component->x.s2v, &component->x.mpow,
-      &component->q2v, &component->q2v_cum, &component->x.sso, &component->x.s2o,
-      &component->leverages};
+      &component->t,      &component->p,        &component->x.ssv,   &component->x.s2v,
+      &component->x.mpow, &component->q2v,      &component->q2v_cum, &component->x.sso,
+      &component->x.s2o,  &component->leverages};
   if (HasY()) {
     vectors.insert(vectors.end(),
                    {&component->u, &component->w, &component->c, &component->w_star,
@@ -187,10 +187,10 @@ void Model::ShowErrors(const PredictionErrors& errors, StreamWindow& window) con
     const VarInfo* const responses = GetVarInfoY();
     list.Text("For Y-variable ").Number(responses == nullptr ? m : responses->GetVNum(m));
     list.Text(" ").Text(responses == nullptr ? "" : responses->GetVNam(m)).EndLine();
-    show("  RSS (work set) =", errors.rss[m], errors.np_ws[m], ") Corr.d sqrt(RSS/n) =",
-         errors.sd_adj_ls[m]);
-    show("  PRESS (test set)   =", errors.press[m], errors.np_ts[m], ") sqrt(PRESS/n)      =",
-         errors.sd_ts[m]);
+    show("  RSS (work set) =", errors.rss[m], errors.np_ws[m],
+         ") Corr.d sqrt(RSS/n) =", errors.sd_adj_ls[m]);
+    show("  PRESS (test set)   =", errors.press[m], errors.np_ts[m],
+         ") sqrt(PRESS/n)      =", errors.sd_ts[m]);
   }
 }
 

@@ -46,16 +46,23 @@ int Model::ExecPS() {
     if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
     DeletePSResults();
     Predset* const predset = owner_->GetCurrentPredset();
-    if (predset == nullptr) return status::mva::kPredsetNotAvailable;
-    const std::unique_ptr<XFMatrix> data(predset->ExtMatrix(x_->GetPreparation(), log_));
-    if (data == nullptr) return predset->GetStatus();
+    return predset == nullptr ? status::mva::kPredsetNotAvailable : ExecPS(*predset);
+  });
+}
+
+int Model::ExecPS(Predset& predset) {
+  return Run([&] {
+    if (GetComponentCount() == 0) return status::mva::kModelNotAvailable;
+    DeletePSResults();
+    const std::unique_ptr<XFMatrix> data(predset.ExtMatrix(x_->GetPreparation(), log_));
+    if (data == nullptr) return predset.GetStatus();
     std::unique_ptr<XFMatrix> observed;
-    if (HasY()) observed.reset(predset->ExtMatrix(y_->GetPreparation(), log_));
-    if (HasY() && observed == nullptr) return predset->GetStatus();
-    const std::unique_ptr<ObsInfo> observations(predset->ExtObsInfo());
-    if (observations == nullptr) return predset->GetStatus();
-    const std::unique_ptr<I1Vector> selection(predset->ExtMembership(x_->GetPreparation()));
-    if (selection == nullptr) return predset->GetStatus();
+    if (HasY()) observed.reset(predset.ExtMatrix(y_->GetPreparation(), log_));
+    if (HasY() && observed == nullptr) return predset.GetStatus();
+    const std::unique_ptr<ObsInfo> observations(predset.ExtObsInfo());
+    if (observations == nullptr) return predset.GetStatus();
+    const std::unique_ptr<I1Vector> selection(predset.ExtMembership(x_->GetPreparation()));
+    if (selection == nullptr) return predset.GetStatus();
     for (char& byte : selection->Values()) byte = byte != 0 ? kMemberRow : kNewRow;
     const int status = ExecuteRows(*observations, *data, observed.get(), *selection);
     if (status != status::kOk) DeletePSResults();

@@ -103,6 +103,10 @@ VecCompCounts ModelVectors::GetCompCounts() const {
           model_.GetASelPS()};
 }
 
+bool ModelVectors::HasTables() const {
+  return model_.GetObsInfo() != nullptr && (!model_.HasY() || model_.y_->IsLoaded());
+}
+
 int ModelVectors::Check(const VecRow& row) const {
   const bool has_row = model_.HasY() ? row.families.is_pls : row.families.is_pc;
   if (!has_row) return status::mva::kUnknownVectorType;
@@ -112,8 +116,14 @@ int ModelVectors::Check(const VecRow& row) const {
   const bool has_units = row.units.Has(CEElmType::Transformed);
   const bool is_of_data =
       has_units || row.state == EVecState::kData || row.state == EVecState::kExecuted;
-  const bool is_of_residuals = row.units.Has(CEElmType::Standardized);
-  const bool has_data = is_of_residuals ? model_.x_->IsCentred() : model_.IsLoaded();
+  const bool is_of_residuals =
+      row.state == EVecState::kData && row.units.Has(CEElmType::Standardized);
+  // A model that was read has the tables and Y, but not X.
+  const auto is_of = [&](EVecAxis axis) { return row.along == axis || row.of == axis; };
+  const bool is_of_x = row.state == EVecState::kData &&
+                       (is_of(EVecAxis::kVarsX) || is_of(EVecAxis::kVars));
+  const bool has_values = is_of_x ? model_.IsLoaded() : HasTables();
+  const bool has_data = is_of_residuals ? model_.x_->IsCentred() : has_values;
   if (is_of_data && !has_data) return status::mva::kDataNotAvailable;
   const bool has_results =
       (row.state != EVecState::kExecuted || model_.workset_results_.has_value()) &&
@@ -128,7 +138,7 @@ int ModelVectors::CheckQuery(const VecQuery& query) const {
 }
 
 int ModelVectors::CheckLabels(EVecAxis axis) const {
-  const bool is_there = axis == EVecAxis::kObsPS || model_.IsLoaded();
+  const bool is_there = axis == EVecAxis::kObsPS || HasTables();
   return is_there ? status::kOk : status::mva::kDataNotAvailable;
 }
 

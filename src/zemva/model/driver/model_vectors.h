@@ -32,6 +32,8 @@ class ModelVectors : public VecSource {
   int Fill(const VecQuery& query, std::span<float> values) const override;
 
  private:
+  // Whether there are tables of the rows and, where there are responses, their values.
+  bool HasTables() const;
   // An element of a block, of the work set or of the prediction set, at a component.
   struct Place {
     EBlock block;

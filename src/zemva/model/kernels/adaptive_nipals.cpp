@@ -14,8 +14,8 @@ bool CanHaveProducts(const ResidualMatrix& residuals, const LeftOut& groups) {
   return residuals.IsComplete() && bytes <= table;
 }
 
-// The iterations on a matrix of n by L, n < L, that take as many operations as its products: n^2 L / 2
-// over 2 n L.
+// The iterations on a matrix of n by L, n < L, that take as many operations as its products: n^2 L
+// / 2 over 2 n L.
 double CountIterationsWorth(const ResidualMatrix& residuals) {
   return static_cast<double>(std::min(residuals.RowCount(), residuals.ColumnCount())) / 4;
 }
@@ -49,8 +49,8 @@ NipalsResult AdaptiveNipals::Fit(const ResidualMatrix& residuals, const LeftOut&
     if (affordable >= 1) {
       NipalsSettings first = settings;
       // One more iteration than the limit is done.
-      first.max_iterations = static_cast<int>(
-          std::min(affordable - 1, static_cast<double>(settings.max_iterations)));
+      first.max_iterations =
+          static_cast<int>(std::min(affordable - 1, static_cast<double>(settings.max_iterations)));
       result = Nipals(residuals, LeftOut(), first, scores, loadings);
       iterations_ += result.iterations;
       const bool is_done = result.status != status::kOk || result.is_converged ||

@@ -10,10 +10,11 @@
 namespace zemva {
 
 // Does what Nipals does for the components of one matrix. An iteration on the matrix passes over it
-// twice; one on the products takes little, but they have to be made. So it begins on the matrix, and
-// makes the products once as many operations were done as they take, which is never more than
-// twice the least. It counts the rounds of a cross-validation to come with the fit that they follow.
-// Data with gaps, and products that would take more memory than the matrix, stay on the matrix.
+// twice; one on the products takes little, but they have to be made. So it begins on the matrix,
+// and makes the products once as many operations were done as they take, which is never more than
+// twice the least. It counts the rounds of a cross-validation to come with the fit that they
+// follow. Data with gaps, and products that would take more memory than the matrix, stay on the
+// matrix.
 class AdaptiveNipals {
  public:
   // `groups` is what the first round will leave out, or nothing.

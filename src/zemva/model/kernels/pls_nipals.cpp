@@ -197,7 +197,8 @@ class PlsComponent {
 }  // namespace
 
 NipalsResult PlsNipals(const ResidualMatrix& x, const ResidualMatrix& y, const LeftOut& left_out,
-                       const PlsSettings& settings, const PlsVectors& vectors, const ProjectionLoops& loops) {
+                       const PlsSettings& settings, const PlsVectors& vectors,
+                       const ProjectionLoops& loops) {
   NipalsResult result{status::kOk, 0};
   result.status = MemoryGuarded([&] {
     return PlsComponent(x, y, left_out, settings, vectors, loops).Fit(result.iterations);

@@ -189,9 +189,8 @@ class RowProducts : public ProductNipals {
         }
         t[i] = of_scores.factors[row_class] * scale * sum;
       }
-      Report(of_scores, settings.score_cap, row_count, [&](std::size_t i) {
-        return t[i] == 0 ? -1 : static_cast<int>(left_out.ClassOf(i));
-      });
+      Report(of_scores, settings.score_cap, row_count,
+             [&](std::size_t i) { return t[i] == 0 ? -1 : static_cast<int>(left_out.ClassOf(i)); });
       score_sums = Compare(t, before);
     } while (loop.GoesOn(score_sums));
     loop.result.status = SetLoadings(left_out, settings, before, loadings);
@@ -396,9 +395,9 @@ class ColumnProducts : public ProductNipals {
         Vector product = Multiply(sums_[c], weight);
         const double squares = std::max(Dot(weight, product), 0.0);
         score_sums.squares += squares;
-        score_sums.change_squares +=
-            is_first ? squares - 2 * Dot(weight, products[c]) + row_squares[c]
-                     : DotOfChanges(weight, weights[c], product, products[c]);
+        score_sums.change_squares += is_first
+                                         ? squares - 2 * Dot(weight, products[c]) + row_squares[c]
+                                         : DotOfChanges(weight, weights[c], product, products[c]);
         row_squares[c] = squares;
         weights[c] = std::move(weight);
         products[c] = std::move(product);
@@ -564,8 +563,8 @@ bool ProductNipals::IsUpToDate(const ResidualMatrix& residuals) const {
          trace > kLeastShare * initial_trace_;
 }
 
-// E - t p' has the products S - a v' - v a' + (x'v) a a' with v = S x: for rows a = t and x such that
-// S x = E p, for columns a = x = p.
+// E - t p' has the products S - a v' - v a' + (x'v) a a' with v = S x: for rows a = t and x such
+// that S x = E p, for columns a = x = p.
 void ProductNipals::TakeOff() {
   for (ProductSums& sums : sums_) {
     Vector v = Multiply(sums, x_);

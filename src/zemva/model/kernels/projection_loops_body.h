@@ -48,8 +48,8 @@ void Add(const float* const* rows, const double* scores, std::size_t length, dou
   }
 }
 
-void DotOfDoubles(const double* rows, std::size_t stride, const double* weights,
-                  std::size_t length, double* sums) {
+void DotOfDoubles(const double* rows, std::size_t stride, const double* weights, std::size_t length,
+                  double* sums) {
   Double8 lanes[kBlockRows] = {};
   for (std::size_t j = 0; j < length; j += kLaneCount) {
     const Double8 weight = Load(weights + j);
@@ -60,9 +60,8 @@ void DotOfDoubles(const double* rows, std::size_t stride, const double* weights,
   for (std::size_t r = 0; r < kBlockRows; ++r) sums[r] = Total(lanes[r]);
 }
 
-constexpr ProjectionLoops kProjectionLoops{{Dot<1>, Dot<2>, Dot<3>, Dot<4>},
-                                           {Add<1>, Add<2>, Add<3>, Add<4>},
-                                           DotOfDoubles};
+constexpr ProjectionLoops kProjectionLoops{
+    {Dot<1>, Dot<2>, Dot<3>, Dot<4>}, {Add<1>, Add<2>, Add<3>, Add<4>}, DotOfDoubles};
 
 }  // namespace
 }  // namespace zemva

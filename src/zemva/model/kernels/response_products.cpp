@@ -44,14 +44,16 @@ ResponseProducts::ResponseProducts(const ResidualMatrix& x, const ResidualMatrix
     }
   };
   // S = E'F and F'F
-  ForEachBlock(x, left_out, [&](const float* const* rows, const std::size_t* at, std::size_t count) {
-    for (std::size_t m = 0; m < response_count; ++m) {
-      double factors[kBlockRows] = {};
-      for (std::size_t r = 0; r < count; ++r) factors[r] = static_cast<double>(y.Row(at[r])[m]);
-      loops.add[count - 1](rows, factors, stride_, s_.Data() + m * stride_, 0);
-    }
-    for (std::size_t r = 0; r < count; ++r) add_products(of_f_, y.Row(at[r]));
-  });
+  ForEachBlock(x, left_out,
+               [&](const float* const* rows, const std::size_t* at, std::size_t count) {
+                 for (std::size_t m = 0; m < response_count; ++m) {
+                   double factors[kBlockRows] = {};
+                   for (std::size_t r = 0; r < count; ++r)
+                     factors[r] = static_cast<double>(y.Row(at[r])[m]);
+                   loops.add[count - 1](rows, factors, stride_, s_.Data() + m * stride_, 0);
+                 }
+                 for (std::size_t r = 0; r < count; ++r) add_products(of_f_, y.Row(at[r]));
+               });
   // Z = E S and Z'Z
   std::vector<double> z(response_count);
   ForEachBlock(x, left_out, [&](const float* const* rows, const std::size_t*, std::size_t count) {
@@ -66,8 +68,8 @@ ResponseProducts::ResponseProducts(const ResidualMatrix& x, const ResidualMatrix
   });
   for (std::size_t m = 0; m < response_count; ++m) {
     for (std::size_t n = 0; n < response_count; ++n) {
-      of_s_.elements[m * response_count + n] = Dot(s_.Values().subspan(m * stride_, stride_),
-                                                   s_.Values().subspan(n * stride_, stride_));
+      of_s_.elements[m * response_count + n] =
+          Dot(s_.Values().subspan(m * stride_, stride_), s_.Values().subspan(n * stride_, stride_));
     }
   }
 }

@@ -13,8 +13,8 @@
 
 namespace zemva {
 
-// Of E, N by K, and F, N by M, without gaps and over the rows that are not left out, the products in
-// which the iteration of PlsNipals can run when M is small: with u = F g,
+// Of E, N by K, and F, N by M, without gaps and over the rows that are not left out, the products
+// in which the iteration of PlsNipals can run when M is small: with u = F g,
 //
 //   |E'u|^2 = g'S'S g,  t't = g'Z'Z g / |E'u|^2,  F't = S'S g / |E'u|,  u'u = g'F'F g
 //

@@ -14,7 +14,7 @@ short GetGroupCount(short asked, int column_count, ModelLog* log) {
     if (++count > std::numeric_limits<short>::max()) return 0;
     if (log == nullptr) continue;
     log->Write("NCV is incremented to " + std::to_string(count) +
-              " to make all var.s participate in each CV round.\n");
+               " to make all var.s participate in each CV round.\n");
   }
   return static_cast<short>(count);
 }

@@ -66,13 +66,13 @@ int PCModel::Fit(CompInfo& component) {
   GetX().GetResiduals().CopyStart(static_cast<std::size_t>(largest), component.t.Values());
   std::optional<GroupLabels> groups;
   if (GetValidation(GetOptions(), true).is_cross_validated) groups = MakeGroups();
-  return FitWhole(groups ? groups->GetLeftOut(static_cast<std::size_t>(GetNObs())) : LeftOut(), component);
+  return FitWhole(groups ? groups->GetLeftOut(static_cast<std::size_t>(GetNObs())) : LeftOut(),
+                  component);
 }
 
 int PCModel::FitWhole(const LeftOut& groups, CompInfo& component) {
-  const NipalsResult result =
-      iteration_->Fit(GetX().GetResiduals(), groups, MakeSettings(1.0), component.t.Values(),
-                      component.p.Values());
+  const NipalsResult result = iteration_->Fit(GetX().GetResiduals(), groups, MakeSettings(1.0),
+                                              component.t.Values(), component.p.Values());
   component.iteration_count =
       static_cast<short>(std::min<int>(result.iterations, std::numeric_limits<short>::max()));
   return result.status == status::kOk ? Finish(component.p, component.t) : result.status;

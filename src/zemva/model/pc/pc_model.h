@@ -53,7 +53,8 @@ class ZEMVA_API PCModel : public Model {
   }
 
  private:
-  // The groups of cross-validation, without changing the options; none for more than a short counts.
+  // The groups of cross-validation, without changing the options; none for more than a short
+  // counts.
   std::optional<GroupLabels> MakeGroups() const;
   // Fits loadings and scores, which hold what to start from: the component, with the rounds to
   // follow leaving out such groups, or in one of these.

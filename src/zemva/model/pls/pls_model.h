@@ -29,8 +29,8 @@ using PLSCompInfo = CompInfo;
 //
 //   T = X W*,  W* = W (P'W)^-1,  Y = X B + F,  B = W* C'
 //
-// Without missing values the scores are orthogonal and the weights orthonormal. In models of classes
-// Y has a column for each class.
+// Without missing values the scores are orthogonal and the weights orthonormal. In models of
+// classes Y has a column for each class.
 class ZEMVA_API PLSModel : public Model {
  public:
   PLSModel(ModelOwner* owner, EModType type, StreamWindow& window, ModOpt* options, char selector);

@@ -33,6 +33,10 @@ class ColumnPlan {
 
   // The positions of the variables whose columns Apply starts from, ascending.
   const std::vector<short>& GetSources() const { return sources_; }
+  // Those of the tables given that it takes: a plan that is made of them is the same.
+  const LagInfo& GetLags() const { return *lags_; }
+  const TraInfo& GetTransformations() const { return *transformations_; }
+  const ExpInfo& GetTerms() const { return *terms_; }
 
   // Turns a matrix with the columns of the sources into one with the wanted columns. `excluded` has
   // a byte for each row, which becomes 1 where a present value was lost. 8002 and the codes of the

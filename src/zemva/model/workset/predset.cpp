@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "zemva/base/positions.h"
 #include "zemva/data/names.h"
 #include "zemva/data/selection.h"
 #include "zemva/errors/listing.h"
@@ -27,20 +28,29 @@ NameOrder OrderOfNames(const VarInfo& variables) {
 }  // namespace
 
 Predset::Predset(const char* name, Dataset& dataset, const Workset& workset)
-    : name_(name), dataset_(dataset), workset_(workset) {
+    : name_(name), dataset_(dataset), workset_(&workset), workset_variables_(workset.variables_) {
   status_ = MemoryGuarded([&] { return Init(); });
 }
 
+Predset::Predset(const char* name, Dataset& dataset, const VarInfo& variables)
+    : name_(name), dataset_(dataset), workset_(nullptr), workset_variables_(variables) {
+  status_ = MemoryGuarded([&] { return Init(); });
+}
+
+bool Predset::IsOfWorkset(const ObsInfo& own, const VarInfo& variables) const {
+  return workset_ != nullptr && &dataset_ == &workset_->GetDataset() &&
+         own.GetNItm() == workset_->GetNObsDS() && variables.GetNVar() == workset_->GetNVarDS();
+}
+
 int Predset::Init() {
+  if (workset_variables_.GetStatus() != status::kOk) return workset_variables_.GetStatus();
   if (!dataset_.IsLoaded()) {
     const int status = dataset_.Load();
     if (status != status::kOk) return status;
   }
   ObsInfo observations = CompleteObsInfo(dataset_.GetOIPtr(), dataset_.GetNObsDS());
   VarInfo variables = CompleteVarInfo(dataset_.GetVIPtr(), dataset_.GetNVarDS());
-  is_of_workset_ = &dataset_ == &workset_.GetDataset() &&
-                   observations.GetNItm() == workset_.GetNObsDS() &&
-                   variables.GetNVar() == workset_.GetNVarDS();
+  is_of_workset_ = IsOfWorkset(observations, variables);
   columns_ = is_of_workset_ ? Identity(variables.GetNVar()) : MatchVars(variables);
   is_in_.assign(static_cast<std::size_t>(observations.GetNItm()), true);
   // Without observations the rest is not used: they come last.
@@ -50,8 +60,8 @@ int Predset::Init() {
 }
 
 std::vector<short> Predset::MatchVars(const VarInfo& own) const {
-  std::vector<short> columns(static_cast<std::size_t>(workset_.GetNVarDS()), 0);
-  const NameOrder wanted_names = OrderOfNames(workset_.variables_);
+  std::vector<short> columns(static_cast<std::size_t>(workset_variables_.GetNVar()), 0);
+  const NameOrder wanted_names = OrderOfNames(workset_variables_);
   const NameOrder own_names = OrderOfNames(own);
   // Both are in order, so that equal names meet, each pair once.
   auto wanted = wanted_names.GetEntries().begin();
@@ -65,6 +75,19 @@ std::vector<short> Predset::MatchVars(const VarInfo& own) const {
     if (order >= 0) ++found;
   }
   return columns;
+}
+
+bool Predset::IsFor(const Preparation& preparation) const {
+  if (preparation.workset != nullptr) return preparation.workset == workset_;
+  const VarInfo& variables = *preparation.dataset_variables;
+  if (variables.GetNVar() != workset_variables_.GetNVar()) return false;
+  for (const short j : PositionsUpTo(variables.GetNVar())) {
+    const std::string_view name = variables.GetVNam(j);
+    const bool is_same = variables.GetVNum(j) == workset_variables_.GetVNum(j) &&
+                         name == workset_variables_.GetVNam(j);
+    if (!is_same) return false;
+  }
+  return true;
 }
 
 short Predset::GetNObs() const {
@@ -90,16 +113,18 @@ DataSource Predset::MakeSource() const {
 }
 
 SetVectors Predset::MakeVectors() const {
-  return SetVectors(CEDatType::Predset, number_, workset_, MakeSource());
+  return SetVectors(CEDatType::Predset, number_, *workset_, MakeSource());
 }
 
 int Predset::GetXFVector(const VecSpec* spec, XFVector*& vector) {
   vector = nullptr;
+  if (workset_ == nullptr) return status_ = status::mva::kWorksetNotAvailable;
   return status_ = MemoryGuarded([&] { return DeliverXFVector(MakeVectors(), spec, vector); });
 }
 
 int Predset::GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number) {
   vector = nullptr;
+  if (workset_ == nullptr) return status_ = status::mva::kWorksetNotAvailable;
   return status_ = MemoryGuarded(
              [&] { return DeliverXSVector(MakeVectors(), spec, vector, is_by_number); });
 }
@@ -115,7 +140,7 @@ int Predset::CheckSources(const Preparation& preparation, StreamWindow& window) 
     if (is_there(j)) continue;
     Listing(window)
         .Text("Variable ")
-        .Text(workset_.GetVNam(j))
+        .Text(workset_variables_.GetVNam(j))
         .Text(" is not in the data set, its values are missing.")
         .EndLine();
   }
@@ -125,14 +150,14 @@ int Predset::CheckSources(const Preparation& preparation, StreamWindow& window) 
 int Predset::MakeClassMatrix(const VarInfo& classes, std::unique_ptr<XFMatrix>& matrix) const {
   std::vector<char> row_classes;
   for (const short i : Positions(SelectObs())) {
-    row_classes.push_back(is_of_workset_ ? workset_.GetOClass(i) : Workset::kNoClass);
+    row_classes.push_back(is_of_workset_ ? workset_->GetOClass(i) : Workset::kNoClass);
   }
   return Workset::MakeClassMatrix(row_classes, classes, matrix);
 }
 
 int Predset::MakeMatrix(const Preparation& preparation, StreamWindow& window,
                         std::unique_ptr<XFMatrix>& matrix) const {
-  if (preparation.workset != &workset_) return status::mva::kInconsistentWorksets;
+  if (!IsFor(preparation)) return status::mva::kInconsistentWorksets;
   if (GetNObs() == 0) return status::mva::kTooFewObservations;
   if (preparation.plan == nullptr) return MakeClassMatrix(preparation.variables, matrix);
   const int status = CheckSources(preparation, window);
@@ -165,7 +190,7 @@ I2Vector* Predset::ExtObsIx() {
 
 I1Vector* Predset::ExtMembership(const Preparation& preparation) {
   return HandOver<I1Vector>(status_, [&](auto& memberships) {
-    if (preparation.workset != &workset_) return status::mva::kInconsistentWorksets;
+    if (!IsFor(preparation)) return status::mva::kInconsistentWorksets;
     const std::vector<short> rows = Positions(SelectObs());
     memberships = std::make_unique<I1Vector>(static_cast<int>(rows.size()), kNotSelected);
     if (memberships->GetStatus() != status::kOk) return status::mva::kMemory;

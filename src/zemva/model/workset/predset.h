@@ -33,6 +33,9 @@ class ZEMVA_API Predset {
   // All observations are in. Loads the data set, which like the work set must outlive the
   // prediction set; where that fails the status is the code of Load and there are no observations.
   Predset(const char* name, Dataset& dataset, const Workset& workset);
+  // The same for models that were read from files and have no work set: `variables` are those of
+  // the data set that they were made of, no observation is a member and none has a class.
+  Predset(const char* name, Dataset& dataset, const VarInfo& variables);
   Predset(const Predset&) = delete;
   Predset& operator=(const Predset&) = delete;
 
@@ -55,11 +58,17 @@ class ZEMVA_API Predset {
   bool IsObsIn(short i) const;
   int SetIsObsIn(short i, bool is_in);
 
+  // Write which observations are in, and the name, to a prediction set file, and take them over
+  // from one. 8046 where that was of another number of observations. The codes of Model::Save and
+  // Model::Read. Messages go to the window.
+  int Save(const char* path, StreamWindow& window);
+  int Load(const char* path, StreamWindow& window);
+
   // --- Vectors ---
 
   // Of the observations that are in, what the work set's functions give of its own: "VarPS3",
   // "ObsPS5", "Num" and "Time". Variables are those of the work set; one that the data set has not
-  // is missing.
+  // is missing. 8011 where there is no work set.
   int GetXFVector(const VecSpec* spec, XFVector*& vector);
   int GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number);
 
@@ -76,9 +85,10 @@ class ZEMVA_API Predset {
   // Dataset, as for the variables, and the work set puts the observation into one of the classes of
   // the model; the row is missing otherwise.
   //
-  // 8040 for the preparation of another work set; 8020 where no observation is in; 8033 where X has
-  // nothing of the data set, while such a Y is missing throughout; 8046 when the data set has other
-  // observations or variables than it had; the code of Load when it has to be loaded and cannot.
+  // 8040 for the preparation of another work set, or of other variables than the work set's; 8020
+  // where no observation is in; 8033 where X has nothing of the data set, while such a Y is missing
+  // throughout; 8046 when the data set has other observations or variables than it had; the code of
+  // Load when it has to be loaded and cannot.
   XFMatrix* ExtMatrix(const Preparation& preparation, StreamWindow& window);
   ObsInfo* ExtObsInfo();
   // The positions of the observations in the data set.
@@ -89,7 +99,11 @@ class ZEMVA_API Predset {
 
  private:
   int Init();
+  // Whether the work set, if there is one, is of the same Dataset, of the same size.
+  bool IsOfWorkset(const ObsInfo& own, const VarInfo& variables) const;
   std::vector<short> MatchVars(const VarInfo& own) const;
+  // Whether the preparation is of the work set or, where it was read, of the same variables.
+  bool IsFor(const Preparation& preparation) const;
   bool IsObs(int i) const { return i >= 1 && i <= GetNObsDS(); }
   XI1Vector SelectObs() const;
   DataSource MakeSource() const;
@@ -102,7 +116,8 @@ class ZEMVA_API Predset {
   FixedText<24> name_;
   short number_ = 0;
   Dataset& dataset_;
-  const Workset& workset_;
+  const Workset* workset_;     // may be null
+  VarInfo workset_variables_;  // of its data set
   // Whether both sets are of the same Dataset, of the same size.
   bool is_of_workset_ = false;
   ObsInfo observations_{"ObsInfo"};

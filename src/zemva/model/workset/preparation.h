@@ -16,11 +16,13 @@ class Workset;
 // How a block was made of a data set when it was taken out of the work set: what is set there later
 // changes nothing here.
 struct Preparation {
-  // Whose it is, to be compared alone.
+  // Whose it is, to be compared alone; null where the model was read from a file.
   const Workset* workset;
   EBlock block;
   // A byte for each observation of the work set's data set, 1 for those that were taken.
   XI1Vector members;
+  // All variables of that data set.
+  std::shared_ptr<VarInfo> dataset_variables;
   // A row for each column.
   VarInfo variables;
   // How the columns are made; null where they stand for classes.

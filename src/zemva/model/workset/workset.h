@@ -30,6 +30,7 @@ class ColumnPlan;
 class SetVectors;
 struct DataSource;
 struct Preparation;
+struct WorksetRecord;
 
 // Which block a variable belongs to.
 enum class EVarRole : char { kExcluded = 0, kX = 1, kY = 2 };
@@ -80,6 +81,17 @@ class ZEMVA_API Workset {
   void SetIsFrozen(bool is_frozen) { is_frozen_ = is_frozen; }
 
   int GetStatus() const { return status_; }
+
+  // --- On disk (workset_storage.cpp, workset_record.cpp) ---
+
+  // Writes all that is set here to a work set file, which is made or replaced whole, and takes over
+  // what such a file says, name included. 8046 where that was of other observations, by number, or
+  // other variables, by number and name, than there are. The codes of Model::Save and Model::Read.
+  int Save(const char* path);
+  int Load(const char* path);
+  // Throws std::bad_alloc.
+  WorksetRecord MakeRecord() const;
+  int TakeRecord(const WorksetRecord& record);
 
   // --- Observations ---
 
@@ -262,6 +274,9 @@ class ZEMVA_API Workset {
   bool IsFactor(int j) const { return j >= 1 && j <= variables_.GetNVar() + lags_.GetNItm(); }
   template <typename Row>
   int Append(VariableTable<Row>& table, const Row& row, short source);
+
+  // workset_record.cpp
+  bool HasDataOf(const WorksetRecord& record) const;
 
   // workset_preprocess.cpp
   int Freeze(short j);

@@ -1,0 +1,40 @@
+// Reads any bytes as a model file, asks what came for all that it answers, and has it predict.
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "memory_file.h"
+#include "support/model_answers.h"
+#include "zemva/data/dataset.h"
+#include "zemva/model/driver/model.h"
+#include "zemva/model/workset/predset.h"
+
+namespace {
+
+// Three observations of the variables of the model, all 1.
+std::unique_ptr<zemva::Dataset> Observations(const zemva::VarInfo& variables) {
+  auto* const matrix = new zemva::XFMatrix("Data", 3, variables.GetNVar(), 1.0f);
+  matrix->SetActValInfo();
+  // The data set takes both over.
+  return std::make_unique<zemva::Dataset>("Three", "", zemva::GlobalStreamWindow(), matrix, nullptr,
+                                          new zemva::VarInfo(variables));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  static MemoryFile file;
+  file.Rewrite(bytes, size);
+  int status = 0;
+  const std::unique_ptr<zemva::Model> model(
+      zemva::Model::Read(file.GetPath(), nullptr, zemva::GlobalStreamWindow(), nullptr, status));
+  if (model == nullptr) return 0;
+  if (model->GetVarInfoDS() != nullptr) {
+    const auto observations = Observations(*model->GetVarInfoDS());
+    zemva::Predset predset("PS", *observations, *model->GetVarInfoDS());
+    model->ExecPS(predset);
+  }
+  model->ExecLS(char{0});
+  zemva::test::AnswersOf(*model);
+  return 0;
+}

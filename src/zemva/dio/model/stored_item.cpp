@@ -1,0 +1,76 @@
+#include "zemva/dio/model/stored_item.h"
+
+#include <utility>
+
+namespace zemva {
+namespace {
+
+// The room that was asked for, which there is or not.
+template <class Object>
+Object& Made(Object& object) {
+  if (object.GetStatus() != status::kOk) throw std::bad_alloc();
+  return object;
+}
+
+// The extents of a matrix; 0 where the payload has no such numbers. Rows without columns would be
+// room that no bytes stand for.
+template <PayloadNumber Number>
+std::pair<int, int> TakeSize(PayloadReader& payload) {
+  const int row_count = payload.GetExtent(0);
+  const int column_count = payload.GetExtent(1);
+  const std::int64_t count = std::int64_t{row_count} * column_count;
+  if (count > 0 && payload.Has<Number>(count)) return {row_count, column_count};
+  payload.Fail();
+  return {0, 0};
+}
+
+}  // namespace
+
+void AddVector(const XFVector& vector, PayloadWriter& payload) {
+  payload.AddExtent(vector.NVal());
+  payload.Add(vector.Values());
+}
+
+void TakeVector(PayloadReader& payload, XFVector& vector) {
+  const int length = payload.GetExtent(0);
+  if (!payload.Has<float>(length)) return;
+  XFVector read(vector.GetName(), length, 0.0f);
+  payload.Take(Made(read).Values());
+  read.SetActValInfo();
+  vector = read;
+  Made(vector);
+}
+
+void AddMatrix(const XFMatrix& matrix, PayloadWriter& payload) {
+  payload.AddExtent(matrix.NRow());
+  payload.AddExtent(matrix.NCol());
+  payload.AddText(matrix.GetName());
+  for (int i = 1; i <= matrix.NRow(); ++i) payload.Add(matrix.Row(i));
+}
+
+XFMatrix TakeMatrix(PayloadReader& payload) {
+  FixedText<24> name;
+  payload.TakeText(name);
+  const auto [row_count, column_count] = TakeSize<float>(payload);
+  XFMatrix matrix(name.Get(), row_count, column_count, 0.0f);
+  Made(matrix);
+  for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
+  matrix.SetActValInfo();
+  return matrix;
+}
+
+void AddDoubles(const DMatrix& matrix, PayloadWriter& payload) {
+  payload.AddExtent(matrix.NRow());
+  payload.AddExtent(matrix.NCol());
+  for (int i = 1; i <= matrix.NRow(); ++i) payload.Add(matrix.Row(i));
+}
+
+DMatrix TakeDoubles(PayloadReader& payload) {
+  const auto [row_count, column_count] = TakeSize<double>(payload);
+  DMatrix matrix(row_count, column_count, 0.0);
+  Made(matrix);
+  for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
+  return matrix;
+}
+
+}  // namespace zemva

@@ -1,0 +1,110 @@
+// What a file keeps of Model.
+#include "zemva/model/driver/model_record.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <vector>
+
+#include "zemva/base/positions.h"
+#include "zemva/errors/status.h"
+#include "zemva/model/block/data_block.h"
+#include "zemva/model/driver/model.h"
+
+namespace zemva {
+namespace {
+
+// The results, named after the components in use.
+DistanceResults Renamed(const DistanceResults& results, const char* distance_name,
+                        const char* probability_name, int component_count) {
+  DistanceResults renamed(distance_name, probability_name, component_count,
+                          results.distances.NVal());
+  const auto copy = [](const XFVector& from, XFVector& to) {
+    std::ranges::copy(from.Values(), to.Values().begin());
+    to.SetActValInfo();
+  };
+  copy(results.distances, renamed.distances);
+  copy(results.probabilities, renamed.probabilities);
+  renamed.limits = results.limits;
+  return renamed;
+}
+
+}  // namespace
+
+ModelRecord Model::MakeRecord() const {
+  ModelRecord record;
+  record.type = type_;
+  record.selector = selector_;
+  record.header = header_;
+  record.dataset_name = dataset_name_;
+  record.options = *options_;
+  record.loading_limit = GetLoadingLimit();
+  record.row_count = GetNObs();
+  record.component_count = static_cast<short>(GetComponentCount());
+  record.a0 = static_cast<short>(a0_);
+  record.is_overrun = is_overrun_;
+  record.is_search_over = is_search_over_;
+  record.observations = observations_;
+  record.classes = classes_;
+  record.x = x_->MakeRecord();
+  if (HasY()) record.y = y_->MakeRecord();
+  if (x_->HasPreparation()) {
+    const Preparation& preparation = x_->GetPreparation();
+    const std::span<const char> members = preparation.members.Values();
+    record.members.assign(members.begin(), members.end());
+    record.dataset_variables = preparation.dataset_variables;
+  }
+  record.components = components_;
+  record.results = workset_results_;
+  return record;
+}
+
+void Model::TakeRecord(const ModelRecord& record) {
+  XI1Vector members("Selection", static_cast<int>(record.members.size()), char{0});
+  if (members.GetStatus() != status::kOk) throw std::bad_alloc();
+  std::ranges::copy(record.members, members.Values().begin());
+  const auto make_block = [&](const BlockRecord& block) {
+    return std::make_unique<DataBlock>(type_, block, members, record.dataset_variables);
+  };
+  auto x = make_block(record.x);
+  auto y = HasY() ? make_block(record.y) : nullptr;
+  std::vector<CompInfo> components = record.components;
+  int a = 0;
+  for (CompInfo& component : components) {
+    ++a;
+    if (component.y) component.y->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+  }
+  std::optional<WorksetResults> results = record.results;
+  if (results) {
+    const int used = results->x.component_count;
+    results->x = Renamed(results->x, "DModX", "PModX", used);
+    if (results->y) results->y = Renamed(*results->y, "DModY", "PModY", used);
+  }
+
+  header_ = record.header;
+  dataset_name_ = record.dataset_name;
+  *options_ = record.options;
+  options_->SetCompLimLoa(record.loading_limit);
+  observations_ = record.observations;
+  classes_ = record.classes;
+  x_ = std::move(x);
+  y_ = std::move(y);
+  components_ = std::move(components);
+  workset_results_ = std::move(results);
+  // The numbers of a row are those of its position in the data set.
+  short row = 0;
+  for (const short i : PositionsUpTo(members.NVal())) {
+    if (observations_ != nullptr && members[i] != 0) observations_->SetINum(++row, i);
+  }
+  if (observations_ != nullptr) observations_->ClearIsModified();
+  a0_ = record.a0;
+  is_overrun_ = record.is_overrun;
+  is_search_over_ = record.is_search_over;
+  status_ = is_search_over_ ? status::mva::kComponentAborted : status::kOk;
+}
+
+VarInfo* Model::GetVarInfoDS() const {
+  return x_->HasPreparation() ? x_->GetPreparation().dataset_variables.get() : nullptr;
+}
+
+}  // namespace zemva

@@ -1,0 +1,162 @@
+// Projects in folders.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "model/model_fixture.h"
+#include "support/model_answers.h"
+#include "support/recording_window.h"
+#include "support/temp_folder.h"
+#include "zemva/project/project.h"
+
+namespace zemva {
+namespace {
+
+using test::Noise;
+using test::SmallDataset;
+
+std::string DigitsOf(const Workset& workset) {
+  std::string digits;
+  for (short j = 0; j <= workset.GetNVar() + 1; ++j) {
+    const char* const name = workset.GetVNam(j);
+    digits += std::to_string(workset.GetVNum(j)) + (name == nullptr ? "" : name) + " " +
+              std::to_string(static_cast<int>(workset.GetRole(j))) +
+              std::to_string(int{workset.GetBlock(j)}) + ";";
+  }
+  for (short i = 0; i <= workset.GetNObsDS() + 1; ++i) {
+    digits += std::to_string(workset.IsObsIn(i)) + std::to_string(int{workset.GetOClass(i)});
+  }
+  for (char b = 0; b <= 99; ++b) digits += std::to_string(workset.GetBlockType(b));
+  test::RecordingWindow window;
+  auto show = [&](auto table) { table.ShowAll(window), digits += table.GetNam(); };
+  show(workset.GetLags()), show(workset.GetTerms()), show(workset.GetScalings());
+  show(workset.GetTransformations());
+  return digits + window.log;
+}
+
+class ProjectFolder : public testing::Test {
+ protected:
+  // Two data sets, a work set and a prediction set of each, two models.
+  void Fill(Project& project) {
+    const short first = project.AddDataset(SmallDataset("abcdef", Noise().Table(14, 6)).release());
+    const short other = project.AddDataset(SmallDataset("fedcba", Noise().Table(5, 6)).release());
+    const short workset = project.AddWorkset(first, "First");
+    Workset& set = *project.GetWorkset(workset);
+    set.SetRole(6, EVarRole::kY), set.SetRole(5, EVarRole::kExcluded);
+    set.SetTransformation(1, ETraType::kLinear, 2.0f, 1.0f, 0.0f);
+    set.AddLagged(2, 1), set.AddTerm(1, 7), set.SetOClass(3, 9), set.SetIsObsIn(2, false);
+    set.SetBlock(3, 4, BlkInfo::kFourthRoot), set.SetScaling(4, EScaType::kFreeze);
+    set.SetScaling(3, EScaType::kPar, 2.0f);
+    project.AddWorkset(other, "Second");
+    project.GetPredset(project.AddPredset(other, workset, "PS"))->SetIsObsIn(4, false);
+    for (const EModType type : {EModType::kPC1, EModType::kPLS12}) {
+      const short model = project.AddModel(workset, type, 0);
+      project.GetModel(model)->GetModOpt().SetIsRule(false);
+      project.GetModel(model)->GetModOpt().SetNComp(2);
+      EXPECT_EQ(project.Compute(model), 0);
+    }
+    EXPECT_EQ(project.DelModel(1), 0);
+    EXPECT_EQ(project.ExecPS(2, 1), 0);
+  }
+
+  test::TempFolder folder_;
+  std::string path_ = folder_.Path().string();
+  test::RecordingWindow window_;
+};
+
+TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
+  Project saved("Project", window_);
+  Fill(saved);
+  ASSERT_EQ(saved.Save(path_.c_str()), 0);
+  ASSERT_EQ(saved.Save(path_.c_str()), 0);
+  const test::TempFolder elsewhere;
+  std::filesystem::copy(folder_.Path(), elsewhere.Path());
+  std::filesystem::remove_all(folder_.Path());
+
+  window_.log.clear();
+  Project opened("", window_);
+  ASSERT_EQ(opened.Open(elsewhere.Path().string().c_str()), 0);
+  EXPECT_EQ(window_.log, "");
+  EXPECT_EQ(opened.Open(elsewhere.Path().string().c_str()), 8023);
+  EXPECT_STREQ(opened.GetNam(), "Project");
+  for (const short number : {short{1}, short{2}}) {
+    const Workset& workset = *opened.GetWorkset(number);
+    EXPECT_STREQ(workset.GetNam(), number == 1 ? "First" : "Second");
+    EXPECT_EQ(DigitsOf(workset), DigitsOf(*saved.GetWorkset(number)));
+  }
+  EXPECT_STREQ(opened.GetPredset(1)->GetNam(), "PS");
+  EXPECT_EQ(opened.GetPredset(1)->GetNObs(), 4);
+  EXPECT_EQ(opened.GetModel(1), nullptr);
+  ASSERT_NE(opened.GetModel(2), nullptr);
+  EXPECT_TRUE(opened.GetWorkset(1)->IsFrozen());
+  EXPECT_EQ(opened.ExecPS(2, 1), 0);
+  EXPECT_TRUE(test::AnswersOf(*opened.GetModel(2)->GetModel()) ==
+              test::AnswersOf(*saved.GetModel(2)->GetModel()));
+  // And goes on.
+  for (Project* const project : {&saved, &opened}) {
+    project->GetModel(2)->GetModOpt().SetNComp(3);
+    EXPECT_EQ(project->Compute(2), 0);
+  }
+  EXPECT_EQ(opened.GetModel(2)->GetModel()->GetT(3, 5), saved.GetModel(2)->GetModel()->GetT(3, 5));
+}
+
+TEST_F(ProjectFolder, NamesWhatIsMissingOpensTheRestAndLosesNothing) {
+  Project saved("Project", window_);
+  Fill(saved);
+  ASSERT_EQ(saved.Save(path_.c_str()), 0);
+  std::filesystem::rename(folder_.File("workset2.wks"), folder_.File("away"));
+  std::filesystem::rename(folder_.File("dataset2.vdo"), folder_.File("away.vdo"));
+  window_.log.clear();
+  {
+    Project opened("", window_);
+    ASSERT_EQ(opened.Open(path_.c_str()), 0);
+    EXPECT_EQ(opened.GetDataset(2), nullptr);
+    EXPECT_NE(opened.GetModel(2), nullptr);
+    for (const char* const file : {"dataset2.vdo", "workset2.wks", "predset1.pre"}) {
+      EXPECT_NE(window_.log.find(std::string("Could not open ") + file), std::string::npos) << file;
+    }
+    // What is new takes no missing file's name.
+    EXPECT_EQ(opened.AddWorkset(1, "Third"), 2);
+    ASSERT_EQ(opened.Save(path_.c_str()), 0);
+  }
+  std::filesystem::rename(folder_.File("away"), folder_.File("workset2.wks"));
+  std::filesystem::rename(folder_.File("away.vdo"), folder_.File("dataset2.vdo"));
+  window_.log.clear();
+  Project whole("", window_);
+  ASSERT_EQ(whole.Open(path_.c_str()), 0);
+  EXPECT_EQ(window_.log, "");
+  EXPECT_NE(whole.GetDataset(2), nullptr);
+  EXPECT_NE(whole.GetPredset(1), nullptr);
+  EXPECT_STREQ(whole.GetWorkset(2)->GetNam(), "Second");
+  EXPECT_STREQ(whole.GetWorkset(3)->GetNam(), "Third");
+}
+
+TEST_F(ProjectFolder, RefusesWhatIsNotItsOwn) {
+  Project project("Project", window_);
+  EXPECT_EQ(project.Open(path_.c_str()), 1002);
+  Fill(project);
+  test::WriteBytes(folder_.File("model2.mdl"), "Something of somebody else's");
+  EXPECT_EQ(project.Save(path_.c_str()), 2005);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("project.ini")));
+  const auto other = SmallDataset("abcdeg", Noise().Table(14, 6));
+  Workset workset("WS", *other, window_);
+  EXPECT_EQ(workset.Load(folder_.File("workset1.wks").c_str()), 8046);
+  EXPECT_STREQ(workset.GetNam(), "WS");
+  EXPECT_EQ(workset.Load(folder_.File("dataset1.vdo").c_str()), 2000);
+  // Cut and changed anywhere, a work set is read whole or refused.
+  const std::string whole = test::ReadBytes(folder_.File("workset1.wks"));
+  const std::string path = folder_.File("damaged.wks");
+  Workset& again = *project.GetWorkset(project.AddWorkset(1, "Again"));
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    test::WriteBytes(path, whole.substr(0, i));
+    EXPECT_NE(workset.Load(path.c_str()), 0);
+    std::string damaged = whole;
+    damaged[i] = '\x7f';
+    test::WriteBytes(path, damaged);
+    again.Load(path.c_str());
+  }
+}
+
+}  // namespace
+}  // namespace zemva

@@ -1,0 +1,55 @@
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+# Whether a saved model predicts what it did when it was fitted, to the bit.
+function(expect_same_predictions test)
+  run(0 ${ARGN} --save ${WORK}/model.mdl --test ${test} --out ${WORK}/fitted)
+  run(0 predict ${WORK}/model.mdl ${test} --out ${WORK}/saved)
+  expect("${out}" "Executing PS: Model M1")
+  expect_same_files(${WORK}/fitted/predictions.csv ${WORK}/saved/predictions.csv)
+endfunction()
+
+file(WRITE ${WORK}/test.csv ",,Petal.Width,new,Petal.Length,Sepal.Width,Sepal.Length
+5,average,1.1993333,1,3.758,3.0573333,5.8433332\n6,step,0.7687784,1,2.7333978,,5.4118563\n")
+expect_same_predictions(${WORK}/test.csv pc ${SAMPLES}/iris.vdo)
+expect_same_predictions(${SAMPLES}/airquality.csv pc ${SAMPLES}/airquality.vdo --components 3)
+file(COPY_FILE ${SAMPLES}/mtcars.csv ${WORK}/cars.csv)
+expect_same_predictions(${WORK}/cars.csv pls ${SAMPLES}/mtcars.vdo --y mpg,hp --transform hp=log
+  --lag wt=1,2 --expand "wt*qsec" --components 2)
+expect_same_predictions(${WORK}/test.csv pls ${SAMPLES}/iris.csv --class 1=1-50 --class 2=51-150)
+
+# The listings, the summary, and a model over itself.
+run(0 pc ${SAMPLES}/iris.vdo --save ${WORK}/model.mdl)
+set(fitted "${out}")
+run(0 show ${WORK}/model.mdl)
+string(FIND "${out}" "${fitted}" at)
+if(NOT at EQUAL 0)
+  message(SEND_ERROR "the listing of the saved model is not that of the fitted one:\n${out}")
+endif()
+expect("${out}" "Data for centering.*Component\\[2\\].*Executing WS: Model M1")
+run(0 info ${WORK}/model.mdl)
+expect("${out}" "\n  SignRule2 +i2 +33\n.*\nModel\nType +PC-1\nName +M1\n.*\nData set +iris\n.*\nComponents +2\n$")
+run(0 info ${WORK}/model.mdl --json)
+expect_json(150 Model Observations)
+run(0 predict ${WORK}/model.mdl ${WORK}/test.csv --json)
+expect_json(average 0 ONam)
+
+run(0 vectors ${WORK}/model.mdl --get p[2] --get R2VX[1])
+set(saved "${out}")
+run(0 vectors ${SAMPLES}/iris.vdo pc --get p[2] --get R2VX[1])
+if(NOT out STREQUAL saved)
+  message(SEND_ERROR "the vectors of the saved model are not those of the fitted one:\n${saved}")
+endif()
+run(1 vectors ${WORK}/model.mdl --get XRes1[1])
+expect("${err}" "\\(8009\\)\r?\n$")
+
+# What is none stays, and is none.
+foreach(arguments "show;${SAMPLES}/iris.vdo" "predict;${SAMPLES}/iris.vdo;${WORK}/test.csv")
+  run(1 ${arguments})
+  expect("${err}" "iris.vdo: DIO: Area specification error\\. \\(2000\\)\r?\n$")
+endforeach()
+run(1 pc ${SAMPLES}/iris.vdo --save ${WORK}/test.csv)
+expect("${err}" "test.csv: .*\\(2017\\)\r?\n$")
+run(1 show ${WORK}/none.mdl)
+expect("${err}" "none.mdl: .*\\(2004\\)\r?\n$")
+run(1 predict ${WORK}/model.mdl ${SAMPLES}/mtcars.vdo)
+expect("${err}" "mtcars.vdo: .*\\(8033\\)\r?\n$")

@@ -1,0 +1,32 @@
+#include "model/stored_model.h"
+
+#include "text/messages.h"
+#include "zemva/dio/file/file_contents.h"
+#include "zemva/errors/status.h"
+
+namespace zemva::tools {
+
+bool IsModelFile(const std::string& path) {
+  StreamWindow discard;
+  FileContents contents;
+  GetFileContents(path.c_str(), discard, contents);
+  return !contents.super_items.empty() &&
+         contents.super_items.front().super_item.type == SuperItem::kModel;
+}
+
+std::unique_ptr<Model> ReadModel(const std::string& path, StreamWindow& log) {
+  int status = status::kOk;
+  std::unique_ptr<Model> model(Model::Read(path.c_str(), nullptr, log, nullptr, status));
+  if (model == nullptr) throw Failure(path, status);
+  return model;
+}
+
+void SaveModel(Model& model, const std::string& path) {
+  model.SetModAddr(path.c_str());
+  // A path that was cut would name another file.
+  if (model.GetModAddr() != path) throw Failure(path, "is too long for the path of a model");
+  const int status = model.Save(model.GetModNum());
+  if (status != status::kOk) throw Failure(path, status);
+}
+
+}  // namespace zemva::tools
