@@ -143,9 +143,9 @@ OpenedTable OpenTable(const std::string& path, const CsvOptions& options, Stream
                                 table.observations.get(), table.variables.get());
   if (!opened.dataset->IsLoaded()) throw Failure(path, opened.dataset->GetStatus());
   // The data set has taken them over.
-  table.values.release();
-  table.observations.release();
-  table.variables.release();
+  static_cast<void>(table.values.release());
+  static_cast<void>(table.observations.release());
+  static_cast<void>(table.variables.release());
   opened.classes = std::move(table.classes);
   return opened;
 }

@@ -38,6 +38,7 @@ class NameOrder {
     std::string_view name;
     int position;  // from 1
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the comparison that the compiler writes has a 0 in it
     auto operator<=>(const Entry&) const = default;
   };
 

@@ -161,7 +161,7 @@ Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector)
       plan = std::make_unique<const ColumnPlan>(MakePlan(transformations_, selection.variables));
     }
     preparation = std::make_unique<Preparation>(Preparation{
-        this, block, std::move(selection.observations), std::make_shared<VarInfo>(variables_),
+        this, block, selection.observations, std::make_shared<VarInfo>(variables_),
         std::move(selection.variables), std::move(plan)});
     return status::kOk;
   });
