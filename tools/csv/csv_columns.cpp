@@ -43,14 +43,6 @@ void CsvColumns::AddNumber(std::string name, std::function<float(short)> number)
                       }});
 }
 
-void CsvColumns::AddVectors(const std::string& stem, int a,
-                            std::function<float(char, short)> number) {
-  for (int c = 1; c <= a; ++c) {
-    AddNumber(stem + "[" + std::to_string(c) + "]",
-              [number, c](short i) { return number(static_cast<char>(c), i); });
-  }
-}
-
 bool CsvColumns::WriteTo(const std::string& path, short row_count, char decimal_mark) const {
   AtomicFile file(path);
   if (file.GetStream() == nullptr) return false;

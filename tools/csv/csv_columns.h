@@ -20,8 +20,6 @@ class CsvColumns {
   void AddText(std::string name, std::function<const char*(short)> text);
   // A missing value is an empty cell.
   void AddNumber(std::string name, std::function<float(short)> number);
-  // "t[1]", "t[2]" ... for components 1..a.
-  void AddVectors(const std::string& stem, int a, std::function<float(char, short)> number);
 
   // Replaces a file by the header row and rows 1..row_count. False when it cannot be written.
   bool WriteTo(const std::string& path, short row_count, char decimal_mark) const;

@@ -1,5 +1,7 @@
 #include "model/model_csv.h"
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,6 +10,7 @@
 #include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/missing.h"
+#include "zemva/vectors/vec_spec.h"
 
 namespace zemva::tools {
 namespace {
@@ -34,131 +37,158 @@ Label LabelOf(Dataset& dataset, short i) {
   return status == status::kOk ? Label{number, name} : Label{i, ""};
 }
 
-// Whether the prediction set has a value of a response.
-bool HasObservedResponse(const Model& model, short m) {
-  for (const short i : PositionsUpTo(model.GetNObsPS())) {
-    if (!IsMissing(model.GetYObsPS(i, m))) return true;
-  }
-  return false;
-}
-
 // "YPred(mpg)", in UTF-8.
 std::string OfResponse(const char* what, const Model& model, short m) {
   const char* const name = model.GetVarInfoY()->GetVNam(m);
   return std::string(what) + "(" + Utf8FromCodePage(name == nullptr ? "" : name) + ")";
 }
 
+// Null where the model has no such vector.
+std::shared_ptr<const XFVector> GetVector(const Model& model, const VecSpec& spec) {
+  XFVector* vector = nullptr;
+  model.GetXFVector(&spec, vector);
+  return std::shared_ptr<const XFVector>(vector);
+}
+
+// Columns that are vectors of a model. A row of the table is an element of the vector, or that
+// which a function of it gives, 0 for none.
+class VectorColumns {
+ public:
+  VectorColumns(const Model& model, CsvColumns& columns,
+                std::function<short(short)> element_of = {})
+      : model_(model), columns_(columns), element_of_(std::move(element_of)) {}
+
+  // A column under the name of the type, or of its own.
+  void Add(const VecSpec& spec) { Add(CEVecType::GetString(spec.GetVType()), spec); }
+  void Add(std::string heading, const VecSpec& spec) {
+    AddColumn(std::move(heading), GetVector(model_, spec));
+  }
+  void Add(CEVecType::EVT type) { Add(VecSpec(type)); }
+  // One for each component.
+  void AddEach(CEVecType::EVT type, int component_count) {
+    for (short a = 1; a <= component_count; ++a) {
+      const VecSpec spec(type, 0, a);
+      Add(spec.GetName(), spec);
+    }
+  }
+  // That of a response.
+  void AddOf(short m, const char* what, CEVecType::EVT type,
+             VecSpec::EBlock block = VecSpec::kWhole) {
+    VecSpec spec(type, m);
+    spec.SetBlock(block);
+    Add(OfResponse(what, model_, m), spec);
+  }
+  void AddOf(short m, CEVecType::EVT type) { AddOf(m, CEVecType::GetString(type), type); }
+
+ private:
+  void AddColumn(std::string heading, std::shared_ptr<const XFVector> vector) {
+    columns_.AddNumber(std::move(heading), [vector = std::move(vector), of = element_of_](short i) {
+      return vector == nullptr ? kMissing : vector->GetElement(of ? of(i) : i);
+    });
+  }
+
+  const Model& model_;
+  CsvColumns& columns_;
+  std::function<short(short)> element_of_;
+};
+
+// What component -1 has, the data as loaded.
+VecSpec Loaded(CEVecType::EVT type) {
+  return VecSpec(type, 0, -1);
+}
+
 }  // namespace
+
+using enum CEVecType::EVT;
 
 ResultTable TabulateComponents(const Model& model) {
   CsvColumns columns;
-  const auto add = [&](const char* name, float (Model::*get)(char) const) {
-    columns.AddNumber(name, [&model, get](short a) { return (model.*get)(static_cast<char>(a)); });
-  };
+  VectorColumns vectors(model, columns);
   columns.AddInteger("Comp", [](short a) { return a; });
-  add("R2X", &Model::GetR2AX);
-  add("R2X(cum)", &Model::GetR2X);
-  add("Eig", &Model::GetEig);
-  const bool has_responses = model.GetNVarY() > 0;
-  const auto q2 = has_responses ? &Model::GetQ2AY : &Model::GetQ2AX;
-  add("Q2", q2);
-  columns.AddNumber("Q2lim", [&model, q2](short a) {
-    const auto component = static_cast<char>(a);
-    const bool is_cross_validated = !IsMissing((model.*q2)(component));
-    return is_cross_validated ? model.GetQ2Limit(component) : kMissing;
+  for (const auto type : {R2X, R2XCum, Eig, Q2}) vectors.Add(type);
+  columns.AddNumber("Q2lim", [&model, q2 = GetVector(model, VecSpec(Q2))](short a) {
+    const bool is_cross_validated = q2 != nullptr && !IsMissing(q2->GetElement(a));
+    return is_cross_validated ? model.GetQ2Limit(static_cast<char>(a)) : kMissing;
   });
-  add("Q2(cum)", has_responses ? &Model::GetQ2Y : &Model::GetQ2X);
+  vectors.Add(Q2Cum);
   columns.AddInteger("Iter", [&](short a) { return model.GetNIter(static_cast<char>(a)); });
   columns.AddInteger(
       "Status", [&](short a) { return static_cast<int>(model.GetVerdict(static_cast<char>(a))); });
-  if (has_responses) {
-    add("R2Y", &Model::GetR2AY);
-    add("R2Y(cum)", static_cast<float (Model::*)(char) const>(&Model::GetR2Y));
+  if (model.HasY()) {
+    for (const auto type : {R2Y, R2YCum}) vectors.Add(type);
   }
   return {"components", std::move(columns), model.GetA()};
 }
 
 ResultTable TabulateObservations(const Model& model) {
   CsvColumns columns;
-  const char a = model.GetA();
+  VectorColumns vectors(model, columns);
   columns.AddInteger("ONum", [&](short i) { return model.GetObsInfo()->GetONum(i); });
   columns.AddText("ONam", [&](short i) { return model.GetObsInfo()->GetONam(i); });
-  columns.AddVectors("t", a, [&](char c, short i) { return model.GetT(c, i); });
-  columns.AddNumber("DModX", [&model, a](short i) { return model.GetDModXLS(a, i); });
-  columns.AddNumber("PModX", [&model, a](short i) { return model.GetPModXLS(a, i); });
-  columns.AddNumber("Tsquare", [&model, a](short i) { return model.GetT2LS(a, i); });
-  if (model.GetNVarY() > 0) {
-    columns.AddVectors("u", a, [&](char c, short i) { return model.GetU(c, i); });
-    columns.AddNumber("DModY", [&model, a](short i) { return model.GetDModYLS(a, i); });
+  vectors.AddEach(T, model.GetA());
+  for (const auto type : {DModX, PModX, Tsquare}) vectors.Add(type);
+  if (model.HasY()) {
+    vectors.AddEach(U, model.GetA());
+    vectors.Add(DModY);
   }
   for (const short m : PositionsUpTo(model.GetNVarY())) {
-    columns.AddNumber(OfResponse("YPred", model, m),
-                      [&model, m](short i) { return model.GetYPredLS(i, m); });
+    vectors.AddOf(m, "YPred", VarPred, VecSpec::kY);
   }
   return {"observations", std::move(columns), model.GetNObs()};
 }
 
 ResultTable TabulateVariables(const Model& model) {
   CsvColumns columns;
-  const char a = model.GetA();
+  VectorColumns vectors(model, columns);
   columns.AddInteger("VNum", [&](short k) { return model.GetVarInfoX()->GetVNum(k); });
   columns.AddText("VNam", [&](short k) { return model.GetVarInfoX()->GetVNam(k); });
-  columns.AddNumber("AvgX", [&](short k) { return model.GetAvgX(-1, k); });
-  columns.AddNumber("Weig", [&](short k) { return model.GetWeigX(k); });
-  columns.AddVectors("p", a, [&](char c, short k) { return model.GetP(c, k); });
-  columns.AddNumber("R2VX(cum)", [&model, a](short k) { return model.GetR2VX(a, k); });
-  columns.AddNumber("Q2V(cum)", [&model, a](short k) { return model.GetQ2VX(a, k); });
-  columns.AddNumber("MPowX", [&model, a](short k) { return model.GetMPowX(a, k); });
-  if (model.GetNVarY() > 0) {
-    columns.AddVectors("w", a, [&](char c, short k) { return model.GetW(c, k); });
-    columns.AddVectors("w*", a, [&](char c, short k) { return model.GetWStar(c, k); });
-    columns.AddNumber("VIP", [&model, a](short k) { return model.GetVIP(a, k); });
+  vectors.Add(Loaded(AvgX));
+  vectors.Add("Weig", VecSpec(WsX));
+  vectors.AddEach(P, model.GetA());
+  vectors.Add(R2VXCum);
+  columns.AddNumber(CEVecType::GetString(Q2VCum),
+                    [&](short k) { return model.GetQ2VX(model.GetA(), k); });
+  vectors.Add(MPowX);
+  if (model.HasY()) {
+    for (const auto type : {W, WStar}) vectors.AddEach(type, model.GetA());
+    vectors.Add(VIP);
   }
   for (const short m : PositionsUpTo(model.GetNVarY())) {
-    columns.AddNumber(OfResponse("CoeffCS", model, m),
-                      [&model, a, m](short k) { return model.GetCoeffCS(a, k, m); });
-    columns.AddNumber(OfResponse("Coeff", model, m),
-                      [&model, a, m](short k) { return model.GetCoeff(a, k, m); });
+    vectors.AddOf(m, CoeffCS);
+    vectors.AddOf(m, CEVecType::GetString(Coeff), CoeffC);
   }
   return {"variables", std::move(columns), model.GetNVarX()};
 }
 
 ResultTable TabulateResponses(const Model& model) {
   CsvColumns columns;
-  const char a = model.GetA();
+  VectorColumns vectors(model, columns);
   columns.AddInteger("VNum", [&](short m) { return model.GetVarInfoY()->GetVNum(m); });
   columns.AddText("VNam", [&](short m) { return model.GetVarInfoY()->GetVNam(m); });
-  columns.AddNumber("AvgY", [&](short m) { return model.GetAvgY(-1, m); });
-  columns.AddNumber("Weig", [&](short m) { return model.GetWeigY(m); });
-  columns.AddVectors("c", a, [&](char c, short m) { return model.GetC(c, m); });
-  columns.AddNumber("R2VY(cum)", [&model, a](short m) { return model.GetR2VY(a, m); });
-  columns.AddNumber("Q2V(cum)", [&model, a](short m) { return model.GetQ2VY(a, m); });
-  columns.AddNumber("Const", [&model, a](short m) { return model.GetB0(a, m); });
+  vectors.Add(Loaded(AvgY));
+  vectors.Add("Weig", VecSpec(WsY));
+  vectors.AddEach(C, model.GetA());
+  for (const auto type : {R2VYCum, Q2VCum}) vectors.Add(type);
+  columns.AddNumber("Const", [&](short m) { return model.GetB0(model.GetA(), m); });
   columns.AddNumber("RMSEE", [&](short m) { return model.GetRMSEE(m); });
   return {"responses", std::move(columns), model.GetNVarY()};
 }
 
 ResultTable TabulatePredictions(const Model& model, Dataset& test) {
   CsvColumns columns;
-  const char a = model.GetASelPS();
-  const auto row = [positions = ResultPositions(model, test.GetNObsDS())](short i) {
-    return positions[static_cast<std::size_t>(i)];
-  };
+  VectorColumns vectors(model, columns,
+                        [positions = ResultPositions(model, test.GetNObsDS())](short i) {
+                          return positions[static_cast<std::size_t>(i)];
+                        });
   columns.AddInteger("ONum", [&](short i) { return LabelOf(test, i).number; });
   columns.AddText("ONam", [&](short i) { return LabelOf(test, i).name; });
-  columns.AddVectors("tPS", a,
-                     [&model, row](char c, short i) { return model.GetTPredPS(c, row(i)); });
-  columns.AddNumber("DModXPS", [&model, row, a](short i) { return model.GetDModXPS(a, row(i)); });
-  columns.AddNumber("PModXPS", [&model, row, a](short i) { return model.GetPModXPS(a, row(i)); });
+  vectors.AddEach(TPS, model.GetASelPS());
+  for (const auto type : {DModXPS, PModXPS}) vectors.Add(type);
   for (const short m : PositionsUpTo(model.GetNVarY())) {
-    const auto add = [&](const char* what, float (Model::*get)(short, short) const) {
-      columns.AddNumber(OfResponse(what, model, m),
-                        [&model, row, m, get](short i) { return (model.*get)(row(i), m); });
-    };
-    add("YPredPS", &Model::GetYPredPS);
-    add("SerrLPS", &Model::GetSEYPredLPS);
-    add("SerrUPS", &Model::GetSEYPredUPS);
-    if (HasObservedResponse(model, m)) add("YPS", &Model::GetYObsPS);
+    vectors.AddOf(m, "YPredPS", VarPredPS, VecSpec::kY);
+    for (const auto type : {SerrLPS, SerrUPS}) vectors.AddOf(m, type);
+    const auto observed = GetVector(model, VecSpec(YPS, m));
+    if (observed != nullptr && observed->NValA() > 0) vectors.AddOf(m, YPS);
   }
   return {"predictions", std::move(columns), test.GetNObsDS()};
 }

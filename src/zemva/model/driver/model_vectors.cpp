@@ -26,6 +26,12 @@ VecLabel LabelIn(const ObsInfo* table, int i) {
   return {table->GetONum(Short(i)), table->GetONam(Short(i))};
 }
 
+// What was computed, as it is kept; missing where it is beyond the range of a float.
+float Kept(double value) {
+  const auto kept = static_cast<float>(value);
+  return std::isfinite(kept) ? AsPresent(kept) : kMissing;
+}
+
 // The square root of a mean square.
 float RootOf(float square) {
   return IsMissing(square) ? kMissing : std::sqrt(square);
@@ -258,7 +264,7 @@ float ModelVectors::GetCoeffMR(const VecQuery&, const VecCell& cell) const {
       model_.GetCoeffCS(static_cast<char>(cell.comp), Short(cell.element - 1), Short(cell.of));
   const float weight = model_.GetWeigY(Short(cell.of));
   if (IsMissing(scaled) || weight == 0.0f) return kMissing;
-  return AsPresent(scaled / weight);
+  return Kept(static_cast<double>(scaled) / static_cast<double>(weight));
 }
 
 template <ModelVectors::ByCompAndElement kOfX, ModelVectors::ByCompAndElement kOfY>
@@ -361,7 +367,7 @@ float ModelVectors::GetScaledResidual(const Place& place) const {
     return model_.GetXResPS(place.i, place.k);
   }
   const auto scaled = static_cast<double>(BlockOf(place).CenterAndScale(value, place.k));
-  return AsPresent(static_cast<float>(scaled - predicted));
+  return Kept(scaled - predicted);
 }
 
 // Responses stay transformed where the options do not want them back.
@@ -387,10 +393,9 @@ float ModelVectors::GetPrediction(const VecQuery& query, const VecCell& cell) co
   const Place place = Locate(query, cell);
   const double scaled = Predict(place);
   if (IsMissing(scaled)) return kMissing;
-  if (query.units == CEElmType::Scaled) return AsPresent(static_cast<float>(scaled));
+  if (query.units == CEElmType::Scaled) return Kept(scaled);
   const double restored = BlockOf(place).Restore(scaled, place.k);
-  if (IsMissing(restored)) return kMissing;
-  return InUnits(query.units, place, AsPresent(static_cast<float>(restored)));
+  return IsMissing(restored) ? kMissing : InUnits(query.units, place, Kept(restored));
 }
 
 float ModelVectors::GetResidual(const VecQuery& query, const VecCell& cell) const {
@@ -404,7 +409,7 @@ float ModelVectors::GetResidual(const VecQuery& query, const VecCell& cell) cons
                             ? RootOf(model_.GetStage(place.block, place.a)->s2v[place.k])
                             : block.GetInfo()->weights[place.k];
   if (IsMissing(divisor) || divisor == 0.0f) return kMissing;
-  const float residual = AsPresent(scaled / divisor);
+  const float residual = Kept(static_cast<double>(scaled) / static_cast<double>(divisor));
   const bool is_difference = query.units == CEElmType::Plain && block.IsTransformed(place.k);
   if (!is_difference) return residual;
   const float value = GetLoaded(place);
