@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "zemva/errors/listing.h"
 #include "support/recording_window.h"
+#include "zemva/errors/listing.h"
 
 namespace zemva {
 namespace {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "zemva/base/export.h"
-#include "zemva/dio/file/dio_file.h"
 #include "zemva/dio/dataset/dio_item.h"
+#include "zemva/dio/file/dio_file.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/numeric/x_matrix.h"
 #include "zemva/numeric/x_vector.h"

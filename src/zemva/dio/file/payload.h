@@ -18,8 +18,7 @@ namespace zemva {
 
 // What a payload can be made of: numbers as they lie in memory, which is little-endian.
 template <typename T>
-concept PayloadNumber =
-    std::same_as<T, char> || std::same_as<T, short> || std::same_as<T, float> ||
+concept PayloadNumber = std::same_as<T, char> || std::same_as<T, short> || std::same_as<T, float> ||
     std::same_as<T, double>;
 
 // Whether the floats of a payload may leave the range of a float, as sums of squares of the data as

@@ -58,14 +58,10 @@ void TakeTable(PayloadReader& payload, std::shared_ptr<BlkInfo>& table);
 // A table that is null is not there. `Access` gives the std::shared_ptr to it.
 template <class Table, class Record, class Access>
 constexpr StoredItem<Record> TableItem(ItemName name, Access /*access*/) {
-  return {name, kTableTag<Table>,
-          [](const Record& record) { return Access{}(record) != nullptr; },
-          [](const Record& record, PayloadWriter& payload) {
-            AddTable(*Access{}(record), payload);
-          },
-          [](Record& record, PayloadReader& payload) {
-            TakeTable(payload, Access{}(record));
-          }};
+  return {
+      name, kTableTag<Table>, [](const Record& record) { return Access{}(record) != nullptr; },
+      [](const Record& record, PayloadWriter& payload) { AddTable(*Access{}(record), payload); },
+      [](Record& record, PayloadReader& payload) { TakeTable(payload, Access{}(record)); }};
 }
 
 }  // namespace zemva

@@ -22,8 +22,8 @@ struct CentInfo {
   XFVector largest;             // "MaxX[-1]"
   std::vector<int> row_counts;  // the present values of each row, and of each column
   std::vector<int> column_counts;
-  Stage loaded;                 // stage -1
-  Stage centred;                // stage 0
+  Stage loaded;   // stage -1
+  Stage centred;  // stage 0
 };
 
 }  // namespace zemva

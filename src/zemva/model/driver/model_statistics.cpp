@@ -57,8 +57,8 @@ const Stage* Model::GetStage(EBlock block, int a) const {
   return block == EBlock::kX ? &component->x : &*component->y;
 }
 
-// R2 = (SS of stage `from` - SS of stage `to`) / SS of stage 0, or the same with variances: 1 - what
-// is left, where `from` is 0.
+// R2 = (SS of stage `from` - SS of stage `to`) / SS of stage 0, or the same with variances: 1 -
+// what is left, where `from` is 0.
 float Model::GetExplained(EBlock block, float Stage::*sum, int from, int to) const {
   const auto value = [&](int a) { return Field(GetStage(block, a), sum); };
   return from < 0 ? kMissing : Explained(value(0), value(from), value(to));

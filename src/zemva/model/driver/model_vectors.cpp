@@ -126,8 +126,8 @@ int ModelVectors::Check(const VecRow& row) const {
       row.state == EVecState::kData && row.units.Has(CEElmType::Standardized);
   // A model that was read has the tables and Y, but not X.
   const auto is_of = [&](EVecAxis axis) { return row.along == axis || row.of == axis; };
-  const bool is_of_x = row.state == EVecState::kData &&
-                       (is_of(EVecAxis::kVarsX) || is_of(EVecAxis::kVars));
+  const bool is_of_x =
+      row.state == EVecState::kData && (is_of(EVecAxis::kVarsX) || is_of(EVecAxis::kVars));
   const bool has_values = is_of_x ? model_.IsLoaded() : HasTables();
   const bool has_data = is_of_residuals ? model_.x_->IsCentred() : has_values;
   if (is_of_data && !has_data) return status::mva::kDataNotAvailable;

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "zemva/errors/memory_guard.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/preprocess/element.h"
 #include "zemva/numeric/missing.h"

@@ -160,9 +160,9 @@ Preparation* Workset::ExtPreparation(EModType type, EBlock block, char selector)
     if (!IsClassBlock(type, block)) {
       plan = std::make_unique<const ColumnPlan>(MakePlan(transformations_, selection.variables));
     }
-    preparation = std::make_unique<Preparation>(Preparation{
-        this, block, selection.observations, std::make_shared<VarInfo>(variables_),
-        std::move(selection.variables), std::move(plan)});
+    preparation = std::make_unique<Preparation>(
+        Preparation{this, block, selection.observations, std::make_shared<VarInfo>(variables_),
+                    std::move(selection.variables), std::move(plan)});
     return status::kOk;
   });
 }
