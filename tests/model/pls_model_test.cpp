@@ -25,8 +25,6 @@ using test::PLSBench;
 using test::Rows;
 using test::Table;
 
-constexpr float kM = kMissing;
-
 double D(float value) {
   return static_cast<double>(value);
 }

@@ -73,7 +73,7 @@ bool HasResults(const ModelRecord& model) {
 // What was not there until the first of its items came.
 WorksetResults& Results(ModelRecord& model) {
   if (!model.results) {
-    model.results = {DistanceResults("DModX", "PModX", 0, 0), {}, {}};
+    model.results.emplace(0, 0, 0);
     if (model.HasY()) {
       model.results->y.emplace("DModY", "PModY", 0, 0);
       model.results->errors.emplace(0);

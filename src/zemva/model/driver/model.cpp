@@ -161,9 +161,9 @@ int Model::Center() {
       const int status = block->MakeCentred(a0 != 0, log_, centred.emplace_back());
       if (status != status::kOk) return status;
       // A model that was unloaded has them already.
-      for (const CompInfo& component : components_) {
-        centred.back()->GetResiduals().Subtract(component.t.Values(),
-                                                component.LoadingsOf(block->GetBlock()).Values());
+      for (const auto& component : components_) {
+        centred.back()->GetResiduals().Subtract(component->t.Values(),
+                                                component->LoadingsOf(block->GetBlock()).Values());
       }
     }
     x_ = std::move(centred.front());

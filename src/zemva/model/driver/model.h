@@ -525,7 +525,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int CrossValidate(CompInfo& component);
   // Takes the component over and off the residuals, and measures and judges it. It is dropped again
   // where that fails.
-  int AddComp(CompInfo component, const Validation& validation);
+  int AddComp(std::shared_ptr<CompInfo> component, const Validation& validation);
   void DropComp();
   void Measure(CompInfo& component);
   void MeasureWeighted(CompInfo& component);
@@ -592,7 +592,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void SetDistanceY(std::span<const double> residuals, short to);
   void FinishResponses();
   // Of responses first..last.
-  PredictionErrors MakeErrorsLS(short first, short last) const;
+  // Of as many responses as there is room for, from `first` on.
+  void SetErrorsLS(short first, PredictionErrors& errors) const;
 
   // --- Listings (model_listing.cpp, model_listing_results.cpp) ---
 
@@ -612,7 +613,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   std::shared_ptr<ClaInfo> classes_;
   std::unique_ptr<DataBlock> x_;
   std::unique_ptr<DataBlock> y_;
-  std::vector<CompInfo> components_;
+  // Copies of a model share them: once added, a component stays what it is.
+  std::vector<std::shared_ptr<CompInfo>> components_;
   std::optional<WorksetResults> workset_results_;
   std::shared_ptr<Predictions> predictions_;
   int a0_ = 0;

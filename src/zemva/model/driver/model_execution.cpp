@@ -21,11 +21,8 @@ int Model::GetUsed(short asked) const {
 
 int Model::AddLSResults() {
   return Run([&] {
-    const int a = GetUsed(options_->GetAUseLS());
-    workset_results_ = {DistanceResults("DModX", "PModX", a, GetNObs()), {}, {}};
-    if (!HasY()) return status::kOk;
-    workset_results_->y.emplace("DModY", "PModY", a, GetNObs());
-    workset_results_->errors.emplace(MakeErrorsLS(1, GetNVarY()));
+    workset_results_.emplace(GetUsed(options_->GetAUseLS()), GetNObs(), GetNVarY());
+    if (workset_results_->errors) SetErrorsLS(1, *workset_results_->errors);
     return status::kOk;
   });
 }

@@ -31,7 +31,7 @@ std::string Label(int a) {
 
 const CompInfo* Model::GetComponent(int a) const {
   const bool is_there = a >= 1 && a <= GetComponentCount();
-  return is_there ? &components_[static_cast<std::size_t>(a - 1)] : nullptr;
+  return is_there ? components_[static_cast<std::size_t>(a - 1)].get() : nullptr;
 }
 
 int Model::CalcComp() {
@@ -48,13 +48,13 @@ int Model::FitComponent() {
   const Validation validation = GetValidation(*options_, rules.has_eigenvalue_rule);
   if (validation.status != status::kOk) return validation.status;
 
-  CompInfo component(a, GetNObs(), GetNVarX(), GetNVarY());
+  auto component = std::make_shared<CompInfo>(a, GetNObs(), GetNVarX(), GetNVarY());
   const int dimension = std::min<int>(rules.variable_count, GetNObs());
-  if (JudgeBySize(a, dimension, component, log_) && options_->GetIsRule()) {
+  if (JudgeBySize(a, dimension, *component, log_) && options_->GetIsRule()) {
     return status::mva::kComponentAborted;
   }
-  int status = Fit(component);
-  if (status == status::kOk && validation.is_cross_validated) status = CrossValidate(component);
+  int status = Fit(*component);
+  if (status == status::kOk && validation.is_cross_validated) status = CrossValidate(*component);
   return status == status::kOk ? AddComp(std::move(component), validation) : status;
 }
 
@@ -88,9 +88,9 @@ int Model::CrossValidate(CompInfo& component) {
   return status::kOk;
 }
 
-int Model::AddComp(CompInfo component, const Validation& validation) {
+int Model::AddComp(std::shared_ptr<CompInfo> component, const Validation& validation) {
+  CompInfo& added = *component;
   components_.push_back(std::move(component));
-  CompInfo& added = components_.back();
   // E = E - t p', F = F - t c'
   for (DataBlock* const block : GetBlocks()) {
     block->GetResiduals().Subtract(added.t.Values(), added.LoadingsOf(block->GetBlock()).Values());
@@ -109,7 +109,7 @@ int Model::Complete(CompInfo& /*component*/) {
 }
 
 void Model::DropComp() {
-  const CompInfo& last = components_.back();
+  const CompInfo& last = *components_.back();
   for (DataBlock* const block : GetBlocks()) {
     if (!block->IsCentred()) continue;
     block->GetResiduals().Add(last.t.Values(), last.LoadingsOf(block->GetBlock()).Values());
@@ -157,7 +157,7 @@ void Model::Measure(CompInfo& component) {
   component.s2t = static_cast<float>(component.t.S2(0.0f, 0, 1.0f));
   const auto set_leverages = [&](XFVector CompInfo::*scores, XFVector& leverages) {
     std::vector<std::span<const float>> all;
-    for (const CompInfo& each : components_) all.push_back((each.*scores).Values());
+    for (const auto& each : components_) all.push_back(((*each).*scores).Values());
     std::ranges::copy(Leverages(all, GetA0()), leverages.Values().begin());
     leverages.SetActValInfo();
   };

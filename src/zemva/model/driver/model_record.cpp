@@ -54,7 +54,7 @@ ModelRecord Model::MakeRecord() const {
     record.members.assign(members.begin(), members.end());
     record.dataset_variables = preparation.dataset_variables;
   }
-  record.components = components_;
+  for (const auto& component : components_) record.components.push_back(*component);
   record.results = workset_results_;
   return record;
 }
@@ -68,11 +68,13 @@ void Model::TakeRecord(const ModelRecord& record) {
   };
   auto x = make_block(record.x);
   auto y = HasY() ? make_block(record.y) : nullptr;
-  std::vector<CompInfo> components = record.components;
+  std::vector<std::shared_ptr<CompInfo>> components;
   int a = 0;
-  for (CompInfo& component : components) {
+  for (const CompInfo& component : record.components) {
     ++a;
-    if (component.y) component.y->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+    components.push_back(std::make_shared<CompInfo>(component));
+    std::optional<Stage>& stage = components.back()->y;
+    if (stage) stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
   }
   std::optional<WorksetResults> results = record.results;
   if (results) {

@@ -109,8 +109,7 @@ float Model::GetSEYPredULS(short i, short m) const {
   return GetLimitLS(i, m, 1.0);
 }
 
-PredictionErrors Model::MakeErrorsLS(short first, short last) const {
-  PredictionErrors errors(last - first + 1);
+void Model::SetErrorsLS(short first, PredictionErrors& errors) const {
   const BlockSize size = GetSize(EBlock::kY, GetUsed(options_->GetAUseLS()));
   std::vector<float> of_response(static_cast<std::size_t>(GetNObs()));
   const std::vector<char> is_member(of_response.size(), 1);
@@ -121,12 +120,13 @@ PredictionErrors Model::MakeErrorsLS(short first, short last) const {
     }
     errors.Set(number, of_response, is_member, size.a0 + size.of_column);
   }
-  return errors;
 }
 
 float Model::GetRMSEE(short m) const {
   if (m < 1 || m > GetNVarY() || GetComponentCount() == 0 || !y_->IsLoaded()) return kMissing;
-  return MakeErrorsLS(m, m).sd_adj_ls[1];
+  PredictionErrors errors(1);
+  SetErrorsLS(m, errors);
+  return errors.sd_adj_ls[1];
 }
 
 // --- Of the prediction set ---

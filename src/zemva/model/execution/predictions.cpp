@@ -60,6 +60,13 @@ void PredictionErrors::Set(int response, std::span<const float> of_rows,
   sd_ts[response] = Deviation(others.squares, others.count);
 }
 
+WorksetResults::WorksetResults(int component_count, int row_count, int response_count)
+    : x("DModX", "PModX", component_count, row_count) {
+  if (response_count == 0) return;
+  y.emplace("DModY", "PModY", component_count, row_count);
+  errors.emplace(response_count);
+}
+
 ResponsePredictions::ResponsePredictions(int component_count, int row_count, int response_count)
     : values(MakeMatrix("Y", row_count, response_count)),
       observed(MakeMatrix("YPS", row_count, response_count)),

@@ -35,6 +35,9 @@ struct PredictionErrors {
 
 // Of the work set.
 struct WorksetResults {
+  // All missing. Throws std::bad_alloc.
+  WorksetResults(int component_count, int row_count, int response_count);
+
   DistanceResults x;
   std::optional<DistanceResults> y;
   std::optional<PredictionErrors> errors;
