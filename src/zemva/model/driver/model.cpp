@@ -77,12 +77,6 @@ void Model::AddResponses() {
   y_ = std::make_unique<DataBlock>(EBlock::kY);
 }
 
-std::vector<DataBlock*> Model::GetBlocks() const {
-  std::vector<DataBlock*> blocks = {x_.get()};
-  if (y_ != nullptr) blocks.push_back(y_.get());
-  return blocks;
-}
-
 bool Model::HasFailed() const {
   return status_ != status::kOk && status_ != status::mva::kNotCompleted &&
          status_ != status::mva::kComponentAborted;

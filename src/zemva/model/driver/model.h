@@ -2,6 +2,8 @@
 #ifndef ZEMVA_MODEL_DRIVER_MODEL_H
 #define ZEMVA_MODEL_DRIVER_MODEL_H
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -509,8 +511,15 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   };
   // Unless they are there.
   int ExtractRowTables(Workset& workset, RowTables& rows) const;
-  // The blocks that the model has, X first.
-  std::vector<DataBlock*> GetBlocks() const;
+  // The blocks that the model has, X first; to be had without memory.
+  struct Blocks {
+    std::array<DataBlock*, 2> blocks;
+    std::ptrdiff_t count;
+
+    auto begin() const { return blocks.begin(); }
+    auto end() const { return blocks.begin() + count; }
+  };
+  Blocks GetBlocks() const { return {{x_.get(), y_.get()}, HasY() ? 2 : 1}; }
   int Store();
   int WriteListing(const char* path, int (Model::*list)(StreamWindow&));
   // For a model that has dropped components.
