@@ -81,9 +81,9 @@ int SaveTable(CsvTable table, const Dataset& header, StreamWindow& window) {
                   table.observations.get(), table.variables.get());
   if (!dataset.IsLoaded()) return dataset.GetStatus();
   // The data set has taken them over.
-  table.values.release();
-  table.observations.release();
-  table.variables.release();
+  static_cast<void>(table.values.release());
+  static_cast<void>(table.observations.release());
+  static_cast<void>(table.variables.release());
   dataset.SetDSNum(header.GetDSNum());
   dataset.SetDSTitle(header.GetDSTitle());
   return dataset.Save();

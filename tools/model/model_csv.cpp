@@ -66,8 +66,8 @@ class VectorColumns {
   void Add(CEVecType::EVT type) { Add(VecSpec(type)); }
   // One for each component.
   void AddEach(CEVecType::EVT type, int component_count) {
-    for (short a = 1; a <= component_count; ++a) {
-      const VecSpec spec(type, 0, a);
+    for (int a = 1; a <= component_count; ++a) {
+      const VecSpec spec(type, 0, static_cast<short>(a));
       Add(spec.GetName(), spec);
     }
   }
