@@ -74,9 +74,12 @@ TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
     double cap;
   };
   // Columns that are and are no multiple of the lanes; caps that cut every correction, and none.
-  for (const auto& [rows, columns, group_count, cap] :
-       {Case{12, 90, 7, 100.0}, Case{90, 12, 7, 100.0}, Case{17, 40, 3, 1.2}, Case{40, 17, 3, 1.2},
-        Case{16, 65, 4, 100.0}}) {
+  for (const Case& c : {Case{12, 90, 7, 100.0}, Case{90, 12, 7, 100.0}, Case{17, 40, 3, 1.2},
+                        Case{40, 17, 3, 1.2}, Case{16, 65, 4, 100.0}}) {
+    const int rows = c.rows;
+    const int columns = c.columns;
+    const int group_count = c.groups;
+    const double cap = c.cap;
     const XFMatrix table = NoisyTable(rows, columns);
     ResidualMatrix residuals(table);
     const std::vector<char> takes_part(static_cast<std::size_t>(columns), 1);
