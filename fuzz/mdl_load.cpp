@@ -15,9 +15,11 @@ namespace {
 std::unique_ptr<zemva::Dataset> Observations(const zemva::VarInfo& variables) {
   auto* const matrix = new zemva::XFMatrix("Data", 3, variables.GetNVar(), 1.0f);
   matrix->SetActValInfo();
-  // The data set takes both over.
-  return std::make_unique<zemva::Dataset>("Three", "", zemva::GlobalStreamWindow(), matrix, nullptr,
-                                          new zemva::VarInfo(variables));
+  auto* const observations = new zemva::ObsInfo("ObsInfo");
+  for (short i = 1; i <= 3; ++i) observations->AddObs(i, "");
+  // The data set takes all three over.
+  return std::make_unique<zemva::Dataset>("Three", "", zemva::GlobalStreamWindow(), matrix,
+                                          observations, new zemva::VarInfo(variables));
 }
 
 }  // namespace
