@@ -22,6 +22,7 @@ constexpr auto kCommands = {AddImport,  AddInfo, AddConvert, AddStats,   AddPc, 
 
 int RunLine(int argc, const char* const* argv) {
   CLI::App program("Tables of observations by variables, and models of them.", "zemva");
+  program.allow_windows_style_options(false);  // what begins with / is a path
   program.set_help_flag("-h,--help", "this help");
   program.set_version_flag("--version", "zemva " ZEMVA_VERSION, "the version of the program");
   program.require_subcommand(1);

@@ -71,6 +71,7 @@ TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
   ASSERT_EQ(saved.Save(path_.c_str()), 0);
   ASSERT_EQ(saved.Save(path_.c_str()), 0);
   const test::TempFolder elsewhere;
+  std::filesystem::remove(elsewhere.Path());  // one system copies into no folder that is there
   std::filesystem::copy(folder_.Path(), elsewhere.Path());
   std::filesystem::remove_all(folder_.Path());
 
