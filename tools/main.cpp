@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
 #if defined(_WIN32)
   _setmode(_fileno(stdout), _O_BINARY);  // lines end in \n on every system
 #endif
-  zemva::tools::RemoveUnfinishedFilesOnSignals();
+  zemva::tools::HandleSignals();
   try {
     const int exit_status = zemva::tools::RunLine(argc, argv);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

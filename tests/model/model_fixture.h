@@ -29,12 +29,18 @@ class Owner : public ModelOwner {
     questions += question;
     return reply;
   }
+  bool GoesOn(const FitProgress& progress) override {
+    seen.push_back(progress);
+    return seen.size() < stops_at;
+  }
 
   Workset* workset = nullptr;
   Predset* predset = nullptr;
   PrjOpt options{true};
   char reply = 'y';
   std::string questions;
+  std::vector<FitProgress> seen;
+  std::size_t stops_at = static_cast<std::size_t>(-1);
 };
 
 // Names "a", "b" and so on.

@@ -340,6 +340,33 @@ TEST(Model, ReportsCorrectionsThatAreCut) {
   }
 }
 
+// Stops a fit at the first question, lets it go on afterwards, and expects what one that was never
+// stopped has.
+template <typename MakeBench>
+void ExpectToBeStopped(MakeBench make) {
+  auto whole = make();
+  ASSERT_EQ(whole.Compute(2), 0);
+  auto bench = make();
+  bench.owner.stops_at = 1;
+  EXPECT_EQ(bench.Compute(2), 8027);
+  EXPECT_EQ(bench.model.GetA(), 0);
+  ASSERT_EQ(bench.owner.seen.size(), 1u);
+  EXPECT_EQ(bench.owner.seen[0].component, 1);
+  EXPECT_EQ(bench.owner.seen[0].round, 0);
+  EXPECT_EQ(bench.owner.seen[0].iterations, 0);
+  bench.model.Reset(0);
+  bench.owner.stops_at = 1000;
+  ASSERT_EQ(bench.Compute(2), 0);
+  EXPECT_EQ(bench.model.GetSSX(2), whole.model.GetSSX(2));
+}
+
+TEST(Model, EndsWhereItsOwnerDoesNotGoOn) {
+  const Rows rows = Noise().Table(9, 6);
+  ExpectToBeStopped([&] { return Bench("abcdef", rows); });
+  ExpectToBeStopped([&] { return test::PLSBench(rows, 1); });
+  ExpectToBeStopped([&] { return test::PLSBench(rows, 2); });
+}
+
 TEST(Model, RefusesALevelWithoutCriticalValue) {
   Bench bench(test::Sample("iris"));
   ASSERT_EQ(bench.Compute(), 0);

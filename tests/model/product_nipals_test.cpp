@@ -122,6 +122,28 @@ TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
   }
 }
 
+TEST(ProductNipals, StopsWhereTheSettingsSay) {
+  const NipalsSettings settings{
+      200, {100.0, {}}, {100.0, {}}, [](int iterations) { return iterations < 2; }};
+  for (const int rows : {12, 60}) {
+    const int columns = 72 - rows;
+    const ResidualMatrix residuals(NoisyTable(rows, columns));
+    const std::vector<char> takes_part(static_cast<std::size_t>(columns), 1);
+    const GroupLabels groups(7, takes_part);
+    const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(rows));
+    const auto products = ProductNipals::Make(residuals, left_out);
+    std::vector<float> t(static_cast<std::size_t>(rows));
+    std::vector<float> p(static_cast<std::size_t>(columns));
+    residuals.CopyStart(0, t);
+    for (const NipalsResult& result :
+         {Nipals(residuals, LeftOut(), settings, t, p), products->Fit(settings, 0, t, p),
+          products->FitRound(left_out, settings, t, p)}) {
+      EXPECT_EQ(result.status, status::mva::kCancelled) << rows;
+      EXPECT_EQ(result.iterations, 2) << rows;
+    }
+  }
+}
+
 TEST(ProductNipals, IsTakenOnceItPaysAndOnlyWithoutGaps) {
   // Seven rows are worth one iteration on the matrix. The second component begins where the first
   // one has made the products.

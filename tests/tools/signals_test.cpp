@@ -19,7 +19,7 @@ namespace {
 int EndBySignal(int number, const std::string& path) {
   const pid_t child = fork();
   if (child == 0) {
-    RemoveUnfinishedFilesOnSignals();
+    HandleSignals();
     AtomicFile file(path);
     std::fputs("half of it", file.GetStream());
     std::fflush(file.GetStream());
@@ -48,6 +48,27 @@ TEST(Signals, OneThatIsIgnoredStaysIgnored) {
   const auto before = signal(SIGHUP, SIG_IGN);
   EXPECT_EQ(EndBySignal(SIGHUP, folder.File("out.csv")), 0);
   signal(SIGHUP, before);
+}
+
+TEST(Signals, TheFirstInterruptOfAFitIsNotedAndTheSecondEnds) {
+  const pid_t child = fork();
+  if (child == 0) {
+    HandleSignals();
+    {
+      const InterruptCatcher catcher;
+      if (InterruptCatcher::IsInterrupted()) _exit(1);
+      raise(SIGINT);
+      if (!InterruptCatcher::IsInterrupted()) _exit(2);
+    }
+    const InterruptCatcher next;
+    if (InterruptCatcher::IsInterrupted()) _exit(3);
+    raise(SIGINT);
+    raise(SIGINT);
+    _exit(4);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ short ModelRun::AddTestFile() {
 }
 
 int ModelRun::Fit() {
-  if (const int status = project_.Compute(model_); status != status::kOk) {
+  if (const int status = project_.Fit(model_); status != status::kOk) {
     return KeepComponents(status);
   }
   if (GetModel().GetA() == 0) {

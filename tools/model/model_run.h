@@ -3,7 +3,8 @@
 #define ZEMVA_TOOLS_MODEL_MODEL_RUN_H
 
 #include "arguments/model_options.h"
-#include "text/text_window.h"
+#include "model/watched_project.h"
+#include "text/progress_window.h"
 #include "zemva/data/dataset.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/workset/model_type.h"
@@ -45,8 +46,8 @@ class ModelRun {
   int DropNoise();
 
   const ModelOptions& options_;
-  TextWindow log_{stderr};
-  Project project_{"zemva", log_};
+  ProgressWindow log_;
+  WatchedProject project_{log_};
   short dataset_ = 0;
   short workset_ = 0;
   short model_ = 0;

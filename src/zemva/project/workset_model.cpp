@@ -72,4 +72,8 @@ char WorksetModel::Ask(const char* question) {
   return project_.Ask(question);
 }
 
+bool WorksetModel::GoesOn(const FitProgress& progress) {
+  return project_.GoesOn(progress);
+}
+
 }  // namespace zemva

@@ -49,6 +49,7 @@ class ZEMVA_API WorksetModel : public ModelOwner {
   Predset* GetCurrentPredset() override { return predset_; }
   const PrjOpt& GetOptions() const override;
   char Ask(const char* question) override;
+  bool GoesOn(const FitProgress& progress) override;
 
  private:
   int Init(EModType type, char selector, StreamWindow& window);

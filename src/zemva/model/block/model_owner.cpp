@@ -8,4 +8,8 @@ char ModelOwner::Ask(const char* /*question*/) {
   return 'y';
 }
 
+bool ModelOwner::GoesOn(const FitProgress& /*progress*/) {
+  return true;
+}
+
 }  // namespace zemva

@@ -10,6 +10,13 @@ namespace zemva {
 class Predset;
 class Workset;
 
+// How far a fit is.
+struct FitProgress {
+  int component = 0;   // 1..
+  int round = 0;       // of its cross-validation, 1.. ; 0 while the component itself is fitted
+  int iterations = 0;  // done of that
+};
+
 // It outlives its models, and what it hands out stays its own.
 class ZEMVA_API ModelOwner {
  public:
@@ -25,6 +32,10 @@ class ZEMVA_API ModelOwner {
   // host overrides it. The questions end in "Continue model computation?", where 'n' stops, and in
   // "Exclude this observation?", where 'y' excludes.
   virtual char Ask(const char* question);
+
+  // Whether a fit goes on, which a model asks before an iteration, at most ten times a second.
+  // Where it does not, it ends with 8027 and the components that there are.
+  virtual bool GoesOn(const FitProgress& progress);
 };
 
 }  // namespace zemva

@@ -3,7 +3,9 @@
 #define ZEMVA_MODEL_DRIVER_MODEL_H
 
 #include <array>
+#include <chrono>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -485,6 +487,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   float GetLoadingLimit() const { return options_->comp_lim_loa_; }
   // A cap whose overruns are told as `text`, the number and the factor.
   Cap MakeCap(double limit, bool is_reported, const char* text);
+  // Asks the owner whether the fit goes on, in round `round` of cross-validation, or 0.
+  std::function<bool(int)> AskBefore(int round);
   DataBlock& GetX() { return *x_; }
   const DataBlock& GetX() const { return *x_; }
   // Null without responses.
@@ -630,6 +634,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   ModelLog log_;
   bool is_overrun_ = false;
   bool is_search_over_ = false;
+  std::chrono::steady_clock::time_point asked_;  // when the owner was asked last
   int status_ = 0;
 };
 

@@ -1,6 +1,8 @@
 // The loop of Model over its components.
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <numeric>
@@ -21,6 +23,7 @@ namespace zemva {
 namespace {
 
 constexpr float kLeastEigenvalue = 2.0f;
+constexpr auto kBetweenQuestions = std::chrono::milliseconds(100);
 constexpr int kMostComponents = std::numeric_limits<signed char>::max();
 
 std::string Label(int a) {
@@ -64,6 +67,15 @@ Cap Model::MakeCap(double limit, bool is_reported, const char* text) {
             if (!is_reported) return;
             log_.Line().Text(text).Number(number).Text(", was ").General(0, factor).EndLine();
           }};
+}
+
+std::function<bool(int)> Model::AskBefore(int round) {
+  return [this, round](int iterations) {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - asked_ < kBetweenQuestions) return true;
+    asked_ = now;
+    return owner_->GoesOn({GetComponentCount() + 1, round, iterations});
+  };
 }
 
 int Model::CrossValidate(CompInfo& component) {

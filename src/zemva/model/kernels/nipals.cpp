@@ -43,6 +43,7 @@ NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
     std::vector<double> sums(loadings.size());
     projection.SumColumns(scores);
     while (true) {
+      if (IsStopped(settings.goes_on, result.iterations)) return status::mva::kCancelled;
       ++result.iterations;
       // p = E't, by the factors of what is missing
       const int failure = projection.LoadingsFor(scores, settings.loading_cap, sums);

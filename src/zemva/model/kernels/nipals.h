@@ -2,17 +2,26 @@
 #ifndef ZEMVA_MODEL_KERNELS_NIPALS_H
 #define ZEMVA_MODEL_KERNELS_NIPALS_H
 
+#include <functional>
 #include <span>
 
 #include "zemva/model/kernels/projection.h"
 
 namespace zemva {
 
+// Whether another iteration is to be done, after so many. Always, where there is nobody to say.
+using GoesOn = std::function<bool(int)>;
+
+inline bool IsStopped(const GoesOn& goes_on, int iterations) {
+  return goes_on && !goes_on(iterations);
+}
+
 struct NipalsSettings {
   // One more iteration than this is the most that is done.
   int max_iterations = 0;
   Cap loading_cap = {};
   Cap score_cap = {};
+  GoesOn goes_on = {};
 };
 
 struct NipalsResult {
@@ -32,7 +41,8 @@ bool IsConverged(const ScoreSums& sums);
 // p, of length 1 and with 0 for elements below 1e-6 / sqrt(K).
 //
 // 8042 (8043 when anything is left out) for a column that no usable observation with a score other
-// than 0 supports; 8002 when memory runs out. Scores and loadings are then undefined.
+// than 0 supports; 8027 where the settings say so; 8002 when memory runs out. Scores and loadings
+// are then undefined.
 NipalsResult Nipals(const ResidualMatrix& residuals, const LeftOut& left_out,
                     const NipalsSettings& settings, std::span<float> scores,
                     std::span<float> loadings,

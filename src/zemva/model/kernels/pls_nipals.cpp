@@ -70,6 +70,7 @@ class PlsComponent {
   int FitByPasses(int& iterations) {
     const bool has_one_response = y_sums_.size() == 1;
     while (true) {
+      if (IsStopped(settings_.goes_on, iterations)) return status::mva::kCancelled;
       ++iterations;
       double change = 0.0;
       const int status = Iterate(has_one_response && !vectors_.p.empty(), change);
@@ -112,6 +113,7 @@ class PlsComponent {
     std::vector<double> weights_of;
     double change = 0.0;
     do {
+      if (IsStopped(settings_.goes_on, iterations)) return status::mva::kCancelled;
       ++iterations;
       const double weight_squares = products.OfS().Of(g, g);
       if (IsNegligible(weight_squares)) return status::mva::kNegligibleCorrelation;

@@ -18,6 +18,7 @@ struct PlsSettings {
   Cap c = {};
   Cap u = {};
   Cap p = {};
+  GoesOn goes_on = {};
 };
 
 // Of N observations, K columns of X and M of Y.
@@ -44,8 +45,8 @@ struct PlsVectors {
 // (response_products.h), with the same vectors to single precision.
 //
 // 8024 where |E'u|^2 / sqrt(u'u SS(E)) is below 1e-6 / sqrt(K): what is left of X and Y has nothing
-// in common. 8042 (8043 when rows are left out) for a column without usable row; 8002 when memory
-// runs out. The vectors are then undefined.
+// in common. 8042 (8043 when rows are left out) for a column without usable row; 8027 where the
+// settings say so; 8002 when memory runs out. The vectors are then undefined.
 NipalsResult PlsNipals(const ResidualMatrix& x, const ResidualMatrix& y, const LeftOut& left_out,
                        const PlsSettings& settings, const PlsVectors& vectors,
                        const ProjectionLoops& loops = BestProjectionLoops());

@@ -93,6 +93,15 @@ struct Loop {
   const NipalsSettings& settings;
   NipalsResult result;
 
+  // Counts an iteration, unless it is not to be done.
+  bool Begins() {
+    if (IsStopped(settings.goes_on, result.iterations)) {
+      result.status = status::mva::kCancelled;
+      return false;
+    }
+    ++result.iterations;
+    return true;
+  }
   bool GoesOn(const ScoreSums& sums) {
     result.is_converged = IsConverged(sums);
     return !result.is_converged && result.iterations <= settings.max_iterations;
@@ -122,7 +131,7 @@ class RowProducts : public ProductNipals {
     double length = 0;
     ScoreSums score_sums;
     do {
-      ++loop.result.iterations;
+      if (!loop.Begins()) return loop.result;
       // t = E E't / |E't|
       Vector product = Multiply(sums, t);
       const double squares = Dot(t, product);
@@ -153,7 +162,7 @@ class RowProducts : public ProductNipals {
     std::vector<bool> is_scored(group_count);  // rows of a class that have something usable
     ScoreSums score_sums;
     do {
-      ++loop.result.iterations;
+      if (!loop.Begins()) return loop.result;
       // p of the columns of group l: f_l E_l't / |p|, over the rows of other classes
       Vector row_squares(group_count);
       for (std::size_t i = 0; i < row_count; ++i) row_squares[left_out.ClassOf(i)] += t[i] * t[i];
@@ -319,7 +328,7 @@ class ColumnProducts : public ProductNipals {
     bool is_first = true;
     ScoreSums score_sums;
     do {
-      ++loop.result.iterations;
+      if (!loop.Begins()) return loop.result;
       p = product;
       const double squares = Dot(p, p);
       const double scale = squares > 0 ? 1 / std::sqrt(squares) : 0;
@@ -360,7 +369,7 @@ class ColumnProducts : public ProductNipals {
     Vector p = MakeVector();
     ScoreSums score_sums;
     do {
-      ++loop.result.iterations;
+      if (!loop.Begins()) return loop.result;
       const double total = Sum(row_squares);
       const Correction of_loadings = CorrectFor(row_squares, total, settings.loading_cap.limit);
       if (LacksScores(of_loadings, left_out, residuals_)) {

@@ -71,28 +71,29 @@ int PCModel::Fit(CompInfo& component) {
 }
 
 int PCModel::FitWhole(const LeftOut& groups, CompInfo& component) {
-  const NipalsResult result = iteration_->Fit(GetX().GetResiduals(), groups, MakeSettings(1.0),
+  const NipalsResult result = iteration_->Fit(GetX().GetResiduals(), groups, MakeSettings(0, 1.0),
                                               component.t.Values(), component.p.Values());
   component.iteration_count =
       static_cast<short>(std::min<int>(result.iterations, std::numeric_limits<short>::max()));
   return result.status == status::kOk ? Finish(component.p, component.t) : result.status;
 }
 
-int PCModel::FitRound(const LeftOut& left_out, XFVector& p, XFVector& t) {
+int PCModel::FitRound(int round, const LeftOut& left_out, XFVector& p, XFVector& t) {
   // In a round of G groups the limits of the corrections are G / (G - 1) times as wide.
   const double group_count = GetOptions().GetNCV();
-  const NipalsSettings settings = MakeSettings(group_count / (group_count - 1.0));
+  const NipalsSettings settings = MakeSettings(round, group_count / (group_count - 1.0));
   const NipalsResult result =
       iteration_->FitRound(GetX().GetResiduals(), left_out, settings, t.Values(), p.Values());
   return result.status == status::kOk ? Finish(p, t) : result.status;
 }
 
-NipalsSettings PCModel::MakeSettings(double widening) {
+NipalsSettings PCModel::MakeSettings(int round, double widening) {
   return {GetOptions().GetMaxIter(),
           MakeCap(static_cast<double>(GetLoadingLimit()) * widening, GetOptions().GetIsShoLoaLim(),
                   "CompLimLoa overrun for p, VarIx "),
           MakeCap(static_cast<double>(GetOptions().GetCLS()) * widening,
-                  GetOptions().GetIsShoScrLim(), "CompLimScr overrun for t, ObsIx ")};
+                  GetOptions().GetIsShoScrLim(), "CompLimScr overrun for t, ObsIx "),
+          AskBefore(round)};
 }
 
 int PCModel::Finish(XFVector& p, XFVector& t) {
@@ -138,7 +139,7 @@ int PCModel::AddPredictionErrors(const CompInfo& component, std::span<double> er
     const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(GetNObs()));
     XFVector p(component.p);
     XFVector t(component.t);
-    const int status = FitRound(left_out, p, t);
+    const int status = FitRound(round, left_out, p, t);
     if (status != status::kOk) return status;
     zemva::AddPredictionErrors(GetX().GetResiduals(), left_out, t.Values(), p.Values(), errors);
   }

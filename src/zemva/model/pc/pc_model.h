@@ -59,8 +59,8 @@ class ZEMVA_API PCModel : public Model {
   // Fits loadings and scores, which hold what to start from: the component, with the rounds to
   // follow leaving out such groups, or in one of these.
   int FitWhole(const LeftOut& groups, CompInfo& component);
-  int FitRound(const LeftOut& left_out, XFVector& p, XFVector& t);
-  NipalsSettings MakeSettings(double widening);
+  int FitRound(int round, const LeftOut& left_out, XFVector& p, XFVector& t);
+  NipalsSettings MakeSettings(int round, double widening);
   // Whether the vectors are in the range of a float: 8005.
   static int Finish(XFVector& p, XFVector& t);
   // Sets the scores of an observation to the least squares solution over its present values; to

@@ -98,7 +98,7 @@ int PLSModel::Fit(CompInfo& component) {
   std::ranges::fill(component.c.Values(), 0.0f);
   component.c[static_cast<int>(largest) + 1] = 1.0f;
   int iterations = 0;
-  const int status = Nipals(LeftOut(),
+  const int status = Nipals(0, LeftOut(),
                             {component.t.Values(), component.u.Values(), component.w.Values(),
                              component.c.Values(), component.p.Values()},
                             iterations);
@@ -110,7 +110,8 @@ int PLSModel::Fit(CompInfo& component) {
   return status;
 }
 
-int PLSModel::Nipals(const LeftOut& left_out, const PlsVectors& vectors, int& iteration_count) {
+int PLSModel::Nipals(int round, const LeftOut& left_out, const PlsVectors& vectors,
+                     int& iteration_count) {
   const auto limit_loading = [&](const char* text) {
     return MakeCap(static_cast<double>(GetLoadingLimit()), GetOptions().GetIsShoLoaLim(), text);
   };
@@ -122,7 +123,8 @@ int PLSModel::Nipals(const LeftOut& left_out, const PlsVectors& vectors, int& it
                              limit_score("CompLimTScr overrun for t, ObsIx "),
                              limit_loading("CompLimCLoa overrun for c, VarIx "),
                              limit_score("CompLimUScr overrun for u, ObsIx "),
-                             limit_loading("CompLimPLoa overrun for varIx ")};
+                             limit_loading("CompLimPLoa overrun for varIx "),
+                             AskBefore(round)};
   const NipalsResult result =
       PlsNipals(GetX().GetResiduals(), GetY()->GetResiduals(), left_out, settings, vectors);
   iteration_count = result.iterations;
@@ -149,8 +151,8 @@ int PLSModel::AddPredictionErrors(const CompInfo& component, std::span<double> e
     std::vector<float> u(component.u.Values().begin(), component.u.Values().end());
     std::ranges::copy(component.c.Values(), c.begin());
     int iterations = 0;
-    const int status =
-        Nipals(LeftOut::Rows(group_count, group), {t, u, w, c, std::span<float>()}, iterations);
+    const int status = Nipals(group, LeftOut::Rows(group_count, group),
+                              {t, u, w, c, std::span<float>()}, iterations);
     if (status != status::kOk) return status;
     const LeftOut others = LeftOut::OtherRows(group_count, group);
     Projection(x, others).OntoRows(w, 1.0, cap, t);

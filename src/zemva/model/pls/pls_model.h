@@ -55,7 +55,7 @@ class ZEMVA_API PLSModel : public Model {
  private:
   // Fits the vectors, of which u holds what to start from. 8005 where they leave the range of a
   // float.
-  int Nipals(const LeftOut& left_out, const PlsVectors& vectors, int& iteration_count);
+  int Nipals(int round, const LeftOut& left_out, const PlsVectors& vectors, int& iteration_count);
   // A cap on the scores of observations that the component is not fitted to.
   Cap MakeCapOfOthers();
   void ReduceGroups();
