@@ -5,7 +5,9 @@ include(CMakePackageConfigHelpers)
 
 set(zemva_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zemva)
 
-install(TARGETS zemva_program COMPONENT program)
+if(TARGET zemva_program)
+  install(TARGETS zemva_program COMPONENT program)
+endif()
 if(TARGET zemva_plugin)  # where the program looks for it, and no linker does
   install(TARGETS zemva_plugin LIBRARY DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
 endif()

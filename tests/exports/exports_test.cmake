@@ -1,13 +1,16 @@
 cmake_minimum_required(VERSION 3.23)
 
-# Fails unless the LIBRARY exports exactly the nineteen C functions, under their plain names, and
+# Fails unless the LIBRARY exports exactly these C functions, under their plain names, and
 # beside them nothing but names of the namespace. A DLL must also need none but the system's.
 set(c_functions
   KoImportInitPackage KoImportReleasePackage KoImportGetWarning KoImportSizeFileFormatsSupported
   KoImportGetFileFormatInfo KoImportOpen KoImportClose KoImportGetLastError KoImportEstablishSize
   KoImportRead KoImportWrite KoImportIsCorrectFileType
   ZEMVAImport_ReadDS ZEMVAImport_DeleteDS ZEMVAImport_SizeDS ZEMVAImport_GetDSValue
-  ZEMVAImport_GetVarName ZEMVAImport_GetObsName ZEMVAImport_GetObsNum)
+  ZEMVAImport_GetVarName ZEMVAImport_GetObsName ZEMVAImport_GetObsNum
+  ZEMVATable_Open ZEMVATable_Close ZEMVATable_GetMessage ZEMVATable_GetSize ZEMVATable_GetRows
+  ZEMVATable_GetColumns ZEMVATable_GetObsNumbers ZEMVATable_GetVarNumbers ZEMVATable_GetObsNames
+  ZEMVATable_GetVarNames)
 
 if(LIBRARY MATCHES "\\.dll$")
   execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE dump COMMAND_ERROR_IS_FATAL ANY)
