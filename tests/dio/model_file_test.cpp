@@ -309,8 +309,8 @@ TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {
   EXPECT_EQ(results.Save(), 8009);
   const ModelRecord record = bench.model->MakeRecord();
   EXPECT_EQ(results.SetObservations(*record.observations), 0);
-  EXPECT_EQ(results.Add(record.components[1].t), 0);
-  EXPECT_EQ(results.Add(record.components[0].p), 8021);
+  EXPECT_EQ(results.Add(record.components[1]->t), 0);
+  EXPECT_EQ(results.Add(record.components[0]->p), 8021);
   const std::unique_ptr<XFMatrix> residuals(bench.model->MakeResid(2));
   residuals->SetName("XRes");
   EXPECT_EQ(results.Add(*residuals, record.x.variables.get()), 0);
@@ -328,7 +328,7 @@ TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {
   EXPECT_STREQ(name, "t[2]");
   EXPECT_EQ(read.GetVarInfo(7, number, name), 0);
   EXPECT_STREQ(name, "XRes(f)");
-  EXPECT_EQ(read[5][1], record.components[1].t[5]);
+  EXPECT_EQ(read[5][1], record.components[1]->t[5]);
   EXPECT_EQ(read[5][7], (*residuals)[5][6]);
 }
 

@@ -164,8 +164,8 @@ bool IsConsistent(const ModelRecord& record) {
   const bool is_centred = !IsMissing(record.x.info->centred.ss);
   if (!record.components.empty() && !is_centred) return false;
   int a = 0;
-  for (const CompInfo& component : record.components) {
-    if (!IsComponent(component, ++a, sizes)) return false;
+  for (const auto& component : record.components) {
+    if (!IsComponent(*component, ++a, sizes)) return false;
   }
   return !record.results || AreResults(*record.results, a, sizes);
 }

@@ -34,11 +34,10 @@ void AddVector(const XFVector& vector, PayloadWriter& payload) {
 void TakeVector(PayloadReader& payload, XFVector& vector) {
   const int length = payload.GetExtent(0);
   if (!payload.Has<float>(length)) return;
-  XFVector read(vector.GetName(), length, 0.0f);
-  payload.Take(Made(read).Values());
-  read.SetActValInfo();
-  vector = read;
-  Made(vector);
+  // It was empty: an item stands once.
+  if (vector.Exp(length, 0.0f) != status::kOk) throw std::bad_alloc();
+  payload.Take(vector.Values());
+  vector.SetActValInfo();
 }
 
 void AddMatrix(const XFMatrix& matrix, PayloadWriter& payload) {

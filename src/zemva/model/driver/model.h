@@ -432,7 +432,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // All of the model but its data, as its file keeps it; and taking over such a record, which is
   // that of a model of its kind, into a model that holds nothing yet. They throw std::bad_alloc.
   ModelRecord MakeRecord() const;
-  void TakeRecord(const ModelRecord& record);
+  void TakeRecord(ModelRecord record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
   // Removes the file that Save wrote last, if there is one. 1007 when it cannot be removed.

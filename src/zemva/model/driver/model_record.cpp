@@ -54,12 +54,12 @@ ModelRecord Model::MakeRecord() const {
     record.members.assign(members.begin(), members.end());
     record.dataset_variables = preparation.dataset_variables;
   }
-  for (const auto& component : components_) record.components.push_back(*component);
+  record.components.assign(components_.begin(), components_.end());
   record.results = workset_results_;
   return record;
 }
 
-void Model::TakeRecord(const ModelRecord& record) {
+void Model::TakeRecord(ModelRecord record) {
   XI1Vector members("Selection", static_cast<int>(record.members.size()), char{0});
   if (members.GetStatus() != status::kOk) throw std::bad_alloc();
   std::ranges::copy(record.members, members.Values().begin());
@@ -68,15 +68,15 @@ void Model::TakeRecord(const ModelRecord& record) {
   };
   auto x = make_block(record.x);
   auto y = HasY() ? make_block(record.y) : nullptr;
-  std::vector<std::shared_ptr<CompInfo>> components;
   int a = 0;
-  for (const CompInfo& component : record.components) {
+  for (const auto& component : record.components) {
+    std::optional<Stage>& stage = component->y;
     ++a;
-    components.push_back(std::make_shared<CompInfo>(component));
-    std::optional<Stage>& stage = components.back()->y;
-    if (stage) stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+    if (stage && stage->mpow.NVal() == 0) {
+      stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+    }
   }
-  std::optional<WorksetResults> results = record.results;
+  std::optional<WorksetResults>& results = record.results;
   if (results) {
     const int used = results->x.component_count;
     results->x = Renamed(results->x, "DModX", "PModX", used);
@@ -91,7 +91,7 @@ void Model::TakeRecord(const ModelRecord& record) {
   classes_ = record.classes;
   x_ = std::move(x);
   y_ = std::move(y);
-  components_ = std::move(components);
+  components_ = {record.components.begin(), record.components.end()};
   workset_results_ = std::move(results);
   // The numbers of a row are those of its position in the data set.
   short row = 0;

@@ -43,8 +43,8 @@ struct ModelRecord {
   std::vector<char> members;
   std::shared_ptr<VarInfo> dataset_variables;
   BlockRecord x{EBlock::kX};
-  BlockRecord y{EBlock::kY};  // empty without responses
-  std::vector<CompInfo> components;
+  BlockRecord y{EBlock::kY};                          // empty without responses
+  std::vector<std::shared_ptr<CompInfo>> components;  // shared with the model
   // Of the execution on the work set, if there was one.
   std::optional<WorksetResults> results;
 
