@@ -570,7 +570,11 @@ TEST(ModelVectors, WhatThereIsNotIsRefused) {
   XFVector* vector = nullptr;
   EXPECT_EQ(model.GetXFVector(nullptr, vector), 8022);
 
+  EXPECT_STREQ(model.GetPSResults()->name, "PSResiduals");
+  EXPECT_TRUE(model.GetPSResults()->errors.has_value());
+  EXPECT_FALSE(models.pc.model.GetPSResults()->y.has_value());
   model.DeletePSResults();
+  EXPECT_EQ(model.GetPSResults(), nullptr);
   EXPECT_EQ(StatusOf(model, "tPS[1]"), 8036);
   EXPECT_EQ(StatusOf(model, "ObsYPS1[-1]"), 8036);
   EXPECT_EQ(model.Reset(1), 0);

@@ -113,7 +113,7 @@ bool IsComponent(const CompInfo& component, int a, const Sizes& sizes) {
          component.inv_ppw_cp.NRow() == (has_y ? a : 0) && component.inv_ppw_cp.NCol() == of_y;
 }
 
-bool AreResults(const WorksetResults& results, int component_count, const Sizes& sizes) {
+bool AreResults(const Results& results, int component_count, const Sizes& sizes) {
   const auto are_distances = [&](const DistanceResults& block) {
     return HaveLength(sizes.rows, {&block.distances, &block.probabilities});
   };

@@ -167,7 +167,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual float GetPModYLS(char a, short i) const;
   virtual float GetPModYPS(char a, short i) const;
   // The distances of the prediction set's observations; null before its execution.
-  virtual const DistanceResults* GetPSResults() const;
+  virtual const Results* GetPSResults() const;
   // What cross-validation predicts of Y or, without responses, of X: of a component (A),
   // cumulative, by variable (V).
   virtual float GetQ2AX(char a) const;
@@ -624,7 +624,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   std::unique_ptr<DataBlock> y_;
   // Copies of a model share them: once added, a component stays what it is.
   std::vector<std::shared_ptr<CompInfo>> components_;
-  std::optional<WorksetResults> workset_results_;
+  std::shared_ptr<Results> workset_results_;
   std::shared_ptr<Predictions> predictions_;
   int a0_ = 0;
   ModelLog log_;

@@ -21,7 +21,8 @@ int Model::GetUsed(short asked) const {
 
 int Model::AddLSResults() {
   return Run([&] {
-    workset_results_.emplace(GetUsed(options_->GetAUseLS()), GetNObs(), GetNVarY());
+    const int a = GetUsed(options_->GetAUseLS());
+    workset_results_ = MakeResults(EExecuted::kWorkset, a, GetNObs(), GetNVarY());
     if (workset_results_->errors) SetErrorsLS(1, *workset_results_->errors);
     return status::kOk;
   });

@@ -14,18 +14,30 @@
 namespace zemva {
 namespace {
 
+void CopyInto(const XFVector& from, XFVector& to) {
+  std::ranges::copy(from.Values(), to.Values().begin());
+  to.SetActValInfo();
+}
+
+void CopyInto(const DistanceResults& from, DistanceResults& to) {
+  CopyInto(from.distances, to.distances);
+  CopyInto(from.probabilities, to.probabilities);
+  to.limits = from.limits;
+}
+
 // The results, named after the components in use.
-DistanceResults Renamed(const DistanceResults& results, const char* distance_name,
-                        const char* probability_name, int component_count) {
-  DistanceResults renamed(distance_name, probability_name, component_count,
-                          results.distances.NVal());
-  const auto copy = [](const XFVector& from, XFVector& to) {
-    std::ranges::copy(from.Values(), to.Values().begin());
-    to.SetActValInfo();
-  };
-  copy(results.distances, renamed.distances);
-  copy(results.probabilities, renamed.probabilities);
-  renamed.limits = results.limits;
+std::shared_ptr<Results> Renamed(const Results& results) {
+  const int response_count = results.errors ? results.errors->rss.NVal() : 0;
+  auto renamed = MakeResults(EExecuted::kWorkset, results.x.component_count,
+                             results.x.distances.NVal(), response_count);
+  CopyInto(results.x, renamed->x);
+  if (results.y && renamed->y) CopyInto(*results.y, *renamed->y);
+  if (!results.errors || !renamed->errors) return renamed;
+  for (XFVector PredictionErrors::*const vector :
+       {&PredictionErrors::rss, &PredictionErrors::press, &PredictionErrors::sd_adj_ls,
+        &PredictionErrors::sd_ts, &PredictionErrors::np_ws, &PredictionErrors::np_ts}) {
+    CopyInto((*results.errors).*vector, (*renamed->errors).*vector);
+  }
   return renamed;
 }
 
@@ -76,12 +88,7 @@ void Model::TakeRecord(ModelRecord record) {
       stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
     }
   }
-  std::optional<WorksetResults>& results = record.results;
-  if (results) {
-    const int used = results->x.component_count;
-    results->x = Renamed(results->x, "DModX", "PModX", used);
-    if (results->y) results->y = Renamed(*results->y, "DModY", "PModY", used);
-  }
+  auto results = record.results == nullptr ? nullptr : Renamed(*record.results);
 
   header_ = record.header;
   dataset_name_ = record.dataset_name;

@@ -132,7 +132,7 @@ int ModelVectors::Check(const VecRow& row) const {
   const bool has_data = is_of_residuals ? model_.x_->IsCentred() : has_values;
   if (is_of_data && !has_data) return status::mva::kDataNotAvailable;
   const bool has_results =
-      (row.state != EVecState::kExecuted || model_.workset_results_.has_value()) &&
+      (row.state != EVecState::kExecuted || model_.workset_results_ != nullptr) &&
       (row.state != EVecState::kPredicted || model_.predictions_ != nullptr);
   return has_results ? status::kOk : status::mva::kResultsNotAvailable;
 }
