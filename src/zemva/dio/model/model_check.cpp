@@ -82,6 +82,13 @@ bool IsBlock(const ModelRecord& model, const BlockRecord& block) {
   if (k < 1 || !block.info || block.variables == nullptr || block.variables->GetNVar() != k) {
     return false;
   }
+  // Tables and responses go together.
+  const bool is_loaded = model.observations != nullptr;
+  const bool has_values = is_loaded && block.block == EBlock::kY;
+  if (block.IsOfLoaded() != is_loaded || (block.values != nullptr) != has_values ||
+      (block.blocks != nullptr && !is_loaded)) {
+    return false;
+  }
   const CentInfo& info = *block.info;
   const bool is_centred = !IsMissing(info.centred.ss);
   return (IsClassBlock(model.type, block.block) ? AreClasses(block)
@@ -156,7 +163,8 @@ bool IsConsistent(const ModelRecord& record) {
       sizes.rows >= kFewestRows && record.dataset_variables != nullptr &&
       AreMembers(record.members, sizes.rows) &&
       (record.observations == nullptr || record.observations->GetNItm() == sizes.rows) &&
-      (record.classes == nullptr || record.classes->GetNObs() == sizes.rows);
+      (record.classes == nullptr ||
+       (record.observations != nullptr && record.classes->GetNObs() == sizes.rows));
   if (!is_of_rows || !IsBlock(record, record.x)) return false;
   if (record.HasY() ? !IsBlock(record, record.y) : sizes.responses != 0 || record.y.info) {
     return false;

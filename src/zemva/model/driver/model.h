@@ -535,7 +535,10 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Takes the component over and off the residuals, and measures and judges it. It is dropped again
   // where that fails.
   int AddComp(std::shared_ptr<CompInfo> component, const Validation& validation);
-  void DropComp();
+  // Drops the components after a.
+  void DropAfter(int a);
+  // Takes all components off the residuals of a block, which are those of component 0.
+  void TakeOffComponents(DataBlock& block) const;
   void Measure(CompInfo& component);
   void MeasureWeighted(CompInfo& component);
   void ReportExplained(const char* text, const Stage& after, const Stage& initial);

@@ -99,6 +99,7 @@ void Model::TakeRecord(ModelRecord record) {
   x_ = std::move(x);
   y_ = std::move(y);
   components_ = {record.components.begin(), record.components.end()};
+  if (HasY() && y_->IsCentred()) TakeOffComponents(*y_);
   workset_results_ = std::move(results);
   // The numbers of a row are those of its position in the data set.
   short row = 0;
