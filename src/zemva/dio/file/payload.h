@@ -120,13 +120,17 @@ class PayloadReader {
       }
     }
   }
-  // A zero-terminated text, cut at its field.
-  template <std::size_t Capacity>
-  void TakeText(FixedText<Capacity>& text) {
-    const auto end = std::ranges::find(bytes_, '\0');
-    if (end == bytes_.end()) return Fail();
-    text.Set(bytes_.data());
-    bytes_ = {end + 1, bytes_.end()};
+  // A text up to its terminating zero byte, which lies in the payload; empty where none is.
+  const char* TakeText() {
+    const void* const end =
+        bytes_.empty() ? nullptr : std::memchr(bytes_.data(), '\0', bytes_.size());
+    if (end == nullptr) {
+      Fail();
+      return "";
+    }
+    const char* const text = bytes_.data();
+    bytes_ = bytes_.subspan(static_cast<std::size_t>(static_cast<const char*>(end) - text) + 1);
+    return text;
   }
 
   void Fail() { is_whole_ = false; }

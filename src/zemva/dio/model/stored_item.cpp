@@ -48,10 +48,9 @@ void AddMatrix(const XFMatrix& matrix, PayloadWriter& payload) {
 }
 
 XFMatrix TakeMatrix(PayloadReader& payload) {
-  FixedText<24> name;
-  payload.TakeText(name);
+  const char* const name = payload.TakeText();
   const auto [row_count, column_count] = TakeSize<float>(payload);
-  XFMatrix matrix(name.Get(), row_count, column_count, 0.0f);
+  XFMatrix matrix(name, row_count, column_count, 0.0f);
   Made(matrix);
   for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
   matrix.SetActValInfo();
