@@ -289,6 +289,9 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Hotelling's T2 of an observation: the sum of t^2 / S2t over components 1..a, or first..last.
   virtual float GetT2LS(char a, short i) const;
   virtual float GetT2RangeLS(char first, char last, short i) const;
+  // The largest T2 over components 1..a, for the upper-tail probability `p`: a (N - 1) / (N - a) F
+  // with F of a and N - a degrees of freedom. Over two components it is the border of the ellipse.
+  float GetT2Limit(char a, float p) const;
   // The half-axis of the confidence ellipse in a plot of two score vectors, for the upper-tail
   // probability `p`: sqrt(S2t 2 F (N - 1) / (N - 2)) with F of 2 and N - 2 degrees of freedom.
   virtual float GetTCritAxisLen(char a, float p) const;
