@@ -205,7 +205,6 @@ TEST(Nipals, RecoversATableOfRankOneFromWhatIsLeftOfIt) {
 TEST(Nipals, ComponentsAreOrthogonalAndAddUpToTheTable) {
   const Table table = RandomTable(40, 10, 0);
   ResidualMatrix residuals(MatrixOf(table));
-  Table sum(40, std::vector<float>(10));
   std::vector<Fit> fits;
   for (int a = 0; a < 3; ++a) {
     const auto total = [&](const std::vector<double>& squares) {
@@ -222,11 +221,14 @@ TEST(Nipals, ComponentsAreOrthogonalAndAddUpToTheTable) {
     EXPECT_NEAR(before - total(residuals.RowSquares()), dot(fit.t, fit.t), 1e-5 * before);
     EXPECT_NEAR(dot(fit.t, fits[0].t), a ? 0 : dot(fit.t, fit.t), 1e-4 * before);
   }
-  for (const Fit& fit : fits) residuals.Add(fit.t, fit.p);
-  XFMatrix restored("X", 40, 10, 0.0f);
-  residuals.CopyTo(restored);
-  for (int i = 0; i < 40; ++i) {
-    ExpectNear({restored.Row(i + 1).begin(), restored.Row(i + 1).end()}, table[std::size_t(i)]);
+  XFMatrix left("X", 40, 10, 0.0f);
+  residuals.CopyTo(left);
+  for (std::size_t i = 0; i < 40; ++i) {
+    std::vector<float> sum{left.Row(int(i) + 1).begin(), left.Row(int(i) + 1).end()};
+    for (const Fit& fit : fits) {
+      for (std::size_t k = 0; k < 10; ++k) sum[k] += fit.t[i] * fit.p[k];
+    }
+    ExpectNear(sum, table[i]);
   }
 }
 

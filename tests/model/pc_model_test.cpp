@@ -290,10 +290,15 @@ TEST(PCModel, AnswersWithTheMissingValueForWhatIsNotThere) {
   EXPECT_EQ(model.GetDModXLS(3, 1), kM);
 }
 
-TEST(PCModel, HasTheEllipseOfThePublishedTable) {
-  // F(2, 48) at 5 % is 3.1907: sqrt(S2t 2 3.1907 49/48).
+TEST(PCModel, HasTheEllipseAndTheLimitsOfThePublishedTable) {
+  // F(2, 48) at 5 % is 3.1907: sqrt(S2t 2 3.1907 49/48). F(1, 49) is 4.0384, F(3, 47) at 1
+  // % 4.2180.
   Bench bench(test::Sample("USArrests"));
-  ASSERT_EQ(bench.Compute(), 0);
+  ASSERT_EQ(bench.Compute(3), 0);
+  EXPECT_NEAR(D(bench.model.GetT2Limit(1, 0.05f)), 4.0384, 1e-3);
+  EXPECT_NEAR(D(bench.model.GetT2Limit(2, 0.05f)), 2 * 3.1907 * 49 / 48, 1e-3);
+  EXPECT_NEAR(D(bench.model.GetT2Limit(3, 0.01f)), 3 * 4.2279 * 49 / 47, 1e-3);
+  EXPECT_EQ(bench.model.GetT2Limit(4, 0.05f), kM);
   EXPECT_NEAR(D(bench.model.GetTCritAxisLen(1, 0.05f)),
               std::sqrt(D(bench.model.GetS2T(1)) * 2 * 3.1907 * 49 / 48), 1e-3);
 }

@@ -48,8 +48,9 @@ class ModelAnswers {
     AddAll(&Model::GetModType, &Model::GetModNum, &Model::GetNObs, &Model::GetNVarX,
            &Model::GetNVarXUsed, &Model::GetNVarY, &Model::GetNVarYDS, &Model::GetNVarLagY,
            &Model::GetA, &Model::GetA0, &Model::IsOverrun, &Model::GetDCritTeSLS,
-           &Model::GetDCritTrSLS, &Model::IsNormDistLS, &Model::IsWResLS);
-    bytes_.append(model_.GetModNam()).append(model_.GetModTitle());
+           &Model::GetDCritTrSLS, &Model::IsNormDistLS, &Model::IsWResLS, &Model::IsNormDistPS,
+           &Model::IsWResPS, &Model::GetStatus);
+    bytes_.append(model_.GetModNam()).append(model_.GetModTitle()).append(model_.GetDSNam());
     for (short m = 0; m <= largest_ + 1; ++m) {
       Add(model_.GetMaxIY(m)), Add(model_.GetMinIY(m)), Add(model_.GetWeigX(m));
       Add(model_.GetWeigY(m)), Add(model_.GetRMSEE(m));
@@ -70,17 +71,24 @@ class ModelAnswers {
     bytes_ += model_.GetSignRule(a);
     using OfElement = float (Model::*)(char, short) const;
     static constexpr OfElement kElements[] = {
-        &Model::GetAvgX,    &Model::GetAvgY,    &Model::GetB0,      &Model::GetC,
-        &Model::GetDModXLS, &Model::GetDModYLS, &Model::GetMPowX,   &Model::GetOLevX,
-        &Model::GetOLevY,   &Model::GetP,       &Model::GetPModXLS, &Model::GetPModYLS,
-        &Model::GetQ2VAX,   &Model::GetQ2VAY,   &Model::GetQ2VX,    &Model::GetQ2VY,
-        &Model::GetR2VAY,   &Model::GetR2VY,    &Model::GetS2OX,    &Model::GetS2OY,
-        &Model::GetS2VX,    &Model::GetS2VY,    &Model::GetR2VX,    &Model::GetR2VXadj,
-        &Model::GetR2VAX,   &Model::GetR2VYadj, &Model::GetSSVX,    &Model::GetSSOX,
-        &Model::GetT,       &Model::GetT2LS,    &Model::GetSSVY,    &Model::GetSSOY,
-        &Model::GetU,       &Model::GetW,       &Model::GetWStar,   &Model::GetVIP};
+        &Model::GetAvgX,     &Model::GetAvgY,    &Model::GetB0,      &Model::GetC,
+        &Model::GetDModXLS,  &Model::GetDModYLS, &Model::GetMPowX,   &Model::GetOLevX,
+        &Model::GetOLevY,    &Model::GetP,       &Model::GetPModXLS, &Model::GetPModYLS,
+        &Model::GetQ2VAX,    &Model::GetQ2VAY,   &Model::GetQ2VX,    &Model::GetQ2VY,
+        &Model::GetR2VAY,    &Model::GetR2VY,    &Model::GetS2OX,    &Model::GetS2OY,
+        &Model::GetS2VX,     &Model::GetS2VY,    &Model::GetR2VX,    &Model::GetR2VXadj,
+        &Model::GetR2VAX,    &Model::GetR2VYadj, &Model::GetSSVX,    &Model::GetSSOX,
+        &Model::GetT,        &Model::GetT2LS,    &Model::GetSSVY,    &Model::GetSSOY,
+        &Model::GetU,        &Model::GetW,       &Model::GetWStar,   &Model::GetVIP,
+        &Model::GetR2VAXadj, &Model::GetR2VAYadj};
+    const std::unique_ptr<FMatrix> coefficients(model_.GetBMat(a));
+    Add(coefficients != nullptr);
+    for (int i = 1; coefficients != nullptr && i <= coefficients->NRow(); ++i) {
+      for (const float value : coefficients->Row(i)) Add(value);
+    }
     for (short i = 0; i <= largest_ + 1; ++i) {
       for (const OfElement element : kElements) Add((model_.*element)(a, i));
+      Add(model_.GetT2RangeLS(2, a, i));
       for (short m = 0; m <= std::min<int>(model_.GetNVarY(), 12) + 1; ++m) {
         Add(model_.GetCoeff(a, i, m)), Add(model_.GetCoeffCS(a, i, m));
       }
@@ -93,10 +101,12 @@ class ModelAnswers {
     for (short i = 0; i <= model_.GetNObsPS(); ++i) {
       Add(model_.GetObsIxPS(i)), Add(model_.IsMembPS(i)), Add(model_.GetDModXPS(a, i));
       Add(model_.GetPModXPS(a, i)), Add(model_.GetDModYPS(a, i)), Add(model_.GetPModYPS(a, i));
-      Add(model_.GetT2PS(a, i)), Add(model_.GetTPredPS(a, i));
+      Add(model_.GetT2PS(a, i)), Add(model_.GetTPredPS(a, i)), Add(model_.GetTPredPS(1, i));
       for (short m = 0; m <= largest_; ++m) {
         Add(model_.GetXResPS(i, m)), Add(model_.GetYObsPS(i, m)), Add(model_.GetYPredPS(i, m));
         Add(model_.GetSEYPredLPS(i, m)), Add(model_.GetSEYPredUPS(i, m));
+        Add(model_.GetYPredErrPS(i, m)), Add(model_.GetNPredErrTeS(m));
+        Add(model_.GetNPredErrTrS(m));
       }
     }
   }
@@ -113,7 +123,8 @@ class ModelAnswers {
       table->ShowAll(window);
       window << table->GetNam();
     };
-    show(model_.GetObsInfo()), show(model_.GetClaInfo());
+    show(model_.GetObsInfo()), show(model_.GetClaInfo()), show(model_.GetObsInfoPS());
+    show(model_.GetVarInfoDS());
     show(model_.GetVarInfoX()), show(model_.GetVarInfoY());
     show(model_.GetScaInfoX()), show(model_.GetScaInfoY());
     show(model_.GetTraInfoX()), show(model_.GetTraInfoY());

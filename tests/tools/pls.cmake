@@ -5,7 +5,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/run_model.cmake)
 fit(${SAMPLES}/mtcars.csv --y mpg --components 2 --test ${SAMPLES}/mtcars.csv)
 expect("${out}" "^PLS-12 .* NObs = 32, NVarX= 10, NVarY= 1\n")
 expect_in(components "^Comp,[^\n]*,Status,R2Y,R2Y\\(cum\\)\n1,0\\.57575[^\n]*,0\\.83178[0-9]*,0\\.83178[0-9]*\n2,0\\.10073[^\n]*,0\\.02216[0-9]*,0\\.8539")
-expect_in(observations "^ONum,ONam,t\\[1\\],t\\[2\\],DModX,PModX,Tsquare,u\\[1\\],u\\[2\\],DModY,YPred\\(mpg\\)\n1,Mazda RX4,0\\.6933[0-9]*,0\\.8949[0-9]*,[^\n]*,0\\.3963[0-9]*,-0\\.624[56][0-9]*,[0-9.]+,22\\.657[78][0-9]*\n")
+expect_in(observations "^ONum,ONam,t\\[1\\],t\\[2\\],DModX,PModX,Tsquare,u\\[1\\],u\\[2\\],DModY,YPred\\(mpg\\),DModX>DCrit,Tsquare>95%,Tsquare>99%\n1,Mazda RX4,0\\.6933[0-9]*,0\\.8949[0-9]*,[^\n]*,0\\.3963[0-9]*,-0\\.624[56][0-9]*,[0-9.]+,22\\.657[78][0-9]*,0,0,0\n")
 expect_in(variables ",w\\[1\\],w\\[2\\],w\\*\\[1\\],w\\*\\[2\\],VIP,CoeffCS\\(mpg\\),Coeff\\(mpg\\)\n2,cyl,[^\n]*,-0\\.3900[0-9]*,0\\.2190[0-9]*,-0\\.3900[0-9]*,0\\.1971[0-9]*,1\\.2223[0-9]*,-0\\.1127[0-9]*,-0\\.3806[0-9]*\n")
 expect_in(responses "^VNum,VNam,AvgY,Weig,c\\[1\\],c\\[2\\],R2VY\\(cum\\),Q2V\\(cum\\),Const,RMSEE\n1,mpg,20\\.0906[0-9]*,0\\.1659[0-9]*,0\\.3806[0-9]*,0\\.1810[0-9]*,0\\.8539[0-9]*,[^,]*,24\\.75[0-9]*,2\\.381[0-9]*\n$")
 # The observations of the model are predicted as they were fitted.
@@ -22,7 +22,7 @@ fit(${SAMPLES}/iris.csv --class 1=1-50 --class 2=51-100 --class 3=101-150 --comp
 expect("${out}" "^PLS-1DA ")
 expect_in(components "\n2,0\\.22789[^\n]*,0\\.08612[0-9]*,0\\.5572[0-9]*\n$")
 expect_in(responses "\n1,Class1,[^\n]*,0\\.3914[0-9]*,0\\.1558[0-9]*\n2,Class2,[^\n]*\n3,Class3,[^\n]*\n$")
-expect_in(observations ",YPred\\(Class1\\),YPred\\(Class2\\),YPred\\(Class3\\)\n1,setosa_1,[^\n]*,0\\.9576[0-9]*,0\\.1110[0-9]*,-0\\.0687[0-9]*\n")
+expect_in(observations ",YPred\\(Class1\\),YPred\\(Class2\\),YPred\\(Class3\\),DModX[^\n]*\n1,setosa_1,[^\n]*,0\\.9576[0-9]*,0\\.1110[0-9]*,-0\\.0687[0-9]*,[01],[01],[01]\n")
 file(COPY ${WORK}/out/responses.csv DESTINATION ${WORK}/by_number)
 
 # The same classes from a column of texts.
@@ -42,7 +42,7 @@ expect_same_files(${WORK}/by_number/responses.csv ${WORK}/out/responses.csv)
 file(WRITE ${WORK}/quoted.csv
   ",,\"y, 1\",a,b\n1,,5,1,2\n2,,3,2,2\n3,,2,5,5\n4,,9,2,0\n5,,1,4,4\n6,,7,1,3\n")
 fit(${WORK}/quoted.csv --y "\"y, 1\"" --y-scale Ctr --components 1)
-expect_in(observations ",\"YPred\\(y, 1\\)\"\n")
+expect_in(observations ",\"YPred\\(y, 1\\)\",DModX")
 expect_in(responses "\n1,\"y, 1\",4\\.5,1,")
 
 # For other programs, and for spreadsheets where the decimal mark is a comma.

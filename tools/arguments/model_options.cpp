@@ -209,7 +209,9 @@ void AddModelOptions(CLI::App& line, ModelOptions& options) {
             options.test_file);
   AddOption(line, "--save", "MODEL.mdl", "saves the model, for predict and show",
             options.model_file);
-  AddOption(line, "--out", "DIR", "writes the results into a folder, as tables",
+  AddOption(line, "--out", "DIR",
+            "writes the results into a folder, as tables; limits of T2 are a (N - 1) / (N - a) "
+            "F(a, N - a)",
             options.out_directory);
   AddFlag(line, "--json", "the summary in JSON in place of the listing", options.is_json);
   AddSettingsFolder(line, options.settings_directory);

@@ -21,6 +21,7 @@ void WriteTables(const Model& model, Dataset* test, ResultFolder& folder) {
   folder.Write(TabulateObservations(model));
   folder.Write(TabulateVariables(model));
   if (model.GetNVarY() > 0) folder.Write(TabulateResponses(model));
+  folder.Write(TabulateLimits(model));
   if (test != nullptr) folder.Write(TabulatePredictions(model, *test));
   folder.RemoveOthers();
 }

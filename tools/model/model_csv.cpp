@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/model_limits.h"
 #include "text/code_page.h"
 #include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
@@ -134,6 +135,10 @@ ResultTable TabulateObservations(const Model& model) {
   for (const short m : PositionsUpTo(model.GetNVarY())) {
     vectors.AddOf(m, "YPred", VarPred, VecSpec::kY);
   }
+  for (const ObservationLimit& limit : ObservationLimitsOf(model)) {
+    columns.AddNumber(limit.question,
+                      [&model, limit](short i) { return limit.IsBeyond(model, i); });
+  }
   return {"observations", std::move(columns), model.GetNObs()};
 }
 
@@ -172,6 +177,19 @@ ResultTable TabulateResponses(const Model& model) {
   columns.AddNumber("Const", [&](short m) { return model.GetB0(model.GetA(), m); });
   columns.AddNumber("RMSEE", [&](short m) { return model.GetRMSEE(m); });
   return {"responses", std::move(columns), model.GetNVarY()};
+}
+
+ResultTable TabulateLimits(const Model& model) {
+  const auto limits = std::make_shared<const std::vector<ModelLimit>>(LimitsOf(model));
+  const auto at = [limits](short i) -> const ModelLimit& {
+    return (*limits)[static_cast<std::size_t>(i) - 1];
+  };
+  CsvColumns columns;
+  columns.AddText("Limit", [at](short i) { return at(i).name; });
+  columns.AddText("Of", [at](short i) { return at(i).of.c_str(); });
+  columns.AddNumber("Level", [at](short i) { return at(i).level; });
+  columns.AddNumber("Value", [at](short i) { return at(i).value; });
+  return {"limits", std::move(columns), static_cast<short>(limits->size())};
 }
 
 ResultTable TabulatePredictions(const Model& model, Dataset& test) {

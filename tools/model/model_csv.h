@@ -14,6 +14,7 @@ ResultTable TabulateObservations(const Model& model);
 ResultTable TabulateVariables(const Model& model);
 // Of a model that has responses.
 ResultTable TabulateResponses(const Model& model);
+ResultTable TabulateLimits(const Model& model);
 // A row for each observation of the data set that the model was executed on, those that were left
 // out included. It outlives the table too.
 ResultTable TabulatePredictions(const Model& model, Dataset& test);

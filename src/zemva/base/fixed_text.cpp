@@ -8,7 +8,9 @@ void CopyText(char* field, std::size_t capacity, const char* text) {
   if (capacity == 0) return;
   std::size_t length = 0;
   if (text != nullptr) {
-    while (length + 1 < capacity && text[length] != '\0') ++length;
+    const void* const end = std::memchr(text, '\0', capacity - 1);
+    length = end == nullptr ? capacity - 1
+                            : static_cast<std::size_t>(static_cast<const char*>(end) - text);
     std::memmove(field, text, length);
   }
   field[length] = '\0';

@@ -1,5 +1,7 @@
 #include "zemva/dio/dio.h"
 
+#include <utility>
+
 #include "zemva/base/positions.h"
 
 #include "zemva/dio/dataset/dio_data.h"
@@ -40,7 +42,7 @@ int Dio::LoadModel(const char* address, ModelOwner* owner, ModOpt* options,
   } else {
     made = std::make_unique<PCModel>(owner, record.type, window_, options, selector);
   }
-  made->TakeRecord(record);
+  made->TakeRecord(std::move(record));
   made->SetModAddr(address);
   model = std::move(made);
   return status::kOk;

@@ -13,6 +13,8 @@
 namespace zemva {
 namespace {
 
+constexpr std::size_t kBufferSize = std::size_t{1} << 16;
+
 [[noreturn]] void RaiseOpenError(const char* text) {
   throw new DioFileError(status::dio::kOpenError, kFileAccess, text);
 }
@@ -41,9 +43,11 @@ std::FILE* DioFile::OpenSuperItemFile() {
   const std::filesystem::path path = NativePath(path_.Get());
   std::error_code error;
   if (!std::filesystem::exists(path, error)) RaiseOpenError("file does not exist.");
+  buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
   // A folder can be opened on some systems, and opening a pipe waits for its other end.
   stream_ = std::filesystem::is_regular_file(path, error) ? OpenFile(path, "rb") : nullptr;
   if (stream_ == nullptr) RaiseOpenError("file could not be opened.");
+  std::setvbuf(stream_, buffer_.get(), _IOFBF, kBufferSize);
   is_open_ = true;
   unbacked_rows_ = 0;
   if (std::fseek(stream_, 0, SEEK_END) == 0) length_ = GetPosition();
@@ -59,6 +63,7 @@ void DioFile::CloseSuperItemFile() {
     std::fclose(stream_);
   }
   stream_ = nullptr;
+  buffer_.reset();
   is_open_ = false;
   length_ = 0;
 }

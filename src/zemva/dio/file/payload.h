@@ -3,13 +3,15 @@
 #define ZEMVA_DIO_FILE_PAYLOAD_H
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <span>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "zemva/base/fixed_text.h"
@@ -25,9 +27,20 @@ concept PayloadNumber = std::same_as<T, char> || std::same_as<T, short> || std::
 // loaded do. None may be no number.
 enum class Overflow { kRefused, kAllowed };
 
+// Whether all values may stand in a payload. The bits are looked at, all of them: that takes
+// several values at a time.
 template <std::floating_point Number>
-bool IsAcceptable(Number value, Overflow overflow) {
-  return overflow == Overflow::kAllowed ? !std::isnan(value) : std::isfinite(value);
+bool AreAcceptable(std::span<const Number> values, Overflow overflow) {
+  using Bits =
+      std::conditional_t<sizeof(Number) == sizeof(std::uint32_t), std::uint32_t, std::uint64_t>;
+  const auto infinity = std::bit_cast<Bits>(std::numeric_limits<Number>::infinity());
+  const Bits first_refused = overflow == Overflow::kAllowed ? infinity + 1 : infinity;
+  Bits refused = 0;
+  for (const Number value : values) {
+    const Bits magnitude = std::bit_cast<Bits>(value) & (std::numeric_limits<Bits>::max() >> 1);
+    refused |= magnitude >= first_refused ? Bits{1} : Bits{0};
+  }
+  return refused == 0;
 }
 
 // A payload as it grows, and the extents of its item.
@@ -42,9 +55,7 @@ class PayloadWriter {
   template <PayloadNumber Number>
   void Add(std::span<const Number> values) {
     if constexpr (std::floating_point<Number>) {
-      is_acceptable_ = is_acceptable_ && std::ranges::all_of(values, [&](Number value) {
-                         return zemva::IsAcceptable(value, overflow_);
-                       });
+      is_acceptable_ = is_acceptable_ && AreAcceptable(values, overflow_);
     }
     const char* const bytes = reinterpret_cast<const char*>(values.data());
     bytes_.insert(bytes_.end(), bytes, bytes + values.size_bytes());
@@ -69,7 +80,7 @@ class PayloadWriter {
 };
 
 // A payload that is read from its first byte to its last. What is asked for beyond its end is 0, as
-// are floats that there can not be, and the payload is then not whole.
+// are the floats of a run in which one cannot be, and the payload is then not whole.
 class PayloadReader {
  public:
   PayloadReader(std::span<const char> bytes, std::span<const std::int16_t> extents,
@@ -103,20 +114,23 @@ class PayloadReader {
     std::memcpy(values.data(), bytes_.data(), values.size_bytes());
     bytes_ = bytes_.subspan(values.size_bytes());
     if constexpr (std::floating_point<Number>) {
-      for (Number& value : values) {
-        if (IsAcceptable(value, overflow_)) continue;
-        value = 0;
+      if (!AreAcceptable(std::span<const Number>(values), overflow_)) {
+        std::ranges::fill(values, Number{0});
         Fail();
       }
     }
   }
-  // A zero-terminated text, cut at its field.
-  template <std::size_t Capacity>
-  void TakeText(FixedText<Capacity>& text) {
-    const auto end = std::ranges::find(bytes_, '\0');
-    if (end == bytes_.end()) return Fail();
-    text.Set(bytes_.data());
-    bytes_ = {end + 1, bytes_.end()};
+  // A text up to its terminating zero byte, which lies in the payload; empty where none is.
+  const char* TakeText() {
+    const void* const end =
+        bytes_.empty() ? nullptr : std::memchr(bytes_.data(), '\0', bytes_.size());
+    if (end == nullptr) {
+      Fail();
+      return "";
+    }
+    const char* const text = bytes_.data();
+    bytes_ = bytes_.subspan(static_cast<std::size_t>(static_cast<const char*>(end) - text) + 1);
+    return text;
   }
 
   void Fail() { is_whole_ = false; }

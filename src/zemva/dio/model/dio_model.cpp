@@ -1,6 +1,7 @@
 #include "zemva/dio/model/dio_model.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "zemva/dio/file/dio_guard.h"
@@ -18,8 +19,8 @@ int WriteAll(const ModelRecord& record, const StoredFile::Sink& sink) {
     status = WriteItems(BlockItems(block), record.Block(block), kNoComponent, sink);
   }
   int a = 0;
-  for (const CompInfo& component : record.components) {
-    if (status == status::kOk) status = WriteItems(ComponentItems(), component, ++a, sink);
+  for (const auto& component : record.components) {
+    if (status == status::kOk) status = WriteItems(ComponentItems(), *component, ++a, sink);
   }
   return status;
 }
@@ -74,7 +75,7 @@ int DioModel::ReadNextItem(ModelRecord& record, std::int64_t& size) {
   if (!IsIn(ComponentItems(), item.name)) return file_.PassOver(item);
   const int status = StartComponent(record, item.component);
   return status == status::kOk
-             ? file_.Read(ComponentItems(), item, seen_in_component_, record.components.back())
+             ? file_.Read(ComponentItems(), item, seen_in_component_, *record.components.back())
              : status;
 }
 
@@ -84,7 +85,7 @@ int DioModel::StartComponent(ModelRecord& record, int a) {
   if (a != last + 1 || a > record.component_count) return status::dio::kReadError;
   const int status = last == 0 ? FinishModel(record) : FinishComponent(record);
   if (status != status::kOk) return status;
-  CompInfo& component = record.components.emplace_back(a, 0, 0, 0);
+  CompInfo& component = *record.components.emplace_back(std::make_shared<CompInfo>(a, 0, 0, 0));
   if (record.HasY()) component.y.emplace('Y', a, 0, 0);
   seen_in_component_.assign(ComponentItems().size(), false);
   return status::kOk;
@@ -99,7 +100,7 @@ int DioModel::FinishModel(const ModelRecord& record) const {
 }
 
 int DioModel::FinishComponent(const ModelRecord& record) const {
-  return AreComplete(ComponentItems(), seen_in_component_, record.components.back())
+  return AreComplete(ComponentItems(), seen_in_component_, *record.components.back())
              ? status::kOk
              : status::dio::kReadError;
 }

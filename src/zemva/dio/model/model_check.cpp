@@ -82,6 +82,13 @@ bool IsBlock(const ModelRecord& model, const BlockRecord& block) {
   if (k < 1 || !block.info || block.variables == nullptr || block.variables->GetNVar() != k) {
     return false;
   }
+  // Tables and responses go together.
+  const bool is_loaded = model.observations != nullptr;
+  const bool has_values = is_loaded && block.block == EBlock::kY;
+  if (block.IsOfLoaded() != is_loaded || (block.values != nullptr) != has_values ||
+      (block.blocks != nullptr && !is_loaded)) {
+    return false;
+  }
   const CentInfo& info = *block.info;
   const bool is_centred = !IsMissing(info.centred.ss);
   return (IsClassBlock(model.type, block.block) ? AreClasses(block)
@@ -113,7 +120,7 @@ bool IsComponent(const CompInfo& component, int a, const Sizes& sizes) {
          component.inv_ppw_cp.NRow() == (has_y ? a : 0) && component.inv_ppw_cp.NCol() == of_y;
 }
 
-bool AreResults(const WorksetResults& results, int component_count, const Sizes& sizes) {
+bool AreResults(const Results& results, int component_count, const Sizes& sizes) {
   const auto are_distances = [&](const DistanceResults& block) {
     return HaveLength(sizes.rows, {&block.distances, &block.probabilities});
   };
@@ -156,7 +163,8 @@ bool IsConsistent(const ModelRecord& record) {
       sizes.rows >= kFewestRows && record.dataset_variables != nullptr &&
       AreMembers(record.members, sizes.rows) &&
       (record.observations == nullptr || record.observations->GetNItm() == sizes.rows) &&
-      (record.classes == nullptr || record.classes->GetNObs() == sizes.rows);
+      (record.classes == nullptr ||
+       (record.observations != nullptr && record.classes->GetNObs() == sizes.rows));
   if (!is_of_rows || !IsBlock(record, record.x)) return false;
   if (record.HasY() ? !IsBlock(record, record.y) : sizes.responses != 0 || record.y.info) {
     return false;
@@ -164,8 +172,8 @@ bool IsConsistent(const ModelRecord& record) {
   const bool is_centred = !IsMissing(record.x.info->centred.ss);
   if (!record.components.empty() && !is_centred) return false;
   int a = 0;
-  for (const CompInfo& component : record.components) {
-    if (!IsComponent(component, ++a, sizes)) return false;
+  for (const auto& component : record.components) {
+    if (!IsComponent(*component, ++a, sizes)) return false;
   }
   return !record.results || AreResults(*record.results, a, sizes);
 }

@@ -67,16 +67,17 @@ constexpr MItem Option(const char* name) {
 // --- The execution on the work set: X, and Y where there is one ---
 
 bool HasResults(const ModelRecord& model) {
-  return model.results.has_value();
+  return model.results != nullptr;
 }
 
-// What was not there until the first of its items came.
-WorksetResults& Results(ModelRecord& model) {
+// What was not there until the first of its items came. How many responses there are, their items
+// tell.
+Results& ResultsOf(ModelRecord& model) {
   if (!model.results) {
-    model.results.emplace(0, 0, 0);
     if (model.HasY()) {
-      model.results->y.emplace("DModY", "PModY", 0, 0);
-      model.results->errors.emplace(0);
+      model.results = std::make_shared<PLSResults>(EExecuted::kWorkset, 0, 0, 0);
+    } else {
+      model.results = std::make_shared<PCResults>(EExecuted::kWorkset, 0, 0);
     }
   }
   return *model.results;
@@ -85,7 +86,7 @@ WorksetResults& Results(ModelRecord& model) {
 // The same vector of each block, a row a block.
 template <XFVector DistanceResults::*Values>
 void AddOfBlocks(const ModelRecord& model, PayloadWriter& payload) {
-  const WorksetResults& results = *model.results;
+  const Results& results = *model.results;
   payload.AddExtent(results.y ? 2 : 1);
   payload.AddExtent((results.x.*Values).NVal());
   payload.AddText("");
@@ -95,7 +96,7 @@ void AddOfBlocks(const ModelRecord& model, PayloadWriter& payload) {
 
 template <XFVector DistanceResults::*Values>
 void TakeOfBlocks(ModelRecord& model, PayloadReader& payload) {
-  WorksetResults& results = Results(model);
+  Results& results = ResultsOf(model);
   const XFMatrix matrix = TakeMatrix(payload);
   if (matrix.NRow() != (results.y ? 2 : 1)) return payload.Fail();
   const auto take = [&](int row, DistanceResults& block) {
@@ -118,7 +119,7 @@ void AddLimits(const ModelRecord& model, PayloadWriter& payload) {
 
 void TakeLimits(ModelRecord& model, PayloadReader& payload) {
   if (payload.GetExtent(0) != 2) payload.Fail();
-  DistanceLimits& limits = Results(model).x.limits;
+  DistanceLimits& limits = ResultsOf(model).x.limits;
   limits.of_others = payload.Take<float>();
   limits.of_members = payload.Take<float>();
 }
@@ -136,7 +137,7 @@ void AddErrors(const ModelRecord& model, PayloadWriter& payload) {
 }
 
 void TakeErrors(ModelRecord& model, PayloadReader& payload) {
-  WorksetResults& results = Results(model);
+  Results& results = ResultsOf(model);
   const XFMatrix matrix = TakeMatrix(payload);
   if (!results.errors || matrix.NRow() != std::ssize(kErrors)) return payload.Fail();
   results.errors.emplace(matrix.NCol());
@@ -222,7 +223,7 @@ constexpr MItem kModelItems[] = {
 
     {NameOf("mDim"), "i2", HasResults,
      [](const ModelRecord& m, PayloadWriter& payload) { payload.Add(static_cast<short>(m.results->x.component_count)); },
-     [](ModelRecord& m, PayloadReader& payload) { Results(m).x.component_count = payload.Take<short>(); }},
+     [](ModelRecord& m, PayloadReader& payload) { ResultsOf(m).x.component_count = payload.Take<short>(); }},
     {NameOf("sdXrc"), "mxf4", HasResults, AddOfBlocks<&DistanceResults::distances>, TakeOfBlocks<&DistanceResults::distances>},
     {NameOf("pcl"), "mxf4", HasResults, AddOfBlocks<&DistanceResults::probabilities>, TakeOfBlocks<&DistanceResults::probabilities>},
     {NameOf("dcrit"), "fv4", HasResults, AddLimits, TakeLimits},

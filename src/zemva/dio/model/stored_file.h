@@ -106,7 +106,7 @@ class StoredFile {
   // 0 where there is nothing at the path, or a file of one such super item; else the code of Open.
   int CheckTarget();
   // Writes a file of a super item of that name. `walk` hands all items to a sink, as WriteItems
-  // does, and is called twice: 2001, before the first byte, for more than 2 GiB.
+  // does, and is called again for a large file: 2001, before the first byte, for more than 2 GiB.
   int Write(std::string_view name, const std::function<int(const Sink&)>& walk);
 
  private:

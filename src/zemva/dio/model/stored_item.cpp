@@ -34,11 +34,10 @@ void AddVector(const XFVector& vector, PayloadWriter& payload) {
 void TakeVector(PayloadReader& payload, XFVector& vector) {
   const int length = payload.GetExtent(0);
   if (!payload.Has<float>(length)) return;
-  XFVector read(vector.GetName(), length, 0.0f);
-  payload.Take(Made(read).Values());
-  read.SetActValInfo();
-  vector = read;
-  Made(vector);
+  // It was empty: an item stands once.
+  if (vector.Exp(length, 0.0f) != status::kOk) throw std::bad_alloc();
+  payload.Take(vector.Values());
+  vector.SetActValInfo();
 }
 
 void AddMatrix(const XFMatrix& matrix, PayloadWriter& payload) {
@@ -49,10 +48,9 @@ void AddMatrix(const XFMatrix& matrix, PayloadWriter& payload) {
 }
 
 XFMatrix TakeMatrix(PayloadReader& payload) {
-  FixedText<24> name;
-  payload.TakeText(name);
+  const char* const name = payload.TakeText();
   const auto [row_count, column_count] = TakeSize<float>(payload);
-  XFMatrix matrix(name.Get(), row_count, column_count, 0.0f);
+  XFMatrix matrix(name, row_count, column_count, 0.0f);
   Made(matrix);
   for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
   matrix.SetActValInfo();

@@ -80,7 +80,7 @@ constexpr StoredItem<Record> TextItem(ItemName name, const char* tag, Access /*a
           [](const Record& record, PayloadWriter& payload) {
             payload.AddText(Access{}(record).View());
           },
-          [](Record& record, PayloadReader& payload) { payload.TakeText(Access{}(record)); }};
+          [](Record& record, PayloadReader& payload) { Access{}(record).Set(payload.TakeText()); }};
 }
 
 // A vector keeps its name, a matrix takes the one in the payload, which a matrix of doubles has

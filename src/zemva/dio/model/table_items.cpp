@@ -7,8 +7,6 @@
 namespace zemva {
 namespace {
 
-using Name = FixedText<25>;
-
 constexpr const char* kObservationColumn = "ObsName";
 constexpr int kLabelCount = 3;
 constexpr int kSmallestRow = 3;  // bytes of a number and an empty name
@@ -35,9 +33,7 @@ void TakeRows(PayloadReader& payload, int count, Take take) {
   if (!payload.Has<char>(std::int64_t{count} * kSmallestRow)) return;
   for (int i = 1; i <= count && payload.IsWhole(); ++i) {
     const auto number = payload.Take<short>();
-    Name name;
-    payload.TakeText(name);
-    if (take(number, name.Get()) != status::kOk) throw std::bad_alloc();
+    if (take(number, payload.TakeText()) != status::kOk) throw std::bad_alloc();
   }
 }
 
@@ -82,13 +78,8 @@ void AddTable(const ObsInfo& table, PayloadWriter& payload) {
 void TakeTable(PayloadReader& payload, std::shared_ptr<ObsInfo>& table) {
   table = std::make_shared<ObsInfo>("ObsInfo");
   if (payload.Take<short>() != 1) payload.Fail();
-  Name ignored;
-  payload.TakeText(ignored);
-  for (int i = 1; i <= kLabelCount; ++i) {
-    FixedText<22> label;
-    payload.TakeText(label);
-    table->SetLabel(i, label.Get());
-  }
+  payload.TakeText();
+  for (int i = 1; i <= kLabelCount; ++i) table->SetLabel(i, payload.TakeText());
   if (payload.Take<short>() != payload.GetExtent(0)) payload.Fail();
   TakeRows(payload, payload.GetExtent(0),
            [&](short number, const char* name) { return table->AddObs(number, name); });

@@ -21,10 +21,12 @@ namespace zemva {
 struct BlockRecord {
   explicit BlockRecord(EBlock which) : block(which) {}
 
+  // Whether the model had its tables, which it is without when it was unloaded.
+  bool IsOfLoaded() const { return scalings != nullptr; }
+
   EBlock block;
   short column_count = 0;
   std::shared_ptr<VarInfo> variables;  // a row for each column
-  // Null too where the model was unloaded.
   std::shared_ptr<ScaInfo> scalings;
   std::shared_ptr<BlkInfo> blocks;
   // All that the columns are made with, also what helps to make another one; none for classes.
@@ -32,7 +34,7 @@ struct BlockRecord {
   std::shared_ptr<ExpInfo> terms;
   std::shared_ptr<LagInfo> lags;
   std::optional<CentInfo> info;      // there once anything was loaded
-  std::shared_ptr<XFMatrix> values;  // of responses: what was observed is a result
+  std::shared_ptr<XFMatrix> values;  // of loaded responses: what was observed is a result
 };
 
 }  // namespace zemva

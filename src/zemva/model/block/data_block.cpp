@@ -148,10 +148,7 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
   }
   reference.SetActValInfo();
 
-  std::vector<char> takes_part;
-  for (const float weight : info_->weights.Values()) takes_part.push_back(weight != 0.0f);
-  residuals_.emplace(*values_, takes_part);
-  residuals_->CenterAndScale(reference.Values(), info_->weights.Values());
+  MakeResiduals();
   Measure({is_centred ? 1 : 0, 0, 0}, info_->centred);
   if (!IsInRange(info_->centred.ss)) {
     const std::vector<double> squares = residuals_->ColumnSquares();
@@ -169,6 +166,17 @@ int DataBlock::Center(bool is_centred, ModelLog& log) {
   }
   SetAverage();
   return status::kOk;
+}
+
+void DataBlock::MakeResiduals() {
+  std::vector<char> takes_part;
+  for (const float weight : info_->weights.Values()) takes_part.push_back(weight != 0.0f);
+  residuals_.emplace(*values_, takes_part);
+  ResetResiduals();
+}
+
+void DataBlock::ResetResiduals() {
+  residuals_->CenterAndScale(*values_, info_->reference.Values(), info_->weights.Values());
 }
 
 // The average is a linear function of the data.
@@ -206,8 +214,9 @@ double DataBlock::Restore(double value, int k) const {
 }
 
 const TraData* DataBlock::GetTransformation(int column) const {
-  if (transformations_ == nullptr) return nullptr;
-  return transformations_->GetItm(transformations_->FindVar(GetNumber(column)));
+  if (preparation_->plan == nullptr) return nullptr;
+  const TraInfo& table = preparation_->plan->GetTransformations();
+  return table.GetItm(table.FindVar(preparation_->variables.GetVNum(static_cast<short>(column))));
 }
 
 float DataBlock::BackTransform(float value, int k) const {

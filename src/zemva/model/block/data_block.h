@@ -80,6 +80,8 @@ class DataBlock {
   int MakeCentred(bool is_centred, ModelLog& log, std::unique_ptr<DataBlock>& centred) const;
   // Whether there are residuals.
   bool IsCentred() const { return residuals_.has_value(); }
+  // Makes them those of component 0 again.
+  void ResetResiduals();
 
   // Sets the sums, variances and modelling powers of a stage from the residuals.
   void Measure(LostFreedom lost, Stage& stage) const;
@@ -116,13 +118,15 @@ class DataBlock {
   float CenterAndScale(float value, int k) const;
   double Restore(double value, int k) const;
   // Whether the column is transformed, and a value of it before that; missing where there is no way
-  // back. The tables are loaded.
+  // back.
   bool IsTransformed(int k) const { return GetTransformation(k) != nullptr; }
   float BackTransform(float value, int k) const;
 
  private:
   void DescribeLoaded();
   int Center(bool is_centred, ModelLog& log);
+  // Those of component 0, with the reference and the weights that there are.
+  void MakeResiduals();
   void SetAverage();
   void Fill(LostFreedom lost, std::span<const double> row_squares,
             std::span<const double> column_squares, Stage& stage) const;

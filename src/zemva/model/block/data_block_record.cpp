@@ -59,6 +59,7 @@ DataBlock::DataBlock(EModType type, const BlockRecord& record, const XI1Vector& 
       blocks_(record.blocks),
       info_(record.info) {
   if (!info_) return;
+  if (!record.IsOfLoaded()) variables_ = nullptr;
   // Nothing has modelling power before the first component, and what is not centred no centre.
   const int row_count = info_->loaded.sso.NVal();
   const CentInfo empty(GetLetter(), row_count, record.column_count);
@@ -70,6 +71,7 @@ DataBlock::DataBlock(EModType type, const BlockRecord& record, const XI1Vector& 
   } else {
     if (info_->centred.mpow.NVal() == 0) info_->centred.mpow = empty.centred.mpow;
     SetAverage();
+    if (values_ != nullptr) MakeResiduals();
   }
 
   std::unique_ptr<const ColumnPlan> plan;
@@ -77,14 +79,16 @@ DataBlock::DataBlock(EModType type, const BlockRecord& record, const XI1Vector& 
     const TraInfo transformations = RowsOf(record.transformations, "TraInfoX");
     const ExpInfo terms = RowsOf(record.terms, "ExpInfoX");
     const LagInfo lags = RowsOf(record.lags, "LagInfoX");
-    transformations_ = SelectRows(transformations, *variables_, &TraInfo::ExtTraInfo);
-    terms_ = SelectRows(terms, *variables_, &ExpInfo::ExtExpInfo);
-    lags_ = SelectRows(lags, *variables_, &LagInfo::ExtLagInfo);
+    if (record.IsOfLoaded()) {
+      transformations_ = SelectRows(transformations, *record.variables, &TraInfo::ExtTraInfo);
+      terms_ = SelectRows(terms, *record.variables, &ExpInfo::ExtExpInfo);
+      lags_ = SelectRows(lags, *record.variables, &LagInfo::ExtLagInfo);
+    }
     plan = std::make_unique<const ColumnPlan>(*dataset_variables, lags, transformations, terms,
-                                              *variables_);
+                                              *record.variables);
   }
   preparation_ = std::make_shared<const Preparation>(
-      Preparation{nullptr, block_, members, dataset_variables, *variables_, std::move(plan)});
+      Preparation{nullptr, block_, members, dataset_variables, *record.variables, std::move(plan)});
 }
 
 }  // namespace zemva

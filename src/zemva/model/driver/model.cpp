@@ -155,10 +155,7 @@ int Model::Center() {
       const int status = block->MakeCentred(a0 != 0, log_, centred.emplace_back());
       if (status != status::kOk) return status;
       // A model that was unloaded has them already.
-      for (const auto& component : components_) {
-        centred.back()->GetResiduals().Subtract(component->t.Values(),
-                                                component->LoadingsOf(block->GetBlock()).Values());
-      }
+      TakeOffComponents(*centred.back());
     }
     x_ = std::move(centred.front());
     if (y_ != nullptr) y_ = std::move(centred.back());

@@ -169,7 +169,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   virtual float GetPModYLS(char a, short i) const;
   virtual float GetPModYPS(char a, short i) const;
   // The distances of the prediction set's observations; null before its execution.
-  virtual const DistanceResults* GetPSResults() const;
+  virtual const Results* GetPSResults() const;
   // What cross-validation predicts of Y or, without responses, of X: of a component (A),
   // cumulative, by variable (V).
   virtual float GetQ2AX(char a) const;
@@ -291,6 +291,9 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Hotelling's T2 of an observation: the sum of t^2 / S2t over components 1..a, or first..last.
   virtual float GetT2LS(char a, short i) const;
   virtual float GetT2RangeLS(char first, char last, short i) const;
+  // The largest T2 over components 1..a, for the upper-tail probability `p`: a (N - 1) / (N - a) F
+  // with F of a and N - a degrees of freedom. Over two components it is the border of the ellipse.
+  float GetT2Limit(char a, float p) const;
   // The half-axis of the confidence ellipse in a plot of two score vectors, for the upper-tail
   // probability `p`: sqrt(S2t 2 F (N - 1) / (N - 2)) with F of 2 and N - 2 degrees of freedom.
   virtual float GetTCritAxisLen(char a, float p) const;
@@ -434,7 +437,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // All of the model but its data, as its file keeps it; and taking over such a record, which is
   // that of a model of its kind, into a model that holds nothing yet. They throw std::bad_alloc.
   ModelRecord MakeRecord() const;
-  void TakeRecord(const ModelRecord& record);
+  void TakeRecord(ModelRecord record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
   // Removes the file that Save wrote last, if there is one. 1007 when it cannot be removed.
@@ -539,7 +542,10 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Takes the component over and off the residuals, and measures and judges it. It is dropped again
   // where that fails.
   int AddComp(std::shared_ptr<CompInfo> component, const Validation& validation);
-  void DropComp();
+  // Drops the components after a.
+  void DropAfter(int a);
+  // Takes all components off the residuals of a block, which are those of component 0.
+  void TakeOffComponents(DataBlock& block) const;
   void Measure(CompInfo& component);
   void MeasureWeighted(CompInfo& component);
   void ReportExplained(const char* text, const Stage& after, const Stage& initial);
@@ -628,7 +634,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   std::unique_ptr<DataBlock> y_;
   // Copies of a model share them: once added, a component stays what it is.
   std::vector<std::shared_ptr<CompInfo>> components_;
-  std::optional<WorksetResults> workset_results_;
+  std::shared_ptr<Results> workset_results_;
   std::shared_ptr<Predictions> predictions_;
   int a0_ = 0;
   ModelLog log_;

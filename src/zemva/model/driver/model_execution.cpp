@@ -10,7 +10,6 @@
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/distances.h"
 #include "zemva/model/execution/gauge.h"
-#include "zemva/numeric/distributions.h"
 
 namespace zemva {
 
@@ -21,7 +20,8 @@ int Model::GetUsed(short asked) const {
 
 int Model::AddLSResults() {
   return Run([&] {
-    workset_results_.emplace(GetUsed(options_->GetAUseLS()), GetNObs(), GetNVarY());
+    const int a = GetUsed(options_->GetAUseLS());
+    workset_results_ = MakeResults(EExecuted::kWorkset, a, GetNObs(), GetNVarY());
     if (workset_results_->errors) SetErrorsLS(1, *workset_results_->errors);
     return status::kOk;
   });
@@ -206,15 +206,16 @@ float Model::GetT2RangePS(char first, char last, short i) const {
   return SumT2(first, last, [&](char c) { return GetTPredPS(c, i); });
 }
 
+float Model::GetT2Limit(char a, float p) const {
+  return GetComponent(a) == nullptr ? kMissing : static_cast<float>(T2Limit(GetNObs(), a, p));
+}
+
 float Model::GetTCritAxisLen(char a, float p) const {
   const CompInfo* const component = GetComponent(a);
-  const double n = GetNObs();
-  if (component == nullptr || n < 3) return kMissing;
-  const double f = static_cast<double>(FFTest(2.0f, static_cast<float>(n - 2.0), p));
-  if (f < 0.0) return kMissing;
+  const double limit = T2Limit(GetNObs(), 2, p);
+  if (component == nullptr || IsMissing(limit)) return kMissing;
   // sqrt(S2t 2 F (N - 1) / (N - 2))
-  const double variance = static_cast<double>(component->s2t);
-  return static_cast<float>(std::sqrt(variance * 2.0 * f * (n - 1.0) / (n - 2.0)));
+  return static_cast<float>(std::sqrt(static_cast<double>(component->s2t) * limit));
 }
 
 }  // namespace zemva

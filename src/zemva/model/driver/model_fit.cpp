@@ -112,7 +112,7 @@ int Model::AddComp(std::shared_ptr<CompInfo> component, const Validation& valida
     const int verdict = Judge(validation, GetRules(), added);
     return verdict == status::kOk ? Complete(added) : verdict;
   });
-  if (status != status::kOk) DropComp();
+  if (status != status::kOk) DropAfter(GetComponentCount() - 1);
   return status;
 }
 
@@ -120,13 +120,21 @@ int Model::Complete(CompInfo& /*component*/) {
   return status::kOk;
 }
 
-void Model::DropComp() {
-  const CompInfo& last = *components_.back();
+// Residuals that a component were added to again would be others in their last digits.
+void Model::DropAfter(int a) {
+  components_.resize(static_cast<std::size_t>(a));
   for (DataBlock* const block : GetBlocks()) {
     if (!block->IsCentred()) continue;
-    block->GetResiduals().Add(last.t.Values(), last.LoadingsOf(block->GetBlock()).Values());
+    block->ResetResiduals();
+    TakeOffComponents(*block);
   }
-  components_.pop_back();
+}
+
+void Model::TakeOffComponents(DataBlock& block) const {
+  for (const auto& component : components_) {
+    block.GetResiduals().Subtract(component->t.Values(),
+                                  component->LoadingsOf(block.GetBlock()).Values());
+  }
 }
 
 int Model::Reset(short a) {
@@ -134,8 +142,8 @@ int Model::Reset(short a) {
   if (GetComponentCount() > a) {
     DeleteLSResults();
     DeletePSResults();
+    DropAfter(a);
   }
-  while (GetComponentCount() > a) DropComp();
   return ClearStatus();
 }
 

@@ -132,13 +132,15 @@ bool Model::IsInClassPS(short i) const {
 
 int Model::ShowRes(StreamWindow& window) {
   Listing list(window);
-  const auto show = [&](const char* title, const DistanceResults& x, const DistanceResults* y,
-                        ObsInfo* observations, auto get_t2, auto add_remark) {
+  const auto show = [&](const char* title, const Results& results, ObsInfo* observations,
+                        auto get_t2, auto add_remark) {
+    const DistanceResults& x = results.x;
+    const auto& y = results.y;
     list.Text(title).Text(GetModNam()).EndLine();
     list.Right(6, "ONum").Right(26, "ONam");
     const auto add_each = [&](auto add) {
       add(x.distances), add(x.probabilities);
-      if (y != nullptr) add(y->distances), add(y->probabilities);
+      if (y) add(y->distances), add(y->probabilities);
     };
     add_each([&](const XFVector& column) { list.Right(14, column.GetName()); });
     list.Right(14, "Tsquare").EndLine();
@@ -149,19 +151,17 @@ int Model::ShowRes(StreamWindow& window) {
       add_remark(i);
       list.EndLine();
     }
+    if (results.errors) ShowErrors(*results.errors, window);
   };
   if (workset_results_) {
-    const auto& y = workset_results_->y;
     show(
-        "Executing WS: Model ", workset_results_->x, y ? &*y : nullptr, GetObsInfo(),
+        "Executing WS: Model ", *workset_results_, GetObsInfo(),
         [&](char a, short i) { return GetT2LS(a, i); }, [](short) {});
-    if (workset_results_->errors) ShowErrors(*workset_results_->errors, window);
   }
   if (predictions_ != nullptr) {
     const double level = static_cast<double>(options_->GetSignLevPS());
-    const auto& y = predictions_->y;
     show(
-        "Executing PS: Model ", predictions_->distance, y ? &y->distance : nullptr, GetObsInfoPS(),
+        "Executing PS: Model ", *predictions_->results, GetObsInfoPS(),
         [&](char a, short i) { return GetT2PS(a, i); },
         [&](short i) {
           if (IsMembPS(i)) list.Text(" WS-memb.");
@@ -169,7 +169,6 @@ int Model::ShowRes(StreamWindow& window) {
             list.Text(" classified at the ").General(0, 100.0 * level).Text(" % level.");
           }
         });
-    if (y) ShowErrors(y->errors, window);
   }
   return status::kOk;
 }

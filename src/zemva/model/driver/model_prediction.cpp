@@ -107,7 +107,7 @@ int Model::ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const 
     if (status != status::kOk) return status;
     if (HasY()) PredictResponses(observed, to);
   }
-  DistanceResults& distance = predictions_->distance;
+  DistanceResults& distance = predictions_->results->x;
   predictions_->values.SetActValInfo();
   predictions_->residuals.SetActValInfo();
   distance.distances.SetActValInfo();
@@ -173,7 +173,7 @@ std::vector<float> Model::TakeOffScores(const XFVector& values, const FVector& s
 }
 
 void Model::SetDistance(std::span<const float> row, std::span<const float> residuals, short to) {
-  DistanceResults& distance = predictions_->distance;
+  DistanceResults& distance = predictions_->results->x;
   const int a = distance.component_count;
   const Gauge gauge = MakeGauge(EBlock::kX, a, GetMeasurementPS());
   const int present_count = CountPresent(row);
@@ -196,17 +196,18 @@ void Model::SetDistance(std::span<const float> row, std::span<const float> resid
 
 // Null for another number of components than was executed.
 const Predictions* Model::GetPredictions(char a) const {
-  return predictions_ != nullptr && predictions_->distance.component_count == a ? predictions_.get()
-                                                                                : nullptr;
+  return predictions_ != nullptr && predictions_->results->x.component_count == a
+             ? predictions_.get()
+             : nullptr;
 }
 
-const DistanceResults* Model::GetPSResults() const {
-  return predictions_ == nullptr ? nullptr : &predictions_->distance;
+const Results* Model::GetPSResults() const {
+  return predictions_ == nullptr ? nullptr : predictions_->results.get();
 }
 
 char Model::GetASelPS() const {
   return predictions_ == nullptr ? char{0}
-                                 : static_cast<char>(predictions_->distance.component_count);
+                                 : static_cast<char>(predictions_->results->x.component_count);
 }
 
 short Model::GetNObsPS() const {
@@ -234,20 +235,20 @@ float Model::GetTPredPS(char a, short i) const {
 
 float Model::GetDModXPS(char a, short i) const {
   const Predictions* const predictions = GetPredictions(a);
-  return predictions == nullptr ? kMissing : predictions->distance.distances.GetElement(i);
+  return predictions == nullptr ? kMissing : predictions->results->x.distances.GetElement(i);
 }
 
 float Model::GetPModXPS(char a, short i) const {
   const Predictions* const predictions = GetPredictions(a);
-  return predictions == nullptr ? kMissing : predictions->distance.probabilities.GetElement(i);
+  return predictions == nullptr ? kMissing : predictions->results->x.probabilities.GetElement(i);
 }
 
 float Model::GetDCritTrSPS() const {
-  return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_others;
+  return predictions_ == nullptr ? kMissing : predictions_->results->x.limits.of_others;
 }
 
 float Model::GetDCritTeSPS() const {
-  return predictions_ == nullptr ? kMissing : predictions_->distance.limits.of_members;
+  return predictions_ == nullptr ? kMissing : predictions_->results->x.limits.of_members;
 }
 
 float Model::GetXResPS(short i, short k) const {

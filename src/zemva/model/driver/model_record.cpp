@@ -14,18 +14,30 @@
 namespace zemva {
 namespace {
 
+void CopyInto(const XFVector& from, XFVector& to) {
+  std::ranges::copy(from.Values(), to.Values().begin());
+  to.SetActValInfo();
+}
+
+void CopyInto(const DistanceResults& from, DistanceResults& to) {
+  CopyInto(from.distances, to.distances);
+  CopyInto(from.probabilities, to.probabilities);
+  to.limits = from.limits;
+}
+
 // The results, named after the components in use.
-DistanceResults Renamed(const DistanceResults& results, const char* distance_name,
-                        const char* probability_name, int component_count) {
-  DistanceResults renamed(distance_name, probability_name, component_count,
-                          results.distances.NVal());
-  const auto copy = [](const XFVector& from, XFVector& to) {
-    std::ranges::copy(from.Values(), to.Values().begin());
-    to.SetActValInfo();
-  };
-  copy(results.distances, renamed.distances);
-  copy(results.probabilities, renamed.probabilities);
-  renamed.limits = results.limits;
+std::shared_ptr<Results> Renamed(const Results& results) {
+  const int response_count = results.errors ? results.errors->rss.NVal() : 0;
+  auto renamed = MakeResults(EExecuted::kWorkset, results.x.component_count,
+                             results.x.distances.NVal(), response_count);
+  CopyInto(results.x, renamed->x);
+  if (results.y && renamed->y) CopyInto(*results.y, *renamed->y);
+  if (!results.errors || !renamed->errors) return renamed;
+  for (XFVector PredictionErrors::*const vector :
+       {&PredictionErrors::rss, &PredictionErrors::press, &PredictionErrors::sd_adj_ls,
+        &PredictionErrors::sd_ts, &PredictionErrors::np_ws, &PredictionErrors::np_ts}) {
+    CopyInto((*results.errors).*vector, (*renamed->errors).*vector);
+  }
   return renamed;
 }
 
@@ -54,12 +66,12 @@ ModelRecord Model::MakeRecord() const {
     record.members.assign(members.begin(), members.end());
     record.dataset_variables = preparation.dataset_variables;
   }
-  for (const auto& component : components_) record.components.push_back(*component);
+  record.components.assign(components_.begin(), components_.end());
   record.results = workset_results_;
   return record;
 }
 
-void Model::TakeRecord(const ModelRecord& record) {
+void Model::TakeRecord(ModelRecord record) {
   XI1Vector members("Selection", static_cast<int>(record.members.size()), char{0});
   if (members.GetStatus() != status::kOk) throw std::bad_alloc();
   std::ranges::copy(record.members, members.Values().begin());
@@ -68,20 +80,15 @@ void Model::TakeRecord(const ModelRecord& record) {
   };
   auto x = make_block(record.x);
   auto y = HasY() ? make_block(record.y) : nullptr;
-  std::vector<std::shared_ptr<CompInfo>> components;
   int a = 0;
-  for (const CompInfo& component : record.components) {
+  for (const auto& component : record.components) {
+    std::optional<Stage>& stage = component->y;
     ++a;
-    components.push_back(std::make_shared<CompInfo>(component));
-    std::optional<Stage>& stage = components.back()->y;
-    if (stage) stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+    if (stage && stage->mpow.NVal() == 0) {
+      stage->mpow = MakeVector("MPow", 'Y', a, record.y.column_count);
+    }
   }
-  std::optional<WorksetResults> results = record.results;
-  if (results) {
-    const int used = results->x.component_count;
-    results->x = Renamed(results->x, "DModX", "PModX", used);
-    if (results->y) results->y = Renamed(*results->y, "DModY", "PModY", used);
-  }
+  auto results = record.results == nullptr ? nullptr : Renamed(*record.results);
 
   header_ = record.header;
   dataset_name_ = record.dataset_name;
@@ -91,7 +98,8 @@ void Model::TakeRecord(const ModelRecord& record) {
   classes_ = record.classes;
   x_ = std::move(x);
   y_ = std::move(y);
-  components_ = std::move(components);
+  components_ = {record.components.begin(), record.components.end()};
+  if (HasY() && y_->IsCentred()) TakeOffComponents(*y_);
   workset_results_ = std::move(results);
   // The numbers of a row are those of its position in the data set.
   short row = 0;

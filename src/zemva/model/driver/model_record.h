@@ -3,7 +3,6 @@
 #define ZEMVA_MODEL_DRIVER_MODEL_RECORD_H
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "zemva/base/fixed_text.h"
@@ -43,10 +42,10 @@ struct ModelRecord {
   std::vector<char> members;
   std::shared_ptr<VarInfo> dataset_variables;
   BlockRecord x{EBlock::kX};
-  BlockRecord y{EBlock::kY};  // empty without responses
-  std::vector<CompInfo> components;
+  BlockRecord y{EBlock::kY};                          // empty without responses
+  std::vector<std::shared_ptr<CompInfo>> components;  // shared with the model
   // Of the execution on the work set, if there was one.
-  std::optional<WorksetResults> results;
+  std::shared_ptr<Results> results;
 
   bool HasY() const { return IsPLSFamily(type); }
   BlockRecord& Block(EBlock block) { return block == EBlock::kX ? x : y; }

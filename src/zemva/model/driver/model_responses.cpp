@@ -133,7 +133,7 @@ float Model::GetRMSEE(short m) const {
 
 void Model::PredictResponses(const XFMatrix* observed, short to) {
   ResponsePredictions& results = *predictions_->y;
-  const int a = results.distance.component_count;
+  const int a = GetASelPS();
   const bool is_back = options_->GetIsBackTraYPS();
   const auto score = [&](int c) { return GetTPredPS(static_cast<char>(c), to); };
   // h = A0 / N + sum of t^2 / (t't of the work set)
@@ -169,7 +169,7 @@ void Model::PredictResponses(const XFMatrix* observed, short to) {
 }
 
 void Model::SetDistanceY(std::span<const double> residuals, short to) {
-  DistanceResults& distance = predictions_->y->distance;
+  DistanceResults& distance = *predictions_->results->y;
   const Gauge gauge = MakeGauge(EBlock::kY, distance.component_count, GetMeasurementPS());
   double squares = 0.0;
   for (const double residual : residuals) squares += residual * residual;
@@ -182,21 +182,22 @@ void Model::SetDistanceY(std::span<const double> residuals, short to) {
 }
 
 void Model::FinishResponses() {
-  ResponsePredictions& results = *predictions_->y;
-  const BlockSize size = GetSize(EBlock::kY, results.distance.component_count);
+  ResponsePredictions& responses = *predictions_->y;
+  Results& results = *predictions_->results;
+  const BlockSize size = GetSize(EBlock::kY, results.x.component_count);
   std::vector<float> of_response(static_cast<std::size_t>(GetNObsPS()));
   for (const short m : PositionsUpTo(GetNVarY())) {
     for (const short i : PositionsUpTo(GetNObsPS())) {
       of_response[static_cast<std::size_t>(i - 1)] = GetYPredErrPS(i, m);
     }
-    results.errors.Set(m, of_response, predictions_->is_member, size.a0 + size.of_column);
+    results.errors->Set(m, of_response, predictions_->is_member, size.a0 + size.of_column);
   }
-  for (XFMatrix* matrix :
-       {&results.values, &results.observed, &results.predicted, &results.lower, &results.upper}) {
+  for (XFMatrix* matrix : {&responses.values, &responses.observed, &responses.predicted,
+                           &responses.lower, &responses.upper}) {
     matrix->SetActValInfo();
   }
-  results.distance.distances.SetActValInfo();
-  results.distance.probabilities.SetActValInfo();
+  results.y->distances.SetActValInfo();
+  results.y->probabilities.SetActValInfo();
 }
 
 namespace {
@@ -236,18 +237,19 @@ float Model::GetSEYPredUPS(short i, short m) const {
 
 float Model::GetDModYPS(char a, short i) const {
   const Predictions* const predictions = GetPredictions(a);
-  if (predictions == nullptr || !predictions->y) return kMissing;
-  return predictions->y->distance.distances.GetElement(i);
+  if (predictions == nullptr || !HasY()) return kMissing;
+  return predictions->results->y->distances.GetElement(i);
 }
 
 float Model::GetPModYPS(char a, short i) const {
   const Predictions* const predictions = GetPredictions(a);
-  if (predictions == nullptr || !predictions->y) return kMissing;
-  return predictions->y->distance.probabilities.GetElement(i);
+  if (predictions == nullptr || !HasY()) return kMissing;
+  return predictions->results->y->probabilities.GetElement(i);
 }
 
 const PredictionErrors* Model::GetPredictionErrorsPS() const {
-  return predictions_ == nullptr || !predictions_->y ? nullptr : &predictions_->y->errors;
+  const bool has_errors = predictions_ != nullptr && predictions_->results->errors.has_value();
+  return has_errors ? &*predictions_->results->errors : nullptr;
 }
 
 short Model::GetNPredErrTeS(short m) const {

@@ -120,24 +120,37 @@ int ModelVectors::Check(const VecRow& row) const {
   if (!model_.x_->GetInfo()) return status::mva::kDataNotAvailable;
   // Other units than those of the data are found with the tables of the data.
   const bool has_units = row.units.Has(CEElmType::Transformed);
-  const bool is_of_data =
+  const bool needs_tables =
       has_units || row.state == EVecState::kData || row.state == EVecState::kExecuted;
-  const bool is_of_residuals =
-      row.state == EVecState::kData && row.units.Has(CEElmType::Standardized);
-  // A model that was read has the tables and Y, but not X.
-  const auto is_of = [&](EVecAxis axis) { return row.along == axis || row.of == axis; };
-  const bool is_of_x =
-      row.state == EVecState::kData && (is_of(EVecAxis::kVarsX) || is_of(EVecAxis::kVars));
-  const bool has_values = is_of_x ? model_.IsLoaded() : HasTables();
-  const bool has_data = is_of_residuals ? model_.x_->IsCentred() : has_values;
-  if (is_of_data && !has_data) return status::mva::kDataNotAvailable;
+  if (needs_tables && !HasTables()) return status::mva::kDataNotAvailable;
+  const bool is_of_x = IsMadeOf(row, EBlock::kX);
+  const bool is_of_y = model_.HasY() && IsMadeOf(row, EBlock::kY);
+  const bool has_data =
+      (is_of_x && HasData(row, EBlock::kX)) || (is_of_y && HasData(row, EBlock::kY));
+  if ((is_of_x || is_of_y) && !has_data) return status::mva::kDataNotAvailable;
   const bool has_results =
-      (row.state != EVecState::kExecuted || model_.workset_results_.has_value()) &&
+      (row.state != EVecState::kExecuted || model_.workset_results_ != nullptr) &&
       (row.state != EVecState::kPredicted || model_.predictions_ != nullptr);
   return has_results ? status::kOk : status::mva::kResultsNotAvailable;
 }
 
+bool ModelVectors::IsMadeOf(const VecRow& row, EBlock block) const {
+  const EVecAxis own = block == EBlock::kX ? EVecAxis::kVarsX : EVecAxis::kResponses;
+  return row.state == EVecState::kData &&
+         (row.along == own || row.of == own || row.type == CEVecType::VarRes);
+}
+
+bool ModelVectors::HasData(const VecRow& row, EBlock block) const {
+  const DataBlock& data = block == EBlock::kX ? *model_.x_ : *model_.y_;
+  const bool is_of_residuals = row.units.Has(CEElmType::Standardized);
+  return is_of_residuals ? data.IsCentred() : data.IsLoaded();
+}
+
 int ModelVectors::CheckQuery(const VecQuery& query) const {
+  const EBlock block = query.of <= model_.GetNVarX() ? EBlock::kX : EBlock::kY;
+  if (query.row->type == CEVecType::VarRes && !HasData(*query.row, block)) {
+    return status::mva::kDataNotAvailable;
+  }
   const bool is_early = query.row->type == CEVecType::VarResPS && query.of > model_.GetNVarX() &&
                         query.last_comp < model_.GetASelPS();
   return is_early ? status::mva::kOnlyAfterLastComponent : status::kOk;

@@ -34,6 +34,10 @@ class ModelVectors : public VecSource {
  private:
   // Whether there are tables of the rows and, where there are responses, their values.
   bool HasTables() const;
+  // Whether a type of vector is made of elements of a block, and whether there are such: a model
+  // that was read has those of Y, but not of X.
+  bool IsMadeOf(const VecRow& row, EBlock block) const;
+  bool HasData(const VecRow& row, EBlock block) const;
   // An element of a block, of the work set or of the prediction set, at a component.
   struct Place {
     EBlock block;

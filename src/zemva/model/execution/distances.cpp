@@ -49,6 +49,15 @@ double BlockSize::MembershipCorrection() const {
   return observation_count / FreeObservations();
 }
 
+double T2Limit(int observation_count, int component_count, float p) {
+  const double a = component_count;
+  const double n = observation_count;
+  if (n <= a) return kMissing;
+  const double f = static_cast<double>(FFTest(static_cast<float>(a), static_cast<float>(n - a), p));
+  // a (N - 1) / (N - a) F
+  return f < 0.0 ? static_cast<double>(kMissing) : a * (n - 1.0) / (n - a) * f;
+}
+
 double ObservationVariance(double squares, int present_count, int of_row) {
   const int df = present_count - of_row;
   return df < 1 ? static_cast<double>(kMissing) : squares / df;

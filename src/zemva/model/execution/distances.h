@@ -79,6 +79,11 @@ class DistanceTest {
   double r_;
 };
 
+// The largest T2 over `component_count` scores, for the upper-tail probability `p`: a (N - 1) / (N
+// - a) F with F of a and N - a degrees of freedom (J. E. Jackson, A User's Guide to Principal
+// Components, 1991, section 1.7). Missing where N <= a, and where F has no critical value.
+double T2Limit(int observation_count, int component_count, float p);
+
 // The leverage of each observation on components 1..a: t (T'T)^-1 t', plus 1/N when the model is
 // centred (R. D. Cook, S. Weisberg, Residuals and Influence in Regression, 1982, chapter 2), from
 // the orthonormal basis of the scores, which missing values can leave oblique. Missing where a

@@ -22,6 +22,10 @@ XFVector MakeSums(const char* name, int length) {
   return vector;
 }
 
+bool IsOfPredset(EExecuted executed) {
+  return executed == EExecuted::kPredset;
+}
+
 struct Sum {
   int count = 0;
   double squares = 0.0;
@@ -60,43 +64,57 @@ void PredictionErrors::Set(int response, std::span<const float> of_rows,
   sd_ts[response] = Deviation(others.squares, others.count);
 }
 
-WorksetResults::WorksetResults(int component_count, int row_count, int response_count)
-    : x("DModX", "PModX", component_count, row_count) {
-  if (response_count == 0) return;
-  y.emplace("DModY", "PModY", component_count, row_count);
+Results::Results(EExecuted executed, int component_count, int row_count)
+    : name(IsOfPredset(executed) ? "PSResiduals" : "LSResiduals"),
+      x(IsOfPredset(executed) ? "DModXPS" : "DModX", IsOfPredset(executed) ? "PModXPS" : "PModX",
+        component_count, row_count) {}
+
+PCResults::PCResults(EExecuted executed, int component_count, int row_count)
+    : Results(executed, component_count, row_count) {}
+
+PLSResults::PLSResults(EExecuted executed, int component_count, int row_count, int response_count)
+    : Results(executed, component_count, row_count) {
+  y.emplace(IsOfPredset(executed) ? "DModYPS" : "DModY",
+            IsOfPredset(executed) ? "PModYPS" : "PModY", component_count, row_count);
   errors.emplace(response_count);
 }
 
-ResponsePredictions::ResponsePredictions(int component_count, int row_count, int response_count)
+std::shared_ptr<Results> MakeResults(EExecuted executed, int component_count, int row_count,
+                                     int response_count) {
+  if (response_count == 0) {
+    return std::make_shared<PCResults>(executed, component_count, row_count);
+  }
+  return std::make_shared<PLSResults>(executed, component_count, row_count, response_count);
+}
+
+ResponsePredictions::ResponsePredictions(int row_count, int response_count)
     : values(MakeMatrix("Y", row_count, response_count)),
       observed(MakeMatrix("YPS", row_count, response_count)),
       predicted(MakeMatrix("YPredPS", row_count, response_count)),
       lower(MakeMatrix("SerrLPS", row_count, response_count)),
-      upper(MakeMatrix("SerrUPS", row_count, response_count)),
-      distance("DModYPS", "PModYPS", component_count, row_count),
-      errors(response_count) {}
+      upper(MakeMatrix("SerrUPS", row_count, response_count)) {}
 
 Predictions::Predictions(int component_count, int column_count, int response_count)
     : values("X", 0, column_count, kMissing),
       residuals("PSResiduals", 0, column_count, kMissing),
-      distance("DModXPS", "PModXPS", component_count, 0) {
-  if (response_count > 0) y.emplace(component_count, 0, response_count);
+      results(MakeResults(EExecuted::kPredset, component_count, 0, response_count)) {
+  if (response_count > 0) y.emplace(0, response_count);
 }
 
 void Predictions::SetRows(std::unique_ptr<ObsInfo> rows, std::vector<short> row_positions,
                           std::vector<char> membership) {
   const auto row_count = static_cast<int>(row_positions.size());
+  const int component_count = results->x.component_count;
+  const int response_count = y ? y->values.NCol() : 0;
   observations = std::move(rows);
   positions = std::move(row_positions);
   is_member = std::move(membership);
   scores.clear();
-  for (int c = 1; c <= distance.component_count; ++c) {
-    scores.push_back(MakeVector("tPS", c, row_count));
-  }
+  for (int c = 1; c <= component_count; ++c) scores.push_back(MakeVector("tPS", c, row_count));
   values = MakeMatrix("X", row_count, residuals.NCol());
   residuals = MakeMatrix("PSResiduals", row_count, residuals.NCol());
-  distance = DistanceResults("DModXPS", "PModXPS", distance.component_count, row_count);
-  if (y) y.emplace(distance.component_count, row_count, y->errors.rss.NVal());
+  results = MakeResults(EExecuted::kPredset, component_count, row_count, response_count);
+  if (y) y.emplace(row_count, response_count);
 }
 
 }  // namespace zemva

@@ -33,28 +33,49 @@ struct PredictionErrors {
   XFVector np_ts;      // "NPTS", how many others
 };
 
-// Of the work set.
-struct WorksetResults {
-  // All missing. Throws std::bad_alloc.
-  WorksetResults(int component_count, int row_count, int response_count);
+// What is executed. The results of a work set are "LSResiduals", with "DModX"; those of a
+// prediction set are "PSResiduals", with "DModXPS".
+enum class EExecuted : char { kWorkset, kPredset };
 
+// What an execution gives of each observation. AddLSResults and AddPSResults of a model make those
+// of its kind, and DeleteLSResults and DeletePSResults drop them. Once made they stay as they are,
+// and copies of a model share them.
+struct Results {
+  Results(const Results&) = delete;
+  Results& operator=(const Results&) = delete;
+
+  const char* name;
   DistanceResults x;
+  // With responses: the distances of those that are present, centred and scaled, and the errors.
   std::optional<DistanceResults> y;
   std::optional<PredictionErrors> errors;
+
+ protected:
+  Results(EExecuted executed, int component_count, int row_count);
 };
+
+// As they begin for the two kinds of model: all missing. Throw std::bad_alloc.
+struct PCResults : Results {
+  PCResults(EExecuted executed, int component_count, int row_count);
+};
+struct PLSResults : Results {
+  PLSResults(EExecuted executed, int component_count, int row_count, int response_count);
+};
+
+// Those of a model with so many responses.
+std::shared_ptr<Results> MakeResults(EExecuted executed, int component_count, int row_count,
+                                     int response_count);
 
 // The responses of a prediction set, in their own units unless they stay transformed.
 struct ResponsePredictions {
-  ResponsePredictions(int component_count, int row_count, int response_count);
+  ResponsePredictions(int row_count, int response_count);
 
   XFMatrix values;     // "Y", as executed, transformed
   XFMatrix observed;   // "YPS"
   XFMatrix predicted;  // "YPredPS"
   // The limits of an observed value.
-  XFMatrix lower;            // "SerrLPS"
-  XFMatrix upper;            // "SerrUPS"
-  DistanceResults distance;  // of the responses that are present, centred and scaled
-  PredictionErrors errors;
+  XFMatrix lower;  // "SerrLPS"
+  XFMatrix upper;  // "SerrUPS"
 };
 
 // Of a prediction set, with a components. Copies of a model share it.
@@ -71,7 +92,7 @@ struct Predictions {
   std::vector<XFVector> scores;  // "tPS[c]" for components 1..a
   XFMatrix values;               // "X", as executed, transformed
   XFMatrix residuals;            // "PSResiduals", of X centred and scaled
-  DistanceResults distance;
+  std::shared_ptr<Results> results;
   std::optional<ResponsePredictions> y;  // none without responses
 };
 

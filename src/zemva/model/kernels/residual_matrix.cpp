@@ -58,11 +58,13 @@ void ResidualMatrix::ClearHoles(std::size_t row) {
     elements_[row * stride_ + static_cast<std::size_t>(hole)] = 0.0f;
 }
 
-void ResidualMatrix::CenterAndScale(std::span<const float> centre, std::span<const float> weights) {
+void ResidualMatrix::CenterAndScale(const XFMatrix& values, std::span<const float> centre,
+                                    std::span<const float> weights) {
   for (std::size_t i = 0; i < row_count_; ++i) {
+    const std::span<const float> loaded = values.Row(static_cast<int>(i) + 1);
     float* const row = elements_.Data() + i * stride_;
     for (std::size_t k = 0; k < ColumnCount(); ++k) {
-      row[k] = CenteredAndScaled(row[k], centre[k], weights[k]);
+      row[k] = CenteredAndScaled(loaded[k], centre[k], weights[k]);
     }
     ClearHoles(i);
   }
@@ -80,20 +82,11 @@ bool ResidualMatrix::IsHole(std::size_t row, std::size_t column) const {
 }
 
 void ResidualMatrix::Subtract(std::span<const float> scores, std::span<const float> loadings) {
-  AddMultiple(-1.0f, scores, loadings);
-}
-
-void ResidualMatrix::Add(std::span<const float> scores, std::span<const float> loadings) {
-  AddMultiple(1.0f, scores, loadings);
-}
-
-void ResidualMatrix::AddMultiple(float sign, std::span<const float> scores,
-                                 std::span<const float> loadings) {
   for (std::size_t i = 0; i < row_count_; ++i) {
     if (IsMissing(scores[i])) continue;
-    const float score = sign * scores[i];
+    const float score = scores[i];
     float* const row = elements_.Data() + i * stride_;
-    for (std::size_t k = 0; k < loadings.size(); ++k) row[k] += score * loadings[k];
+    for (std::size_t k = 0; k < loadings.size(); ++k) row[k] -= score * loadings[k];
     ClearHoles(i);
   }
   ClearUnusedColumns();

@@ -63,13 +63,14 @@ class ResidualMatrix {
   // Every row is followed by zeros up to this length, a multiple of kLaneCount.
   std::size_t PaddedLength() const { return stride_; }
 
-  // Centres and scales every present element.
-  void CenterAndScale(std::span<const float> centre, std::span<const float> weights);
+  // Makes of every present element that of `values`, which the matrix was made of, centred and
+  // scaled.
+  void CenterAndScale(const XFMatrix& values, std::span<const float> centre,
+                      std::span<const float> weights);
 
-  // The matrix less (plus) t p', in float. Where an element or a score is missing, and in columns
-  // that take no part, nothing changes.
+  // The matrix less t p', in float. Where an element or a score is missing, and in columns that
+  // take no part, nothing changes.
   void Subtract(std::span<const float> scores, std::span<const float> loadings);
-  void Add(std::span<const float> scores, std::span<const float> loadings);
 
   // Sums of the squares of the present elements.
   std::vector<double> RowSquares() const;
@@ -88,7 +89,6 @@ class ResidualMatrix {
   void ClearUnusedColumns();
   // Puts back the zeros of the holes after a change of the row.
   void ClearHoles(std::size_t row);
-  void AddMultiple(float sign, std::span<const float> scores, std::span<const float> loadings);
   static std::size_t NextVersion();
 
   std::vector<char> takes_part_;
