@@ -521,6 +521,21 @@ TEST(PLSPrediction, ProjectsOnWhatIsPresent) {
                      "CompLimScr overrun for obsIx 4, was 9\n");
 }
 
+// Gaps leave the scores oblique. A row without any has the same scores in a prediction set.
+TEST(PLSPrediction, LimitsAMemberAsTheWorkSetAlsoWithGaps) {
+  Rows rows = Noise().Table(9, 6);
+  for (std::size_t i = 0; i < 5; ++i) rows[i][i] = kM;
+  PLSBench bench(rows, 1);
+  ASSERT_EQ(bench.Compute(3), 0);
+  ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+  Predset predset("PS", *bench.dataset, bench.workset);
+  bench.owner.predset = &predset;
+  ASSERT_EQ(bench.model.ExecPS(), 0);
+  for (short i = 6; i <= 9; ++i) {
+    EXPECT_NEAR(D(bench.model.GetSEYPredUPS(i, 1)), D(bench.model.GetSEYPredULS(i, 1)), 1e-5) << i;
+  }
+}
+
 TEST(PLSPrediction, TransformsBackWhereItIsWanted) {
   PLSBench bench(test::Sample("mtcars"), {"mpg"});
   bench.workset.SetTransformation(1, ETraType::kLog, 1, 0, 0);

@@ -38,6 +38,7 @@ namespace zemva {
 
 class DataBlock;
 class ExpInfo;
+class Leverage;
 class ScaInfo;
 class TraInfo;
 class VarInfo;
@@ -548,6 +549,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void TakeOffComponents(DataBlock& block) const;
   void Measure(CompInfo& component);
   void MeasureWeighted(CompInfo& component);
+  // On the scores of components 1..a.
+  Leverage MakeLeverage(int a, XFVector CompInfo::*scores) const;
   void ReportExplained(const char* text, const Stage& after, const Stage& initial);
   // 8029 for a verdict against the component that ends the search.
   int Judge(const Validation& validation, const Rules& rules, CompInfo& component);
@@ -607,7 +610,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   double GetHalfWidth(int a, short m, double leverage, float level) const;
   double GetPredictionLS(short i, short m) const;
   float GetLimitLS(short i, short m, double side) const;
-  void PredictResponses(const XFMatrix* observed, short to);
+  void PredictResponses(const XFMatrix* observed, const Leverage& leverage, short to);
   void SetDistanceY(std::span<const double> residuals, short to);
   void FinishResponses();
   // Of responses first..last.

@@ -17,6 +17,7 @@
 #include "zemva/model/driver/model.h"
 #include "zemva/model/driver/validation.h"
 #include "zemva/model/execution/distances.h"
+#include "zemva/model/execution/leverage.h"
 #include "zemva/model/kernels/projection.h"
 
 namespace zemva {
@@ -176,13 +177,17 @@ void Model::Measure(CompInfo& component) {
   component.t_max = component.t.Max();
   component.s2t = static_cast<float>(component.t.S2(0.0f, 0, 1.0f));
   const auto set_leverages = [&](XFVector CompInfo::*scores, XFVector& leverages) {
-    std::vector<std::span<const float>> all;
-    for (const auto& each : components_) all.push_back(((*each).*scores).Values());
-    std::ranges::copy(Leverages(all, GetA0()), leverages.Values().begin());
+    std::ranges::copy(MakeLeverage(a, scores).OfRows(), leverages.Values().begin());
     leverages.SetActValInfo();
   };
   set_leverages(&CompInfo::t, component.leverages);
   if (HasY()) set_leverages(&CompInfo::u, component.leverages_y);
+}
+
+Leverage Model::MakeLeverage(int a, XFVector CompInfo::*scores) const {
+  std::vector<std::span<const float>> all;
+  for (int c = 1; c <= a; ++c) all.push_back((GetComponent(c)->*scores).Values());
+  return Leverage(all, GetA0());
 }
 
 void Model::MeasureWeighted(CompInfo& component) {

@@ -15,6 +15,7 @@
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/distances.h"
 #include "zemva/model/execution/gauge.h"
+#include "zemva/model/execution/leverage.h"
 #include "zemva/model/workset/predset.h"
 #include "zemva/numeric/f_matrix.h"
 #include "zemva/numeric/present.h"
@@ -105,14 +106,17 @@ int Model::ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const 
   for (const short to : PositionsUpTo(GetNObsPS())) {
     status = Predict(data.Row(GetObsIxPS(to)), to);
     if (status != status::kOk) return status;
-    if (HasY()) PredictResponses(observed, to);
   }
   DistanceResults& distance = predictions_->results->x;
   predictions_->values.SetActValInfo();
   predictions_->residuals.SetActValInfo();
   distance.distances.SetActValInfo();
   distance.probabilities.SetActValInfo();
-  if (HasY()) FinishResponses();
+  if (HasY()) {
+    const Leverage leverage = MakeLeverage(distance.component_count, &CompInfo::t);
+    for (const short to : PositionsUpTo(GetNObsPS())) PredictResponses(observed, leverage, to);
+    FinishResponses();
+  }
   return SetLimits(MakeGauge(EBlock::kX, distance.component_count, GetMeasurementPS()),
                    options_->GetSignLevPS(), distance.limits);
 }

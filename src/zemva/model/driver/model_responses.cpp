@@ -10,6 +10,7 @@
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/execution/gauge.h"
+#include "zemva/model/execution/leverage.h"
 #include "zemva/numeric/distributions.h"
 
 namespace zemva {
@@ -131,23 +132,14 @@ float Model::GetRMSEE(short m) const {
 
 // --- Of the prediction set ---
 
-void Model::PredictResponses(const XFMatrix* observed, short to) {
+void Model::PredictResponses(const XFMatrix* observed, const Leverage& leverage, short to) {
   ResponsePredictions& results = *predictions_->y;
   const int a = GetASelPS();
   const bool is_back = options_->GetIsBackTraYPS();
   const auto score = [&](int c) { return GetTPredPS(static_cast<char>(c), to); };
-  // h = A0 / N + sum of t^2 / (t't of the work set)
-  double leverage = static_cast<double>(a0_) / GetNObs();
-  for (int c = 1; c <= a && !IsMissing(leverage); ++c) {
-    const float t = score(c);
-    const CompInfo& component = *GetComponent(c);
-    const double squares = static_cast<double>(component.s2t) * component.t.NValA();
-    if (IsMissing(t)) {
-      leverage = kNone;
-    } else if (squares > 0.0) {
-      leverage += static_cast<double>(t) * static_cast<double>(t) / squares;
-    }
-  }
+  std::vector<float> scores;
+  for (int c = 1; c <= a; ++c) scores.push_back(score(c));
+  const double of_row = leverage.Of(scores);
   std::vector<double> residuals;
   for (const short m : PositionsUpTo(GetNVarY())) {
     const float value = observed == nullptr ? kMissing : (*observed)[GetObsIxPS(to)][m];
@@ -156,7 +148,7 @@ void Model::PredictResponses(const XFMatrix* observed, short to) {
     const double scaled = PredictResponse(a, m, score);
     if (IsMissing(scaled)) continue;
     results.predicted[to][m] = RestoreResponse(scaled, m, is_back);
-    const double half = GetHalfWidth(a, m, leverage, options_->GetSignLevPS());
+    const double half = GetHalfWidth(a, m, of_row, options_->GetSignLevPS());
     if (!IsMissing(half)) {
       results.lower[to][m] = RestoreResponse(scaled - half, m, is_back);
       results.upper[to][m] = RestoreResponse(scaled + half, m, is_back);

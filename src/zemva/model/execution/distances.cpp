@@ -14,31 +14,6 @@ constexpr double kLeastWeight = 0.01;
 constexpr double kNoWeight = 1e-30;
 constexpr double kMostIndependent = 100.0;
 
-using Column = std::vector<double>;
-
-double Dot(const Column& a, const Column& b) {
-  return SumInLanes(a.size(), [&](std::size_t i) { return a[i] * b[i]; });
-}
-
-// Takes off what the basis explains; twice, since once leaves what rounding made of a column that
-// nearly depends on it.
-void Orthogonalise(const std::vector<Column>& basis, Column& column) {
-  for (int pass = 0; pass < 2; ++pass) {
-    for (const Column& direction : basis) {
-      const double share = Dot(direction, column);
-      for (std::size_t i = 0; i < column.size(); ++i) column[i] -= share * direction[i];
-    }
-  }
-}
-
-Column PresentOrZero(std::span<const float> scores) {
-  Column column(scores.size());
-  std::ranges::transform(scores, column.begin(), [](float score) {
-    return IsMissing(score) ? 0.0 : static_cast<double>(score);
-  });
-  return column;
-}
-
 }  // namespace
 
 double BlockSize::FreeObservations() const {
@@ -119,31 +94,6 @@ double DistanceTest::GetLimit(bool is_member, float level) const {
 
 float DistanceTest::GetProbability(bool is_member, double ratio) const {
   return PFTest(static_cast<float>(ratio), Numerator(is_member), 1.0f, static_cast<float>(v2_));
-}
-
-std::vector<float> Leverages(std::span<const std::span<const float>> scores, int a0) {
-  const std::size_t row_count = scores.empty() ? 0 : scores.front().size();
-  std::vector<double> sums(row_count, a0 / static_cast<double>(row_count));
-  std::vector<Column> basis;
-  for (const std::span<const float> component : scores) {
-    Column column = PresentOrZero(component);
-    const double length_before = std::sqrt(Dot(column, column));
-    // q = t - Q Q't, q = q / |q|, h = A0 / N + sum of q^2
-    Orthogonalise(basis, column);
-    const double length = std::sqrt(Dot(column, column));
-    // What depends on the components before it spans nothing new.
-    if (!(length > length_before * 1e-10)) continue;
-    for (double& element : column) element /= length;
-    for (std::size_t i = 0; i < row_count; ++i) sums[i] += column[i] * column[i];
-    basis.push_back(std::move(column));
-  }
-  std::vector<float> leverages(row_count);
-  for (std::size_t i = 0; i < row_count; ++i) {
-    const bool is_present = std::ranges::none_of(
-        scores, [&](std::span<const float> component) { return IsMissing(component[i]); });
-    leverages[i] = is_present ? static_cast<float>(sums[i]) : kMissing;
-  }
-  return leverages;
 }
 
 }  // namespace zemva

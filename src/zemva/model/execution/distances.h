@@ -84,12 +84,6 @@ class DistanceTest {
 // Components, 1991, section 1.7). Missing where N <= a, and where F has no critical value.
 double T2Limit(int observation_count, int component_count, float p);
 
-// The leverage of each observation on components 1..a: t (T'T)^-1 t', plus 1/N when the model is
-// centred (R. D. Cook, S. Weisberg, Residuals and Influence in Regression, 1982, chapter 2), from
-// the orthonormal basis of the scores, which missing values can leave oblique. Missing where a
-// score is. `scores` has a vector of N values for each component.
-std::vector<float> Leverages(std::span<const std::span<const float>> scores, int a0);
-
 }  // namespace zemva
 
 #endif  // ZEMVA_MODEL_EXECUTION_DISTANCES_H
