@@ -40,7 +40,8 @@ std::vector<std::uint64_t> ResultsOf(const RowKernels& kernels, const XFMatrix& 
   const float* const* const rows = matrix.GetMatPtr() + 1;
   kernels.add_to_sums(rows, kRows, n, sums.data(), missing.data());
   kernels.add_to_squares(rows, kRows, n, squares.data());
-  kernels.add_to_sums_and_squares(rows, kRows, n, sums.data(), squares.data());
+  kernels.add_to_sums_and_squares(rows, kRows, n, sums.data(), squares.data(), missing.data());
+  kernels.add_to_wide_deviations(rows, kRows, n, sums.data(), squares.data());
   kernels.add_to_deviations(rows, kRows, n, row, squares.data(), missing.data());
   kernels.update_least(rows, kRows, n, least.data());
   kernels.update_greatest(rows, kRows, n, greatest.data());

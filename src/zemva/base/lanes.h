@@ -221,6 +221,17 @@ ZEMVA_INLINE Double8 ToDouble(const Float8& a) {
   return result;
 }
 
+// `a` with 0 where the mask is set.
+ZEMVA_INLINE Double8 ZeroWhere(const Mask8& mask, Double8 a) {
+  const Double8 kept = ToDouble(Select(mask, Spread(0.0f), Spread(1.0f)));
+  for (int k = 0; k < Double8::kPacks; ++k) {
+    const auto is_kept = kept.packs[k] != 0.0;
+    a.packs[k] = reinterpret_cast<Double8::Pack>(
+        reinterpret_cast<decltype(kept.packs[k] != 0.0)>(a.packs[k]) & is_kept);
+  }
+  return a;
+}
+
 // As ToDouble(Load(from)), each register of doubles straight from memory.
 ZEMVA_INLINE Double8 LoadAsDouble(const float* from) {
 #if defined(__SSE2__) && !defined(__AVX512F__)

@@ -1,6 +1,7 @@
 #include "zemva/data/blk_info.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -224,7 +225,10 @@ int BlkInfo::SetBlocks(const std::vector<char>& blocks, const BlockTypes& types)
   BlkInfo table(GetNam(), static_cast<short>(blocks.size()));
   if (table.GetStatus() != status::kOk) return table.GetStatus();
   std::ranges::copy(blocks, table.b_stat_.Values().begin());
+  std::array<bool, kMaxBlock + 1> is_used = {};
+  for (const char b : blocks) is_used[static_cast<std::size_t>(b)] = true;
   for (char b = 1; b <= kMaxBlock; ++b) {
+    if (!is_used[static_cast<std::size_t>(b)]) continue;
     const BlkData block(b, NumberedName("Block", b).c_str(), types[static_cast<std::size_t>(b)], 0,
                         kMissing);
     const int status = table.TakeBlock(block);

@@ -181,7 +181,7 @@ class ZEMVA_API ItmInfo {
 
   // Makes an item of type Item and appends it. 8002 when it cannot be made, else as AddItm.
   template <typename Item, typename... Arguments>
-  int MakeItm(Arguments... arguments) {
+  int MakeItm(const Arguments&... arguments) {
     Item* const item = new (std::nothrow) Item(arguments...);
     return item == nullptr ? SetStatus(status::mva::kMemory) : AddItm(item);
   }

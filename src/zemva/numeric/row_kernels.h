@@ -43,16 +43,18 @@ struct RowKernels {
 
   // Statistics of n columns over the rows rows[0..row_count-1], whose values begin at rows[i][1],
   // added row by row to one accumulator a column. Sums, sums of squares and sums of squares about a
-  // centre, in double, with the number of values that are missing: these accumulators have room for
-  // PaddedCount(n). The smallest and the largest, where an accumulator begins as +infinity or
-  // -infinity.
+  // centre, in double, with the number of values that are missing: these accumulators, and centres
+  // in double, have room for PaddedCount(n). The smallest and the largest, where an accumulator
+  // begins as +infinity or -infinity.
   void (*add_to_sums)(const float* const* rows, int row_count, int n, double* sums,
                       int* missing_counts);
   void (*add_to_squares)(const float* const* rows, int row_count, int n, double* squares);
   void (*add_to_sums_and_squares)(const float* const* rows, int row_count, int n, double* sums,
-                                  double* squares);
+                                  double* squares, int* missing_counts);
   void (*add_to_deviations)(const float* const* rows, int row_count, int n, const float* centres,
                             double* squares, int* missing_counts);
+  void (*add_to_wide_deviations)(const float* const* rows, int row_count, int n,
+                                 const double* centres, double* squares);
   void (*update_least)(const float* const* rows, int row_count, int n, float* least);
   void (*update_greatest)(const float* const* rows, int row_count, int n, float* greatest);
 

@@ -278,19 +278,23 @@ void AddToSquares(const float* const* rows, int row_count, int n, double* square
 }
 
 void AddToSumsAndSquares(const float* const* rows, int row_count, int n, double* sums,
-                         double* squares) {
+                         double* squares, int* missing_counts) {
   ForRowGroups(rows, row_count, n,
                [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
                  Double8 sum = Load(sums + j);
                  Double8 square_sum = Load(squares + j);
+                 Mask8 missing = Load(missing_counts + j);
                  for (int k = 0; k < kRows; ++k) {
                    const Float8 value = access.Get(group[k] + 1 + j);
-                   const Double8 present = ToDouble(ZeroWhere(IsMissing(value), value));
+                   const Mask8 is_missing = IsMissing(value);
+                   const Double8 present = ToDouble(ZeroWhere(is_missing, value));
+                   missing = missing - is_missing;
                    sum = sum + present;
                    square_sum = square_sum + Square(present);
                  }
                  Store(sum, sums + j);
                  Store(square_sum, squares + j);
+                 Store(missing, missing_counts + j);
                });
 }
 
@@ -310,6 +314,20 @@ void AddToDeviations(const float* const* rows, int row_count, int n, const float
                  }
                  Store(sum, squares + j);
                  Store(missing, missing_counts + j);
+               });
+}
+
+void AddToWideDeviations(const float* const* rows, int row_count, int n, const double* centres,
+                         double* squares) {
+  ForRowGroups(rows, row_count, n,
+               [&]<int kRows>(auto access, int j, const float* const* group) ZEMVA_INLINE_LAMBDA {
+                 const Double8 centre = Load(centres + j);
+                 Double8 sum = Load(squares + j);
+                 for (int k = 0; k < kRows; ++k) {
+                   const Float8 value = access.Get(group[k] + 1 + j);
+                   sum = sum + Square(ZeroWhere(IsMissing(value), ToDouble(value) - centre));
+                 }
+                 Store(sum, squares + j);
                });
 }
 
@@ -368,6 +386,7 @@ constexpr RowKernels kRowKernels = {
     .add_to_squares = AddToSquares,
     .add_to_sums_and_squares = AddToSumsAndSquares,
     .add_to_deviations = AddToDeviations,
+    .add_to_wide_deviations = AddToWideDeviations,
     .update_least = UpdateLeast,
     .update_greatest = UpdateGreatest,
     .add_rows = AddRows,

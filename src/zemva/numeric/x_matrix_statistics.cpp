@@ -82,16 +82,16 @@ XFVector* XFMatrix::SSRow(const char* name) const {
 
 XFVector* XFMatrix::S2Col(const char* name, float centre, int df_loss, float df_factor) const {
   auto result = MakeObject<XFVector>(name, NCol(), 0.0f);
-  DVector sums = Accumulators(*this);
+  ColumnSums columns(*this);
   DVector squares = Accumulators(*this);
-  if (!result || sums.GetStatus() != status::kOk || squares.GetStatus() != status::kOk) {
+  if (!result || !columns.IsMade() || squares.GetStatus() != status::kOk) {
     return HandOver<XFVector>(nullptr);
   }
-  GetRowKernels().add_to_sums_and_squares(GetMatPtr() + 1, NRow(), NCol(), sums.Values().data(),
-                                          squares.Values().data());
+  GetRowKernels().add_to_sums_and_squares(GetMatPtr() + 1, NRow(), NCol(), columns.Sums(),
+                                          squares.Values().data(), columns.MissingCounts());
   const VarianceRule variance{centre, df_loss, df_factor};
   for (int j = 1; j <= NCol(); ++j) {
-    (*result)[j] = static_cast<float>(variance.Apply(NValACol(j), sums[j], squares[j]));
+    (*result)[j] = static_cast<float>(variance.Apply(NValACol(j), columns.Sum(j), squares[j]));
   }
   result->SetActValInfo();
   return HandOver(std::move(result));

@@ -6,10 +6,12 @@
 #include <new>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "zemva/errors/status.h"
 #include "zemva/model/preprocess/element.h"
+#include "zemva/model/workset/block_extract.h"
 #include "zemva/numeric/variance.h"
 
 namespace zemva {
@@ -35,23 +37,18 @@ std::vector<double> Widened(const XFVector& vector) {
 }  // namespace
 
 int DataBlock::Extract(Workset& workset, EModType type, char selector, ModelLog& log) {
-  int status = status::kOk;
-  // Null without a code stands for a table that the work set has not.
-  const auto take = [&](auto& table, auto* extracted) {
-    table.reset(extracted);
-    if (extracted == nullptr && status == status::kOk) status = workset.GetStatus();
-  };
-  take(values_, workset.ExtMatrix(type, block_, selector, log));
-  if (status == status::kOk) take(preparation_, workset.ExtPreparation(type, block_, selector));
-  if (status == status::kOk) take(variables_, workset.ExtVarInfo(type, block_, selector));
-  if (status == status::kOk) {
-    take(scalings_, workset.ExtScaInfo(type, block_, selector, values_.get()));
-  }
-  if (status == status::kOk) take(transformations_, workset.ExtTraInfo(type, block_, selector));
-  if (status == status::kOk) take(terms_, workset.ExtExpInfo(type, block_, selector));
-  if (status == status::kOk) take(lags_, workset.ExtLagInfo(type, block_, selector));
-  if (status == status::kOk) take(blocks_, workset.ExtBlkInfo(type, block_, selector));
-  if (status == status::kOk) DescribeLoaded();
+  BlockExtract extract;
+  const int status = workset.ExtBlock(type, block_, selector, log, extract);
+  if (status != status::kOk) return status;
+  values_ = std::move(extract.matrix);
+  preparation_ = std::move(extract.preparation);
+  variables_ = std::move(extract.variables);
+  scalings_ = std::move(extract.scalings);
+  transformations_ = std::move(extract.transformations);
+  terms_ = std::move(extract.terms);
+  lags_ = std::move(extract.lags);
+  blocks_ = std::move(extract.blocks);
+  DescribeLoaded();
   return status;
 }
 
@@ -216,7 +213,7 @@ double DataBlock::Restore(double value, int k) const {
 const TraData* DataBlock::GetTransformation(int column) const {
   if (preparation_->plan == nullptr) return nullptr;
   const TraInfo& table = preparation_->plan->GetTransformations();
-  return table.GetItm(table.FindVar(preparation_->variables.GetVNum(static_cast<short>(column))));
+  return table.GetItm(table.FindVar(preparation_->variables->GetVNum(static_cast<short>(column))));
 }
 
 float DataBlock::BackTransform(float value, int k) const {

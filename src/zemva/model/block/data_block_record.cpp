@@ -37,7 +37,7 @@ BlockRecord DataBlock::MakeRecord() const {
   BlockRecord record(block_);
   if (!info_) return record;
   record.column_count = GetColumnCount();
-  record.variables = CopyRows(preparation_->variables);
+  record.variables = preparation_->variables;
   record.scalings = scalings_;
   record.blocks = blocks_;
   if (preparation_->plan != nullptr) {
@@ -88,7 +88,7 @@ DataBlock::DataBlock(EModType type, const BlockRecord& record, const XI1Vector& 
                                               *record.variables);
   }
   preparation_ = std::make_shared<const Preparation>(
-      Preparation{nullptr, block_, members, dataset_variables, *record.variables, std::move(plan)});
+      Preparation{nullptr, block_, members, dataset_variables, record.variables, std::move(plan)});
 }
 
 }  // namespace zemva

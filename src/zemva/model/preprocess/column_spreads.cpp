@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "zemva/base/lane_sums.h"
 #include "zemva/numeric/missing.h"
+#include "zemva/numeric/row_kernels.h"
 
 namespace zemva {
 namespace {
@@ -15,39 +17,41 @@ double InverseRoot(double mean_square) {
   return mean_square > kNegligible ? 1.0 / std::sqrt(mean_square) : static_cast<double>(kMissing);
 }
 
-// Calls visit with the first of the columns in each row of the mask.
-template <typename Visit>
-void ForEachRow(const XFMatrix& matrix, const XI1Vector& mask, int first, Visit visit) {
-  for (int i = 1; i <= std::min(matrix.NRow(), mask.NVal()); ++i) {
-    if (mask[i] != 0) visit(matrix[i] + first);
-  }
-}
+constexpr std::size_t kBlock = 1024;
 
 }  // namespace
 
 ColumnSpreads::ColumnSpreads(const XFMatrix& matrix, const XI1Vector& mask, int first, int count)
     : first_(first),
-      counts_(static_cast<std::size_t>(count)),
+      counts_(PaddedCount(static_cast<std::size_t>(count))),
       squares_(counts_.size()),
       deviations_(counts_.size()) {
-  std::vector<double> means(counts_.size());
-  // What is missing adds 0, without a branch.
-  ForEachRow(matrix, mask, first, [&](const float* row) {
-    for (std::size_t k = 0; k < means.size(); ++k) {
-      const bool is_present = !IsMissing(row[k]);
-      const double value = is_present ? static_cast<double>(row[k]) : 0.0;
-      counts_[k] += is_present ? 1.0 : 0.0;
-      means[k] += value;
-      squares_[k] += value * value;
+  const auto width = static_cast<std::size_t>(count);
+  std::vector<const float*> rows;
+  for (std::size_t from = 0; from < width; from += kBlock) {
+    rows.clear();
+    for (int i = 1; i <= std::min(matrix.NRow(), mask.NVal()); ++i) {
+      // The kernels begin behind element 0.
+      if (mask[i] != 0) rows.push_back(matrix[i] + (first - 1) + from);
     }
-  });
-  for (std::size_t k = 0; k < means.size(); ++k) means[k] /= std::max(counts_[k], 1.0);
-  ForEachRow(matrix, mask, first, [&](const float* row) {
-    for (std::size_t k = 0; k < means.size(); ++k) {
-      const double deviation = IsMissing(row[k]) ? 0.0 : static_cast<double>(row[k]) - means[k];
-      deviations_[k] += deviation * deviation;
-    }
-  });
+    Measure(rows, from, std::min(kBlock, width - from));
+  }
+}
+
+void ColumnSpreads::Measure(const std::vector<const float*>& rows, std::size_t from,
+                            std::size_t count) {
+  std::vector<double> means(PaddedCount(count));
+  std::vector<int> missing_counts(means.size());
+  const auto row_count = static_cast<int>(rows.size());
+  const auto width = static_cast<int>(count);
+  GetRowKernels().add_to_sums_and_squares(rows.data(), row_count, width, means.data(),
+                                          &squares_[from], missing_counts.data());
+  for (std::size_t k = 0; k < count; ++k) {
+    counts_[from + k] = row_count - missing_counts[k];
+    means[k] /= std::max(counts_[from + k], 1.0);
+  }
+  GetRowKernels().add_to_wide_deviations(rows.data(), row_count, width, means.data(),
+                                         &deviations_[from]);
 }
 
 double ColumnSpreads::InverseDeviation(int column) const {

@@ -11,8 +11,8 @@
 namespace zemva {
 
 // Of some columns of a matrix, over the present values in the rows that have a byte in a mask other
-// than 0. It goes row by row, so that what lies side by side is read together; each column's sums
-// are in double and in the order of the rows.
+// than 0. It goes row by row over as many columns as stay in the cache until they are read again;
+// each column's sums are in double and in the order of the rows.
 class ColumnSpreads {
  public:
   // Of `count` columns from `first` on. Throws std::bad_alloc.
@@ -25,6 +25,8 @@ class ColumnSpreads {
 
  private:
   std::size_t Slot(int column) const { return static_cast<std::size_t>(column - first_); }
+
+  void Measure(const std::vector<const float*>& rows, std::size_t from, std::size_t count);
 
   int first_;
   std::vector<double> counts_;

@@ -29,21 +29,26 @@ ColumnPlan::ColumnPlan(const VarInfo& variables, const LagInfo& lags,
   transformations_ = Owned(transformations.ExtTraInfo(needed.Select(transformations).GetPtr()));
   lags_ = Owned(lags.ExtLagInfo(needed.Select(lags).GetPtr()));
   for (short k = 1; lags_->GetItm(k) != nullptr; ++k) needed.Add(lags_->GetItm(k)->GetVNumDS());
+  const bool has_steps =
+      lags_->GetNItm() > 0 || transformations_->GetNItm() > 0 || terms_->GetNItm() > 0;
   for (int j = 1; j <= variables.GetNVar(); ++j) {
     const auto position = static_cast<short>(j);
     const short vnum = variables.GetVNum(position);
     if (!needed.Has(vnum)) continue;
     sources_.push_back(position);
+    if (!has_steps) continue;
     if (source_variables_.AddVar(vnum, variables.GetVNam(position)) != status::kOk) {
       throw std::bad_alloc();
     }
   }
+  if (!has_steps) return;
   keep_flags(source_variables_);
   keep_flags(*lags_);
   keep_flags(*terms_);
 }
 
 int ColumnPlan::Apply(XFMatrix& matrix, XI1Vector& excluded) const {
+  if (is_wanted_.empty()) return status::kOk;
   VarInfo variables(source_variables_);
   int status = variables.GetStatus();
   if (status == status::kOk && lags_->GetNItm() > 0) {

@@ -45,11 +45,12 @@ class ColumnPlan {
 
  private:
   std::vector<short> sources_;
+  // Where the columns are more than those of the sources.
   VarInfo source_variables_{"Sources"};
   std::unique_ptr<LagInfo> lags_;
   std::unique_ptr<TraInfo> transformations_;
   std::unique_ptr<ExpInfo> terms_;
-  std::vector<bool> is_wanted_;  // of the sources, the lagged variables and the terms
+  std::vector<bool> is_wanted_;  // of sources, lagged variables, terms; likewise
 };
 
 }  // namespace zemva

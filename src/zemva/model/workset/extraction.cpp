@@ -1,8 +1,12 @@
 #include "zemva/model/workset/extraction.h"
 
-#include <cmath>
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <functional>
 #include <new>
 #include <numeric>
+#include <span>
 #include <string_view>
 
 #include "zemva/base/positions.h"
@@ -14,23 +18,42 @@
 namespace zemva {
 namespace {
 
+// Without a branch, for loops that run over several elements at once.
+bool IsFinite(float value) {
+  constexpr std::uint32_t kExponent = 0x7f800000;
+  return (std::bit_cast<std::uint32_t>(value) & kExponent) != kExponent;
+}
+
+// Makes what is not finite missing, and returns how many elements were not.
+int RefuseNotFinite(std::span<float> row) {
+  int refused_count = 0;
+  for (const float value : row) refused_count += IsFinite(value) ? 0 : 1;
+  if (refused_count > 0) std::ranges::replace_if(row, std::not_fn(IsFinite), kMissing);
+  return refused_count;
+}
+
 // Copies the elements, and returns how many of them are not finite and now missing.
 int Gather(const DataSource& source, const std::vector<short>& variables, XFMatrix& matrix) {
+  std::vector<short> columns;
+  for (const short variable : variables) columns.push_back(source.columns[Slot(variable)]);
+  const auto is_gap = [](short one, short next) { return one == 0 || next != one + 1; };
+  const bool is_run = !columns.empty() && columns.back() != 0 &&
+                      std::ranges::adjacent_find(columns, is_gap) == columns.end();
   int refused_count = 0;
+  matrix.StartActValInfo();
   for (int i = 1; i <= matrix.NRow(); ++i) {
     const float* from = source.dataset[source.rows[Slot(i)]];
-    float* to = matrix[i];
-    for (const short variable : variables) {
-      const short column = source.columns[Slot(variable)];
-      float value = column == 0 ? kMissing : from[column];
-      if (!std::isfinite(value)) {
-        value = kMissing;
-        ++refused_count;
-      }
-      *++to = value;
+    const std::span<float> row = matrix.Row(i);
+    if (is_run) {
+      std::copy_n(from + columns.front(), row.size(), row.begin());
+    } else {
+      std::ranges::transform(columns, row.begin(), [from](short column) {
+        return column == 0 ? kMissing : from[column];
+      });
     }
+    refused_count += RefuseNotFinite(row);
+    matrix.AddRowToActValInfo(i);
   }
-  matrix.SetActValInfo();
   return refused_count;
 }
 

@@ -28,7 +28,7 @@ NameOrder OrderOfNames(const VarInfo& variables) {
 }  // namespace
 
 Predset::Predset(const char* name, Dataset& dataset, const Workset& workset)
-    : name_(name), dataset_(dataset), workset_(&workset), workset_variables_(workset.variables_) {
+    : name_(name), dataset_(dataset), workset_(&workset), workset_variables_(*workset.variables_) {
   status_ = MemoryGuarded([&] { return Init(); });
 }
 
@@ -159,7 +159,7 @@ int Predset::MakeMatrix(const Preparation& preparation, StreamWindow& window,
                         std::unique_ptr<XFMatrix>& matrix) const {
   if (!IsFor(preparation)) return status::mva::kInconsistentWorksets;
   if (GetNObs() == 0) return status::mva::kTooFewObservations;
-  if (preparation.plan == nullptr) return MakeClassMatrix(preparation.variables, matrix);
+  if (preparation.plan == nullptr) return MakeClassMatrix(*preparation.variables, matrix);
   const int status = CheckSources(preparation, window);
   if (status != status::kOk) return status;
   return ExtractColumns(*preparation.plan, MakeSource(), window, matrix);

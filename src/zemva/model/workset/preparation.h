@@ -21,10 +21,9 @@ struct Preparation {
   EBlock block;
   // A byte for each observation of the work set's data set, 1 for those that were taken.
   XI1Vector members;
-  // All variables of that data set.
+  // All variables of that data set, and a row for each column.
   std::shared_ptr<VarInfo> dataset_variables;
-  // A row for each column.
-  VarInfo variables;
+  std::shared_ptr<VarInfo> variables;
   // How the columns are made; null where they stand for classes.
   std::unique_ptr<const ColumnPlan> plan;
 };

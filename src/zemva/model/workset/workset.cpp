@@ -57,9 +57,9 @@ int Workset::Init() {
   std::vector<Membership> memberships(static_cast<std::size_t>(observations.GetNItm()));
   std::vector<Usage> usages(static_cast<std::size_t>(variables.GetNVar()));
 
+  variables_ = std::make_shared<VarInfo>(std::move(variables));
   observations_ = std::move(observations);
   memberships_ = std::move(memberships);
-  variables_ = std::move(variables);
   usages_ = std::move(usages);
   scalings_ = std::move(scalings);
   return status::kOk;
@@ -100,9 +100,9 @@ short Workset::GetNVar(EBlock block) const {
 }
 
 Workset::Place Workset::Locate(int j) const {
-  const int first_lag = variables_.GetNVar() + 1;
+  const int first_lag = variables_->GetNVar() + 1;
   const int first_term = first_lag + lags_.GetNItm();
-  if (j < first_lag) return {variables_, static_cast<short>(j)};
+  if (j < first_lag) return {*variables_, static_cast<short>(j)};
   if (j < first_term) return {lags_, static_cast<short>(j - first_lag + 1)};
   return {terms_, static_cast<short>(j - first_term + 1)};
 }
@@ -110,7 +110,8 @@ Workset::Place Workset::Locate(int j) const {
 template <typename Key>
 short Workset::FindVar(Key key) const {
   int before = 0;
-  for (const ItmInfo* table : std::initializer_list<const ItmInfo*>{&variables_, &lags_, &terms_}) {
+  for (const ItmInfo* table :
+       std::initializer_list<const ItmInfo*>{variables_.get(), &lags_, &terms_}) {
     const short row = table->GetIx(key);
     if (row != 0) return static_cast<short>(before + row);
     before += table->GetNItm();

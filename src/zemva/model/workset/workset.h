@@ -27,7 +27,9 @@
 namespace zemva {
 
 class ColumnPlan;
+class NumberSet;
 class SetVectors;
+struct BlockExtract;
 struct DataSource;
 struct Preparation;
 struct WorksetRecord;
@@ -116,7 +118,7 @@ class ZEMVA_API Workset {
   short GetNVar() const { return static_cast<short>(usages_.size()); }
   short GetNVar(EBlock block) const;
   // How many of them the data set has.
-  short GetNVarDS() const { return variables_.GetNVar(); }
+  short GetNVarDS() const { return variables_->GetNVar(); }
   // The position of the first with this number or exactly this name, 0 if there is none.
   short GetVIx(short vnum) const;
   short GetVIx(const char* name) const;
@@ -236,6 +238,9 @@ class ZEMVA_API Workset {
   BlkInfo* ExtBlkInfo(EModType type, EBlock block, char selector);
   // Null with status 0 when no observation selected has a class.
   ClaInfo* ExtClaInfo(EModType type, char selector);
+  // The matrix, the preparation and all tables of the columns, of one selection.
+  int ExtBlock(EModType type, EBlock block, char selector, StreamWindow& window,
+               BlockExtract& extract);
 
  private:
   friend class Predset;
@@ -271,7 +276,7 @@ class ZEMVA_API Workset {
 
   // workset_added.cpp
   short GetFreeVNum() const;
-  bool IsFactor(int j) const { return j >= 1 && j <= variables_.GetNVar() + lags_.GetNItm(); }
+  bool IsFactor(int j) const { return j >= 1 && j <= variables_->GetNVar() + lags_.GetNItm(); }
   template <typename Row>
   int Append(VariableTable<Row>& table, const Row& row, short source);
 
@@ -290,23 +295,43 @@ class ZEMVA_API Workset {
 
   // workset_extract.cpp
   struct Selection {
+    EModType type;
+    EBlock block;
     XI1Vector observations;
-    VarInfo variables;
+    // The positions of the variables; the numbers of the classes where the columns stand for these.
+    std::vector<short> columns;
+
+    bool IsOfClasses() const { return IsClassBlock(type, block); }
   };
   XI1Vector SelectObs(EModType type, char selector) const;
-  VarInfo SelectVars(EModType type, EBlock block) const;
-  VarInfo MakeClassVars(const XI1Vector& observations) const;
-  static int Check(EModType type, EBlock block, char selector, const Selection& selection);
+  std::vector<short> SelectVars(EModType type, EBlock block) const;
+  std::vector<short> ClassesOf(const XI1Vector& observations) const;
+  Selection Select(EModType type, EBlock block, char selector) const;
+  static int Check(char selector, const Selection& selection);
+  VarInfo MakeVarInfo(const Selection& selection) const;
+  // Not of classes.
+  NumberSet NumbersOf(const Selection& selection) const;
   ColumnPlan MakePlan(const TraInfo& transformations, const VarInfo& wanted) const;
   DataSource MakeSource(const XI1Vector& observations) const;
   // Hands over what `make`, given the selection, makes.
   template <typename Result, typename Make>
   Result* Ext(EModType type, EBlock block, char selector, Make make);
-  template <typename Table>
-  Table* ExtRows(EModType type, EBlock block, char selector, const Table& rows,
-                 Table* (Table::*extract)(const XI1Vector*) const);
-  int MakeMatrix(EModType type, EBlock block, const Selection& selection, StreamWindow& window,
+  // What is made of a selection; `variables` are those of its columns.
+  std::unique_ptr<const ColumnPlan> MakePlan(const Selection& selection,
+                                             const VarInfo& variables) const;
+  int MakeMatrix(const Selection& selection, const VarInfo& variables, const ColumnPlan* plan,
+                 StreamWindow& window, std::unique_ptr<XFMatrix>& matrix) const;
+  int MakeMatrix(const Selection& selection, StreamWindow& window,
                  std::unique_ptr<XFMatrix>& matrix) const;
+  std::unique_ptr<Preparation> MakePreparation(const Selection& selection,
+                                               const std::shared_ptr<VarInfo>& variables,
+                                               std::unique_ptr<const ColumnPlan> plan) const;
+  int MakeScaInfo(const Selection& selection, const VarInfo& variables, const XFMatrix& matrix,
+                  std::unique_ptr<ScaInfo>& table) const;
+  template <typename Table>
+  std::unique_ptr<Table> MakeRows(const Selection& selection, const Table& rows,
+                                  Table* (Table::*extract)(const XI1Vector*) const) const;
+  int MakeBlkInfo(const Selection& selection, std::unique_ptr<BlkInfo>& table) const;
   // A row for each element of `row_classes`.
   static int MakeClassMatrix(const std::vector<char>& row_classes, const VarInfo& classes,
                              std::unique_ptr<XFMatrix>& matrix);
@@ -317,7 +342,9 @@ class ZEMVA_API Workset {
   StreamWindow& window_;
   ObsInfo observations_{"ObsInfo"};
   std::vector<Membership> memberships_;
-  VarInfo variables_{"VarInfo"};
+  // Those of the data set, never changed and shared with preparations; none until they are known.
+  VarInfo no_variables_{"VarInfo"};
+  std::shared_ptr<VarInfo> variables_{std::shared_ptr<VarInfo>(), &no_variables_};
   std::vector<Usage> usages_;
   std::array<BlkInfo::EBlkType, BlkInfo::kMaxBlock + 1> block_types_ = {};
   ScaInfo scalings_{"ScaInfo"};

@@ -32,16 +32,15 @@ int Workset::SetScaling(short j, EScaType type, float modifier) {
 }
 
 int Workset::Freeze(short j) {
-  Selection selection = {SelectObs(EModType::kPC1, kNoClass), VarInfo("VarInfo")};
-  VarInfo& variables = selection.variables;
-  int status = variables.AddVar(GetVNum(j), GetVNam(j));
-  if (status != status::kOk) return status;
-  status = Check(EModType::kPC1, EBlock::kX, kNoClass, selection);
+  const EModType type = EModType::kPC1;
+  const Selection selection = {type, EBlock::kX, SelectObs(type, kNoClass), {j}};
+  int status = Check(kNoClass, selection);
   if (status != status::kOk) return status;
   std::unique_ptr<XFMatrix> matrix;
   // What is lost on the way is told where the matrix is given out.
-  status = MakeMatrix(EModType::kPC1, EBlock::kX, selection, GlobalStreamWindow(), matrix);
+  status = MakeMatrix(selection, GlobalStreamWindow(), matrix);
   if (status != status::kOk) return status;
+  const VarInfo variables = MakeVarInfo(selection);
   ScaInfo scalings("ScaInfo");
   status = scalings.SetScaInfo(&variables, matrix.get(), this, true);
   if (status != status::kOk) return status;

@@ -39,7 +39,7 @@ WorksetRecord Workset::MakeRecord() const {
   record.name = name_;
   record.dataset_name.Set(dataset_.GetDSNam());
   record.observations = CopyOf(observations_);
-  record.variables = CopyOf(variables_);
+  record.variables = CopyOf(*variables_);
   for (const Membership& each : memberships_) {
     record.members.push_back(each.is_in);
     record.classes.push_back(each.o_class);
@@ -74,8 +74,8 @@ bool Workset::HasDataOf(const WorksetRecord& record) const {
     if (record.observations->GetONum(i) != observations_.GetONum(i)) return false;
   }
   for (const short j : PositionsUpTo(GetNVarDS())) {
-    const bool is_same = record.variables->GetVNum(j) == variables_.GetVNum(j) &&
-                         std::strcmp(record.variables->GetVNam(j), variables_.GetVNam(j)) == 0;
+    const bool is_same = record.variables->GetVNum(j) == variables_->GetVNum(j) &&
+                         std::strcmp(record.variables->GetVNam(j), variables_->GetVNam(j)) == 0;
     if (!is_same) return false;
   }
   return true;

@@ -63,14 +63,15 @@ struct Workset::Excess {
 int Workset::MakeScreenedBlocks(const XI1Vector& observations,
                                 std::vector<ScreenedBlock>& blocks) const {
   for (const EBlock block : {EBlock::kX, EBlock::kY}) {
-    Selection selection = {observations, SelectVars(EModType::kPLS12, block)};
-    if (selection.variables.GetNVar() == 0) continue;
+    const Selection selection = {EModType::kPLS12, block, observations,
+                                 SelectVars(EModType::kPLS12, block)};
+    if (selection.columns.empty()) continue;
     std::unique_ptr<XFMatrix> matrix;
     // What is lost on the way is told where the matrix is given out.
-    const int status = MakeMatrix(EModType::kPLS12, block, selection, GlobalStreamWindow(), matrix);
+    const int status = MakeMatrix(selection, GlobalStreamWindow(), matrix);
     if (status != status::kOk) return status;
     const char* const letter = block == EBlock::kX ? "X" : "Y";
-    blocks.push_back({letter, std::move(selection.variables), std::move(matrix), {}});
+    blocks.push_back({letter, MakeVarInfo(selection), std::move(matrix), {}});
   }
   return blocks.empty() ? status::mva::kTooFewXVariables : status::kOk;
 }
