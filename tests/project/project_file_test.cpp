@@ -102,6 +102,29 @@ TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
   EXPECT_EQ(opened.GetModel(2)->GetModel()->GetT(3, 5), saved.GetModel(2)->GetModel()->GetT(3, 5));
 }
 
+// Written once and kept: every later release reads them.
+TEST_F(ProjectFolder, SetsOfTheFirstVersionAreRead) {
+  const auto dataset = test::Sample("iris");
+  Workset workset("WS", *dataset, window_);
+  ASSERT_EQ(workset.Load(ZEMVA_SAMPLES "/iris.wks"), 0);
+  EXPECT_STREQ(workset.GetNam(), "Three kinds");
+  EXPECT_EQ(workset.GetNObs(), 148);
+  EXPECT_EQ(workset.GetOClass(51), 2);
+  EXPECT_EQ(workset.GetRole(2), EVarRole::kExcluded);
+  EXPECT_EQ(workset.GetRole(4), EVarRole::kY);
+  EXPECT_EQ(workset.GetBlock(3), 2);
+  EXPECT_EQ(workset.GetBlockType(2), BlkInfo::kSquareRoot);
+  EXPECT_EQ(workset.GetLags().GetItm(1)->GetVNumDS(), 3);
+  EXPECT_EQ(workset.GetTerms().GetItm(1)->GetVNum2(), 3);
+  EXPECT_EQ(workset.GetScalings().GetItm(3)->GetScaC1(), 1.5f);
+  EXPECT_EQ(workset.GetTransformations().GetItm(1)->GetTraType(), ETraType::kLog);
+  Predset predset("PS", *dataset, workset);
+  ASSERT_EQ(predset.Load(ZEMVA_SAMPLES "/iris.pre", window_), 0);
+  EXPECT_STREQ(predset.GetNam(), "Every tenth");
+  EXPECT_EQ(predset.GetNObs(), 15);
+  EXPECT_TRUE(predset.IsObsIn(10));
+}
+
 TEST_F(ProjectFolder, NamesWhatIsMissingOpensTheRestAndLosesNothing) {
   Project saved("Project", window_);
   Fill(saved);
@@ -149,13 +172,16 @@ TEST_F(ProjectFolder, RefusesWhatIsNotItsOwn) {
   const std::string whole = test::ReadBytes(folder_.File("workset1.wks"));
   const std::string path = folder_.File("damaged.wks");
   Workset& again = *project.GetWorkset(project.AddWorkset(1, "Again"));
+  const auto write = [&](const std::string& bytes) {
+    std::filesystem::remove(path);  // a file cut short and filled again goes to the disk
+    test::WriteBytes(path, bytes);
+    return path.c_str();
+  };
   for (std::size_t i = 0; i < whole.size(); ++i) {
-    test::WriteBytes(path, whole.substr(0, i));
-    EXPECT_NE(workset.Load(path.c_str()), 0);
+    EXPECT_NE(workset.Load(write(whole.substr(0, i))), 0);
     std::string damaged = whole;
     damaged[i] = '\x7f';
-    test::WriteBytes(path, damaged);
-    again.Load(path.c_str());
+    again.Load(write(damaged));
   }
 }
 
