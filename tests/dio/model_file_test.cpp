@@ -352,8 +352,18 @@ TEST_F(ModelFile, IsSavedOverNothingElse) {
   model.SetModAddr(folder_.File("no/such/folder.mdl").c_str());
   EXPECT_EQ(model.Save(3), 2002);
   EXPECT_EQ(bench.window.log, "Could not save model\n");
+  model.SetModAddr((path_ + std::string(300, 'x')).c_str());
+  EXPECT_EQ(model.Save(3), 2011);
   EXPECT_EQ(Read(folder_.File("none.mdl")), nullptr);
   EXPECT_EQ(status_, 2004);
+}
+
+TEST_F(ModelFile, OfAReadModelIsItsOwn) {
+  test::Bench bench("ab", {{1, 2}, {3, 4}, {5, 7}, {8, 2}});
+  const auto read = SaveAndRead(bench.model);
+  EXPECT_STREQ(read->GetModAddr(), path_.c_str());
+  EXPECT_EQ(read->DeleteFiles(), 0);
+  EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
 TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {

@@ -9,6 +9,7 @@
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "zemva/project/project.h"
+#include "zemva/settings/ini/ini_file.h"
 
 namespace zemva {
 namespace {
@@ -100,6 +101,34 @@ TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
     EXPECT_EQ(project->Compute(2), 0);
   }
   EXPECT_EQ(opened.GetModel(2)->GetModel()->GetT(3, 5), saved.GetModel(2)->GetModel()->GetT(3, 5));
+}
+
+TEST_F(ProjectFolder, OverwritesNoDataSetByAnother) {
+  const std::string second = folder_.File("dataset2.vdo");
+  auto first = std::make_unique<Dataset>("First", ZEMVA_SAMPLES "/iris.vdo", window_);
+  ASSERT_EQ(first->Load(), 0);
+  first->SetDSAddr(second.c_str());
+  ASSERT_EQ(first->Save(), 0);
+  IniFile(folder_.File("project.ini").c_str()).SetCurrentProjectTitle("A title");
+  Project project("Project", window_);
+  EXPECT_EQ(project.AddDataset(first.release()), 1);
+  EXPECT_EQ(project.AddDataset(SmallDataset("abcdef", Noise().Table(14, 6)).release()), 2);
+  ASSERT_EQ(project.Save(path_.c_str()), 0);
+  Dataset read("", second.c_str(), window_);
+  ASSERT_EQ(read.Load(), 0);
+  EXPECT_STREQ(read.GetDSNam(), "iris");
+  IniFile list(folder_.File("project.ini").c_str());
+  EXPECT_STREQ(list.GetCurrentProjectTitle(), "A title");
+  EXPECT_EQ(std::string(list.GetMainDatasetAddress()), second);
+  EXPECT_EQ(std::string(list.GetSecondaryDatasetAddress(1)), folder_.File("_dataset2.vdo"));
+
+  // The primary data set stays the primary one while it is missing.
+  std::filesystem::rename(second, folder_.File("away"));
+  Project opened("", window_);
+  ASSERT_EQ(opened.Open(path_.c_str()), 0);
+  ASSERT_EQ(opened.Save(path_.c_str()), 0);
+  EXPECT_EQ(std::string(list.GetMainDatasetAddress()), second);
+  EXPECT_NE(test::ReadBytes(folder_.File("project.ini")).find("name=iris"), std::string::npos);
 }
 
 // Written once and kept: every later release reads them.
