@@ -1,4 +1,5 @@
-// Reads any bytes as a model file, asks what came for all that it answers, and has it predict.
+// Reads any bytes as a file of a model, a work set and a prediction set. Asks what came as a model
+// for all that it answers, and has it predict.
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -6,6 +7,8 @@
 #include "memory_file.h"
 #include "support/model_answers.h"
 #include "zemva/data/dataset.h"
+#include "zemva/dio/model/dio_predset.h"
+#include "zemva/dio/model/dio_workset.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/workset/predset.h"
 
@@ -27,6 +30,10 @@ std::unique_ptr<zemva::Dataset> Observations(const zemva::VarInfo& variables) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   static MemoryFile file;
   file.Rewrite(bytes, size);
+  zemva::WorksetRecord workset;
+  zemva::DioWorkset(file.GetPath(), zemva::GlobalStreamWindow()).Load(workset);
+  zemva::PredsetRecord predset_record;
+  zemva::DioPredset(file.GetPath(), zemva::GlobalStreamWindow()).Load(predset_record);
   int status = 0;
   const std::unique_ptr<zemva::Model> model(
       zemva::Model::Read(file.GetPath(), nullptr, zemva::GlobalStreamWindow(), nullptr, status));

@@ -16,6 +16,8 @@
 #include "zemva/dio/file/dio_file.h"
 #include "zemva/dio/file/file_contents.h"
 #include "zemva/dio/file/finder.h"
+#include "zemva/dio/model/dio_predset.h"
+#include "zemva/dio/model/dio_workset.h"
 #include "zemva/errors/dio_error.h"
 #include "zemva/errors/listing.h"
 #include "zemva/errors/messages.h"

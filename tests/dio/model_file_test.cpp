@@ -1,6 +1,12 @@
 // Models in files.
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -352,8 +358,43 @@ TEST_F(ModelFile, IsSavedOverNothingElse) {
   model.SetModAddr(folder_.File("no/such/folder.mdl").c_str());
   EXPECT_EQ(model.Save(3), 2002);
   EXPECT_EQ(bench.window.log, "Could not save model\n");
+  model.SetModAddr((path_ + std::string(300, 'x')).c_str());
+  EXPECT_EQ(model.Save(3), 2011);
   EXPECT_EQ(Read(folder_.File("none.mdl")), nullptr);
   EXPECT_EQ(status_, 2004);
+}
+
+#ifndef _WIN32
+
+TEST_F(ModelFile, StaysAsItWasWhereTheDiskIsFull) {
+  ModelBench bench(kKindsOfModels[6]);
+  bench.model->SetModAddr(path_.c_str());
+  ASSERT_EQ(bench.model->Save(1), 0);
+  const std::string before = test::ReadBytes(path_);
+  bench.model->Reset(1);
+  signal(SIGXFSZ, SIG_IGN);
+  rlimit limit;
+  getrlimit(RLIMIT_FSIZE, &limit);
+  for (const rlim_t bytes : {rlim_t{0}, rlim_t{200}, rlim_t{before.size() / 3}}) {
+    const rlimit small_limit = {bytes, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small_limit);
+    EXPECT_EQ(bench.model->Save(1), 2006) << "after " << bytes << " bytes";
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(test::ReadBytes(path_) == before);
+  }
+  signal(SIGXFSZ, SIG_DFL);
+  EXPECT_EQ(bench.model->Save(1), 0);
+  EXPECT_EQ(Read(path_)->GetA(), 1);
+}
+
+#endif
+
+TEST_F(ModelFile, OfAReadModelIsItsOwn) {
+  test::Bench bench("ab", {{1, 2}, {3, 4}, {5, 7}, {8, 2}});
+  const auto read = SaveAndRead(bench.model);
+  EXPECT_STREQ(read->GetModAddr(), path_.c_str());
+  EXPECT_EQ(read->DeleteFiles(), 0);
+  EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
 TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {

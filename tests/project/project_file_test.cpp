@@ -9,6 +9,7 @@
 #include "support/recording_window.h"
 #include "support/temp_folder.h"
 #include "zemva/project/project.h"
+#include "zemva/settings/ini/ini_file.h"
 
 namespace zemva {
 namespace {
@@ -102,6 +103,57 @@ TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
   EXPECT_EQ(opened.GetModel(2)->GetModel()->GetT(3, 5), saved.GetModel(2)->GetModel()->GetT(3, 5));
 }
 
+TEST_F(ProjectFolder, OverwritesNoDataSetByAnother) {
+  const std::string second = folder_.File("dataset2.vdo");
+  auto first = std::make_unique<Dataset>("First", ZEMVA_SAMPLES "/iris.vdo", window_);
+  ASSERT_EQ(first->Load(), 0);
+  first->SetDSAddr(second.c_str());
+  ASSERT_EQ(first->Save(), 0);
+  IniFile(folder_.File("project.ini").c_str()).SetCurrentProjectTitle("A title");
+  Project project("Project", window_);
+  EXPECT_EQ(project.AddDataset(first.release()), 1);
+  EXPECT_EQ(project.AddDataset(SmallDataset("abcdef", Noise().Table(14, 6)).release()), 2);
+  ASSERT_EQ(project.Save(path_.c_str()), 0);
+  Dataset read("", second.c_str(), window_);
+  ASSERT_EQ(read.Load(), 0);
+  EXPECT_STREQ(read.GetDSNam(), "iris");
+  IniFile list(folder_.File("project.ini").c_str());
+  EXPECT_STREQ(list.GetCurrentProjectTitle(), "A title");
+  EXPECT_EQ(std::string(list.GetMainDatasetAddress()), second);
+  EXPECT_EQ(std::string(list.GetSecondaryDatasetAddress(1)), folder_.File("_dataset2.vdo"));
+
+  // The primary data set stays the primary one while it is missing.
+  std::filesystem::rename(second, folder_.File("away"));
+  Project opened("", window_);
+  ASSERT_EQ(opened.Open(path_.c_str()), 0);
+  ASSERT_EQ(opened.Save(path_.c_str()), 0);
+  EXPECT_EQ(std::string(list.GetMainDatasetAddress()), second);
+  EXPECT_NE(test::ReadBytes(folder_.File("project.ini")).find("name=iris"), std::string::npos);
+}
+
+// Written once and kept: every later release reads them.
+TEST_F(ProjectFolder, SetsOfTheFirstVersionAreRead) {
+  const auto dataset = test::Sample("iris");
+  Workset workset("WS", *dataset, window_);
+  ASSERT_EQ(workset.Load(ZEMVA_SAMPLES "/iris.wks"), 0);
+  EXPECT_STREQ(workset.GetNam(), "Three kinds");
+  EXPECT_EQ(workset.GetNObs(), 148);
+  EXPECT_EQ(workset.GetOClass(51), 2);
+  EXPECT_EQ(workset.GetRole(2), EVarRole::kExcluded);
+  EXPECT_EQ(workset.GetRole(4), EVarRole::kY);
+  EXPECT_EQ(workset.GetBlock(3), 2);
+  EXPECT_EQ(workset.GetBlockType(2), BlkInfo::kSquareRoot);
+  EXPECT_EQ(workset.GetLags().GetItm(1)->GetVNumDS(), 3);
+  EXPECT_EQ(workset.GetTerms().GetItm(1)->GetVNum2(), 3);
+  EXPECT_EQ(workset.GetScalings().GetItm(3)->GetScaC1(), 1.5f);
+  EXPECT_EQ(workset.GetTransformations().GetItm(1)->GetTraType(), ETraType::kLog);
+  Predset predset("PS", *dataset, workset);
+  ASSERT_EQ(predset.Load(ZEMVA_SAMPLES "/iris.pre", window_), 0);
+  EXPECT_STREQ(predset.GetNam(), "Every tenth");
+  EXPECT_EQ(predset.GetNObs(), 15);
+  EXPECT_TRUE(predset.IsObsIn(10));
+}
+
 TEST_F(ProjectFolder, NamesWhatIsMissingOpensTheRestAndLosesNothing) {
   Project saved("Project", window_);
   Fill(saved);
@@ -149,13 +201,16 @@ TEST_F(ProjectFolder, RefusesWhatIsNotItsOwn) {
   const std::string whole = test::ReadBytes(folder_.File("workset1.wks"));
   const std::string path = folder_.File("damaged.wks");
   Workset& again = *project.GetWorkset(project.AddWorkset(1, "Again"));
+  const auto write = [&](const std::string& bytes) {
+    std::filesystem::remove(path);  // a file cut short and filled again goes to the disk
+    test::WriteBytes(path, bytes);
+    return path.c_str();
+  };
   for (std::size_t i = 0; i < whole.size(); ++i) {
-    test::WriteBytes(path, whole.substr(0, i));
-    EXPECT_NE(workset.Load(path.c_str()), 0);
+    EXPECT_NE(workset.Load(write(whole.substr(0, i))), 0);
     std::string damaged = whole;
     damaged[i] = '\x7f';
-    test::WriteBytes(path, damaged);
-    again.Load(path.c_str());
+    again.Load(write(damaged));
   }
 }
 

@@ -22,6 +22,14 @@ expect_json(airquality "Super items" 0 Item)
 expect_json(6 "Super items" 0 Items 7 Dims 1)
 expect_json(44 "Data set" Missing)
 
+run(0 info ${SAMPLES}/iris.wks)
+expect("${out}" "\nWork set\nName +Three kinds\nData set +iris\nObservations +148\nOf data set +150\nClasses +3
+X variables +4\nY variables +1\nExcluded +1\nLagged +1\nTerms +1\nTransformed +1\n$")
+run(0 info ${SAMPLES}/iris.wks --json)
+expect_json(148 "Work set" Observations)
+run(0 info ${SAMPLES}/iris.pre)
+expect("${out}" "\nPrediction set\nName +Every tenth\nObservations +15\nOf data set +150\n$")
+
 file(WRITE ${WORK}/text.vdo "no project file")
 run(1 info ${WORK}/text.vdo)
 expect("${err}" "text.vdo: is a text, no project file; convert, stats, pc and pls take tables\r?\n$")

@@ -1,8 +1,11 @@
-// What is in a file: its headers and items, and its data set or model.
+// What is in a file: its headers and items, and a summary of what they make up.
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
+#include <string_view>
 
 #include "arguments/command_line.h"
 #include "commands/commands.h"
@@ -12,9 +15,12 @@
 #include "zemva/data/dataset.h"
 #include "zemva/dio/dataset/dio_data.h"
 #include "zemva/dio/file/file_contents.h"
+#include "zemva/dio/model/dio_predset.h"
+#include "zemva/dio/model/dio_workset.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/driver/model.h"
+#include "zemva/model/workset/workset.h"
 #include "zemva/numeric/missing.h"
 
 namespace zemva::tools {
@@ -125,7 +131,8 @@ void WriteDataset(Dataset& dataset, JsonWriter& json) {
   json.EndObject();
 }
 
-// What there is to say of a model, in its order.
+// --- What there is to say of what a file holds, in its order ---
+
 template <typename AddText, typename AddNumber>
 void Describe(const Model& model, AddText add_text, AddNumber add_number) {
   std::string type = GetModTypeTag(model.GetModType());
@@ -141,25 +148,76 @@ void Describe(const Model& model, AddText add_text, AddNumber add_number) {
   add_number("Components", model.GetA());
 }
 
-void PrintModel(const Model& model) {
-  std::printf("\nModel\n");
-  Describe(model, PrintText, PrintNumber);
+template <typename AddText, typename AddNumber>
+void Describe(const WorksetRecord& workset, AddText add_text, AddNumber add_number) {
+  const auto count = [](const auto& table) { return table == nullptr ? 0 : table->GetNItm(); };
+  const auto count_roles = [&](EVarRole role) {
+    return std::ranges::count(workset.roles, static_cast<char>(role));
+  };
+  const std::set<char> classes(workset.classes.begin(), workset.classes.end());
+  add_text("Name", workset.name.View());
+  add_text("Data set", workset.dataset_name.View());
+  add_number("Observations", std::ranges::count(workset.members, char{1}));
+  add_number("Of data set", std::ssize(workset.members));
+  add_number("Classes", std::ssize(classes) - (classes.contains(0) ? 1 : 0));
+  add_number("X variables", count_roles(EVarRole::kX));
+  add_number("Y variables", count_roles(EVarRole::kY));
+  add_number("Excluded", count_roles(EVarRole::kExcluded));
+  add_number("Lagged", count(workset.lags));
+  add_number("Terms", count(workset.terms));
+  add_number("Transformed", count(workset.transformations));
 }
 
-void WriteModel(const Model& model, JsonWriter& json) {
-  json.Key("Model");
+template <typename AddText, typename AddNumber>
+void Describe(const PredsetRecord& predset, AddText add_text, AddNumber add_number) {
+  add_text("Name", predset.name.View());
+  add_number("Observations", std::ranges::count(predset.members, char{1}));
+  add_number("Of data set", std::ssize(predset.members));
+}
+
+template <typename Object>
+void Print(const char* kind, const Object& object) {
+  std::printf("\n%s\n", kind);
+  Describe(object, PrintText, PrintNumber);
+}
+
+template <typename Object>
+void Write(const char* kind, const Object& object, JsonWriter& json) {
+  json.Key(kind);
   json.BeginObject();
   Describe(
-      model,
+      object,
       [&](const char* key, std::string_view text) { json.Text(key, PrintableFromCodePage(text)); },
       [&](const char* key, long long number) { json.Integer(key, number); });
   json.EndObject();
 }
 
-bool IsOfModel(const FileContents& contents) {
-  return !contents.super_items.empty() &&
-         contents.super_items.front().super_item.type == SuperItem::kModel;
-}
+// The first super item of a file, as far as it can be read.
+struct Held {
+  Held(const std::string& path, const FileContents& contents)
+      : dataset("Info", path.c_str(), discard) {
+    const auto kind = contents.super_items.empty() ? SuperItem::kData
+                                                   : contents.super_items.front().super_item.type;
+    if (kind == SuperItem::kModel) {
+      model.reset(Model::Read(path.c_str(), nullptr, discard, nullptr, status));
+    } else if (kind == SuperItem::kWorkset) {
+      status = DioWorkset(path.c_str(), discard).Load(workset.emplace());
+      if (status != status::kOk) workset.reset();
+    } else if (kind == SuperItem::kExecution) {
+      status = DioPredset(path.c_str(), discard).Load(predset.emplace());
+      if (status != status::kOk) predset.reset();
+    } else {
+      status = dataset.Load();
+    }
+  }
+
+  StreamWindow discard;
+  Dataset dataset;
+  std::unique_ptr<Model> model;
+  std::optional<WorksetRecord> workset;
+  std::optional<PredsetRecord> predset;
+  int status = status::kOk;
+};
 
 int ShowInfo(const std::string& path, bool is_json) {
   if (!IsProjectFile(path) && IsTextFile(path)) {
@@ -168,14 +226,7 @@ int ShowInfo(const std::string& path, bool is_json) {
   StreamWindow discard;
   FileContents contents;
   const int listed = GetFileContents(path.c_str(), discard, contents);
-  Dataset dataset("Info", path.c_str(), discard);
-  std::unique_ptr<Model> model;
-  int loaded = status::kOk;
-  if (IsOfModel(contents)) {
-    model.reset(Model::Read(path.c_str(), nullptr, discard, nullptr, loaded));
-  } else {
-    loaded = dataset.Load();
-  }
+  Held held(path, contents);
   // What can be read is shown, also of a file that is damaged further on.
   const bool can_read = DioData::CanRead(contents.super_header.version);
   if (is_json) {
@@ -183,8 +234,10 @@ int ShowInfo(const std::string& path, bool is_json) {
     json.BeginObject();
     json.Text("File", path);
     if (can_read) WriteContents(contents, json);
-    if (model != nullptr) WriteModel(*model, json);
-    if (dataset.IsLoaded()) WriteDataset(dataset, json);
+    if (held.model != nullptr) Write("Model", *held.model, json);
+    if (held.workset) Write("Work set", *held.workset, json);
+    if (held.predset) Write("Prediction set", *held.predset, json);
+    if (held.dataset.IsLoaded()) WriteDataset(held.dataset, json);
     json.EndObject();
   } else {
     if (can_read) {
@@ -192,11 +245,13 @@ int ShowInfo(const std::string& path, bool is_json) {
       PrintSuperHeader(contents);
       PrintItems(contents);
     }
-    if (model != nullptr) PrintModel(*model);
-    if (dataset.IsLoaded()) PrintDataset(dataset);
+    if (held.model != nullptr) Print("Model", *held.model);
+    if (held.workset) Print("Work set", *held.workset);
+    if (held.predset) Print("Prediction set", *held.predset);
+    if (held.dataset.IsLoaded()) PrintDataset(held.dataset);
   }
   if (listed != status::kOk) return Fail(path, listed);
-  return loaded == status::kOk ? kDone : Fail(path, loaded);
+  return held.status == status::kOk ? kDone : Fail(path, held.status);
 }
 
 }  // namespace
@@ -209,7 +264,7 @@ Run AddInfo(CLI::App& program) {
     bool is_json = false;
   };
   const auto options = std::make_shared<InfoOptions>();
-  AddFile(line, "FILE", "the project file or model", options->file);
+  AddFile(line, "FILE", "a data set, model, work set or prediction set", options->file);
   AddFlag(line, "--json", "writes JSON", options->is_json);
   return [options] { return ShowInfo(options->file, options->is_json); };
 }

@@ -43,7 +43,6 @@ int Dio::LoadModel(const char* address, ModelOwner* owner, ModOpt* options,
     made = std::make_unique<PCModel>(owner, record.type, window_, options, selector);
   }
   made->TakeRecord(std::move(record));
-  made->SetModAddr(address);
   model = std::move(made);
   return status::kOk;
 }

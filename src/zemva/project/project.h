@@ -160,15 +160,20 @@ class ZEMVA_API Project : public ModelOwner {
     std::string file;
     std::string dataset;
     std::string workset;
+    bool is_primary = false;
   };
   // What a project needs while its list is read.
   struct Opening;
   static short NumberOfFile(std::string_view path);
   int SaveDataset(short number, Dataset& dataset, const std::string& folder) const;
-  std::string NewFileName(const char* kind, short number, const char* extension) const;
+  std::string NewFileName(const std::string& folder, const char* kind, short number,
+                          const char* extension) const;
+  // Adds the files of what there is, each once it was saved.
+  int SaveAll(const std::string& folder, std::vector<ListedFile>& files);
+  std::string NameOfDataset(const std::string& file, const std::string& list) const;
   bool WriteList(const std::vector<ListedFile>& files, const std::string& path) const;
   void Miss(const ListedFile& file, int status);
-  void OpenDataset(const char* address, Opening& opening);
+  void OpenDataset(const char* address, bool is_primary, Opening& opening);
   void OpenSet(const ListedFile& file, Opening& opening);
   bool HasModels(const Workset& workset) const;
   bool HasResults(const Predset& predset) const;

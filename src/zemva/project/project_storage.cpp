@@ -73,12 +73,19 @@ short Project::NumberOfFile(std::string_view path) {
   return number > std::numeric_limits<short>::max() ? short{0} : static_cast<short>(number);
 }
 
-// One that no missing file has.
-std::string Project::NewFileName(const char* kind, short number, const char* extension) const {
-  std::string name = kind + std::to_string(number);
-  const auto is_taken = [&](const ListedFile& missing) { return missing.file == name + extension; };
-  while (std::ranges::any_of(missing_, is_taken)) name = '_' + name;
-  return name + extension;
+// One that neither a missing file nor the file of a data set has.
+std::string Project::NewFileName(const std::string& folder, const char* kind, short number,
+                                 const char* extension) const {
+  std::string name = kind + std::to_string(number) + extension;
+  const auto is_missing = [&](const ListedFile& missing) { return missing.file == name; };
+  const auto is_of_dataset = [&](const auto& dataset) {
+    return dataset.second->GetDSAddr() == folder + name && FileExists(folder + name);
+  };
+  while (std::ranges::any_of(missing_, is_missing) ||
+         std::ranges::any_of(datasets_, is_of_dataset)) {
+    name = '_' + name;
+  }
+  return name;
 }
 
 int Project::SaveDataset(short number, Dataset& dataset, const std::string& folder) const {
@@ -86,8 +93,8 @@ int Project::SaveDataset(short number, Dataset& dataset, const std::string& fold
   const bool is_there = DirectoryOf(old_address) == folder && FileExists(old_address);
   if (is_there && !dataset.IsDirty()) return status::kOk;
   if (!dataset.IsLoaded() && dataset.Load() != status::kOk) return dataset.GetStatus();
-  const std::string name =
-      is_there ? std::string(FileNameOf(old_address)) : NewFileName("dataset", number, ".vdo");
+  const std::string name = is_there ? std::string(FileNameOf(old_address))
+                                    : NewFileName(folder, "dataset", number, ".vdo");
   int status = dataset.SetDSAddr((folder + name).c_str());
   if (status == status::kOk) status = dataset.Save();
   if (status != status::kOk) dataset.SetDSAddr(old_address.c_str());
@@ -98,38 +105,59 @@ int Project::Save(const char* folder_name) {
   return SetStatus(MemoryGuarded([&] {
     const std::string folder = WithSeparator(folder_name == nullptr ? "" : folder_name);
     std::vector<ListedFile> files = missing_;
-    std::map<const Dataset*, std::string> dataset_files;
-    std::map<const Workset*, std::string> workset_files;
-    for (const auto& [number, dataset] : datasets_) {
-      const int status = SaveDataset(number, *dataset, folder);
-      if (status != status::kOk) return status;
-      const std::string file(FileNameOf(dataset->GetDSAddr()));
-      dataset_files[dataset.get()] = file;
-      files.push_back({&kSecondaryDatasets, file, "", ""});
-    }
-    for (const auto& [number, workset] : worksets_) {
-      const std::string file = NewFileName("workset", number, ".wks");
-      const int status = workset->Save((folder + file).c_str());
-      if (status != status::kOk) return status;
-      workset_files[workset.get()] = file;
-      files.push_back({&kWorksets, file, dataset_files[&workset->GetDataset()], ""});
-    }
-    for (const auto& [number, owned] : predsets_) {
-      const std::string file = NewFileName("predset", number, ".pre");
-      const int status = owned.predset->Save((folder + file).c_str(), window_);
-      if (status != status::kOk) return status;
-      files.push_back({&kPredsets, file, dataset_files[&owned.predset->GetDataset()],
-                       workset_files[owned.workset]});
-    }
-    for (const auto& [number, owned] : models_) {
-      const std::string file = NewFileName("model", number, ".mdl");
-      Model& model = *owned->GetModel();
-      model.SetModAddr((folder + file).c_str());
-      if (const int status = model.Save(number); status != status::kOk) return status;
-      files.push_back({&kModels, file, "", workset_files[&owned->GetWorkset()]});
-    }
+    if (const int status = SaveAll(folder, files); status != status::kOk) return status;
     return WriteList(files, folder + kListFile) ? status::kOk : status::fio::kWriteError;
   }));
+}
+
+int Project::SaveAll(const std::string& folder, std::vector<ListedFile>& files) {
+  // The first data set is the primary one, unless that is missing.
+  bool has_primary = std::ranges::any_of(files, &ListedFile::is_primary);
+  std::map<const Dataset*, std::string> dataset_files;
+  std::map<const Workset*, std::string> workset_files;
+  for (const auto& [number, dataset] : datasets_) {
+    const int status = SaveDataset(number, *dataset, folder);
+    if (status != status::kOk) return status;
+    const std::string file(FileNameOf(dataset->GetDSAddr()));
+    dataset_files[dataset.get()] = file;
+    files.push_back({&kSecondaryDatasets, file, "", "", !has_primary});
+    has_primary = true;
+  }
+  for (const auto& [number, workset] : worksets_) {
+    const std::string file = NewFileName(folder, "workset", number, ".wks");
+    const int status = workset->Save((folder + file).c_str());
+    if (status != status::kOk) return status;
+    workset_files[workset.get()] = file;
+    files.push_back({&kWorksets, file, dataset_files[&workset->GetDataset()], ""});
+  }
+  for (const auto& [number, owned] : predsets_) {
+    const std::string file = NewFileName(folder, "predset", number, ".pre");
+    const int status = owned.predset->Save((folder + file).c_str(), window_);
+    if (status != status::kOk) return status;
+    files.push_back({&kPredsets, file, dataset_files[&owned.predset->GetDataset()],
+                     workset_files[owned.workset]});
+  }
+  for (const auto& [number, owned] : models_) {
+    const std::string file = NewFileName(folder, "model", number, ".mdl");
+    Model& model = *owned->GetModel();
+    const std::string old_address = model.GetModAddr();
+    model.SetModAddr((folder + file).c_str());
+    if (const int status = model.Save(number); status != status::kOk) {
+      model.SetModAddr(old_address.c_str());
+      return status;
+    }
+    files.push_back({&kModels, file, "", workset_files[&owned->GetWorkset()]});
+  }
+  return status::kOk;
+}
+
+// That of a missing one is in the list.
+std::string Project::NameOfDataset(const std::string& file, const std::string& list) const {
+  for (const auto& [number, dataset] : datasets_) {
+    if (FileNameOf(dataset->GetDSAddr()) == file) return dataset->GetDSNam();
+  }
+  FixedText<24> name;
+  return FindValue(name, kPrimaryDatasetSection, kPrimaryDatasetNameKey, list.c_str());
 }
 
 bool Project::WriteList(const std::vector<ListedFile>& files, const std::string& path) const {
@@ -137,15 +165,17 @@ bool Project::WriteList(const std::vector<ListedFile>& files, const std::string&
   list.Add(IniFile::szVardoSection, kIdentificationKey, kProductIdentification);
   list.Add(IniFile::szVardoSection, kVersionKey, kLayoutVersion);
   list.Add(IniFile::szVardoSection, kNameKey, name_.Get());
-  list.Add(IniFile::szVardoSection, kTitleKey, "");
-  // The first data set is the primary one.
-  bool has_primary = false;
+  // A project has no title, but its list may.
+  FixedText<60> title;
+  list.Add(IniFile::szVardoSection, kTitleKey,
+           FindValue(title, IniFile::szVardoSection, kTitleKey, path.c_str()));
   for (const ListLayout* layout : {&kSecondaryDatasets, &kWorksets, &kPredsets, &kModels}) {
     int count = 0;
     for (const ListedFile& each : files) {
       if (each.list != layout) continue;
-      if (layout == &kSecondaryDatasets && !std::exchange(has_primary, true)) {
+      if (each.is_primary) {
         list.Add(kPrimaryDatasetSection, kPrimaryDatasetKey, each.file);
+        list.Add(kPrimaryDatasetSection, kPrimaryDatasetNameKey, NameOfDataset(each.file, path));
         continue;
       }
       list.Add(layout->section, EntryKey(*layout, ++count), each.file);
@@ -175,11 +205,11 @@ void Project::Miss(const ListedFile& file, int status) {
   missing_.push_back(file);
 }
 
-void Project::OpenDataset(const char* address, Opening& opening) {
+void Project::OpenDataset(const char* address, bool is_primary, Opening& opening) {
   const std::string file(FileNameOf(address));
   auto dataset = std::make_unique<Dataset>("", address, window_);
   if (const int status = dataset->Load(); status != status::kOk) {
-    return Miss({&kSecondaryDatasets, file, "", ""}, status);
+    return Miss({&kSecondaryDatasets, file, "", "", is_primary}, status);
   }
   const short number = AddDataset(dataset.release(), NumberOfFile(file));  // the project's
   if (number != 0) opening.datasets[file] = number;
@@ -227,11 +257,11 @@ int Project::Open(const char* folder_name) {
     IniFile list(path.c_str());
     name_.Set(list.GetCurrentProjectName());
     const std::string primary = list.GetMainDatasetAddress();
-    if (!primary.empty()) OpenDataset(primary.c_str(), opening);
+    if (!primary.empty()) OpenDataset(primary.c_str(), true, opening);
     for (int i = 1; i <= list.GetNumberOfSecondaryDatasets(); ++i) {
       const char* const address = list.GetSecondaryDatasetAddress(i);
       if (address == nullptr) break;
-      OpenDataset(std::string(address).c_str(), opening);
+      OpenDataset(std::string(address).c_str(), false, opening);
     }
     for (const Dependences& kind : kDependences) {
       for (int i = 1; i <= ReadCount(kind.list, path.c_str()); ++i) {

@@ -14,8 +14,6 @@
 #include <type_traits>
 #include <vector>
 
-#include "zemva/base/fixed_text.h"
-
 namespace zemva {
 
 // What a payload can be made of: numbers as they lie in memory, which is little-endian.

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
 #include "zemva/dio/model/stored_file.h"
 #include "zemva/errors/stream_window.h"
@@ -17,7 +18,7 @@ struct PredsetRecord {
 
 // Reads the execution record of a file and writes one, as DioModel does of a model, with the same
 // codes.
-class DioPredset {
+class ZEMVA_API DioPredset {
  public:
   static constexpr short kVersion = 1;
 

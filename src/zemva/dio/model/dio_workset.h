@@ -2,6 +2,7 @@
 #ifndef ZEMVA_DIO_MODEL_DIO_WORKSET_H
 #define ZEMVA_DIO_MODEL_DIO_WORKSET_H
 
+#include "zemva/base/export.h"
 #include "zemva/dio/model/stored_file.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/model/workset/workset_record.h"
@@ -10,7 +11,7 @@ namespace zemva {
 
 // Reads the work set super item of a file and writes one, as DioModel does of a model, with the
 // same codes.
-class DioWorkset {
+class ZEMVA_API DioWorkset {
  public:
   static constexpr short kVersion = 1;
 

@@ -1,5 +1,6 @@
 #include "zemva/model/driver/model.h"
 
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -173,6 +174,12 @@ int Model::Unload() {
   observations_.reset();
   classes_.reset();
   return status::kOk;
+}
+
+void Model::SetModAddr(const char* address) {
+  // A path that was cut would name another file.
+  const bool fits = address != nullptr && std::strlen(address) <= header_.address.kCapacity;
+  header_.address.Set(fits ? address : nullptr);
 }
 
 int Model::Save(short number) {

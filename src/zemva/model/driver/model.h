@@ -408,7 +408,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // Of the data set that the model was loaded from last; empty before.
   const char* GetDSNam() const { return dataset_name_.Get(); }
   const char* GetModAddr() const { return header_.address.Get(); }
-  void SetModAddr(const char* address) { header_.address.Set(address); }
+  // One of more than 260 characters is none.
+  void SetModAddr(const char* address);
 
   // Whether anything was written to the log since the last ClearIsLogWritten.
   bool IsLogWritten() const { return log_.IsWritten(); }
@@ -441,7 +442,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void TakeRecord(ModelRecord record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
-  // Removes the file that Save wrote last, if there is one. 1007 when it cannot be removed.
+  // Removes the file that Save wrote last or that the model was read from, if there is one. 1007 when it cannot be removed.
   int DeleteFiles();
 
  protected:

@@ -16,6 +16,10 @@ Model* Model::Read(const char* path, ModelOwner* owner, StreamWindow& window, Mo
                    int& status) {
   std::unique_ptr<Model> model;
   status = MemoryGuarded([&] { return Dio(window).LoadModel(path, owner, options, model); });
+  if (model != nullptr) {
+    model->SetModAddr(path);
+    model->saved_address_ = model->header_.address;
+  }
   return model.release();  // the caller's
 }
 
