@@ -26,6 +26,8 @@ Run AddPls(CLI::App& program) {
                  "zemva pls measured.csv --y Yield,Purity --out results");
   const auto options = std::make_shared<ModelOptions>();
   AddModelOptions(line, *options);
+  AddTestOption(line, *options);
+  AddResultOptions(line, *options);
   AddResponseOptions(line, *options);
   return [options] { return FitPls(*options); };
 }

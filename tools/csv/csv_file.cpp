@@ -147,6 +147,7 @@ OpenedTable OpenTable(const std::string& path, const CsvOptions& options, Stream
   static_cast<void>(table.observations.release());
   static_cast<void>(table.variables.release());
   opened.classes = std::move(table.classes);
+  opened.class_names = std::move(table.class_names);
   return opened;
 }
 

@@ -29,6 +29,7 @@ struct OpenedTable {
   std::unique_ptr<Dataset> dataset;
   // As in CsvTable; a project file has no classes.
   std::vector<char> classes;
+  std::vector<std::string> class_names;
 };
 
 // A data set, unloaded, on a project file; else that of a table, loaded, of which a line says what

@@ -60,6 +60,7 @@ int ModelRun::LoadFile() {
   dataset_ = project_.AddDataset(table.dataset.release());  // the project's
   if (dataset_ != 0) workset_ = project_.AddWorkset(dataset_, "Workset");
   if (workset_ == 0) return Fail(options_.file, project_.GetStatus());
+  class_names_ = std::move(table.class_names);
   int status = SetClasses(table.classes, GetWorkset());
   if (status == status::kOk) status = SetUpWorkset(options_, GetWorkset());
   return status == status::kOk ? kDone : Fail(options_.file, status);
