@@ -5,7 +5,7 @@
 #include "arguments/command_line.h"
 #include "arguments/model_options.h"
 #include "commands/commands.h"
-#include "model/fit_model.h"
+#include "commands/fit_model.h"
 
 namespace zemva::tools {
 namespace {

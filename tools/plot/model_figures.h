@@ -27,13 +27,6 @@ Figure DrawPredicted(const FigureSource& source);
 
 // "t[1], 62 %", with the share of X that the component explains.
 std::string AxisOf(const Model& model, const char* vector, short component);
-// A number for a reader, with `digits` that count.
-std::string Rounded(float value, int digits);
-// Of the observation, variable and response at a position, in UTF-8; its number where it has no
-// name.
-std::string ObservationName(const Model& model, short i);
-std::string VariableName(const Model& model, short k);
-std::string ResponseName(const Model& model, short m);
 
 }  // namespace zemva::tools
 

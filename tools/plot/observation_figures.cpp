@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "model/model_limits.h"
+#include "model/model_names.h"
 #include "plot/model_figures.h"
 #include "zemva/base/positions.h"
 #include "zemva/data/cla_info.h"

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "model/model_names.h"
 #include "plot/model_figures.h"
 #include "text/messages.h"
 #include "zemva/base/positions.h"
