@@ -24,7 +24,7 @@ expect_json(44 "Data set" Missing)
 
 file(WRITE ${WORK}/text.vdo "no project file")
 run(1 info ${WORK}/text.vdo)
-expect("${err}" "text.vdo: is a text, no project file; convert, stats, pc and pls take tables\r?\n$")
+expect("${err}" "text.vdo: is a text, no project file; convert, stats, .* vectors take tables\r?\n$")
 expect("${out}" "^$")
 run(1 info ${WORK}/none.vdo)
 expect("${err}" "none.vdo: DIO: File open error. \\(2004\\)")

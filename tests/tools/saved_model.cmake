@@ -47,6 +47,11 @@ foreach(arguments "show;${SAMPLES}/iris.vdo" "predict;${SAMPLES}/iris.vdo;${WORK
   run(1 ${arguments})
   expect("${err}" "iris.vdo: DIO: Area specification error\\. \\(2000\\)\r?\n$")
 endforeach()
+foreach(arguments "pc;${WORK}/model.mdl" "stats;${WORK}/model.mdl"
+    "convert;${WORK}/model.mdl;${WORK}/a.vdo" "predict;${WORK}/model.mdl;${WORK}/model.mdl")
+  run(1 ${arguments})
+  expect("${err}" "model.mdl: is a saved model: info, show, predict, plot and vectors take it\r?\n$")
+endforeach()
 run(1 pc ${SAMPLES}/iris.vdo --save ${WORK}/test.csv)
 expect("${err}" "test.csv: .*\\(2017\\)\r?\n$")
 run(1 show ${WORK}/none.mdl)

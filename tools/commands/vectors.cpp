@@ -9,6 +9,7 @@
 #include "arguments/model_options.h"
 #include "arguments/settings_folder.h"
 #include "commands/commands.h"
+#include "csv/csv_file.h"
 #include "model/model_run.h"
 #include "model/stored_model.h"
 #include "model/vector_tables.h"
