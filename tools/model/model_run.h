@@ -48,7 +48,6 @@ class ModelRun {
   short AddTestFile();
   void TellOfWeakComponents() const;
   int KeepComponents(int failure);
-  int DropNoise();
 
   const ModelOptions& options_;
   ProgressWindow log_;
