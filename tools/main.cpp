@@ -17,8 +17,8 @@
 namespace zemva::tools {
 namespace {
 
-constexpr auto kCommands = {AddImport,  AddInfo, AddConvert, AddStats,   AddPc,  AddPls,
-                            AddPredict, AddShow, AddVectors, AddOptions, AddHelp};
+constexpr auto kCommands = {AddImport,  AddInfo, AddConvert, AddStats, AddPc,      AddPls,
+                            AddPredict, AddShow, AddVectors, AddPlot,  AddOptions, AddHelp};
 
 int RunLine(int argc, const char* const* argv) {
   CLI::App program("Tables of observations by variables, and models of them.", "zemva");

@@ -18,6 +18,7 @@ say() { echo "$*" >&2; }
 command_of() {
   case $1 in
     g++ | cmake | clang | clang-tidy | wine | pkg-config) echo "$1" ;;
+    gnuplot-nox) echo gnuplot ;;
     ninja-build) echo ninja ;;
     g++-mingw-w64-i686-posix) echo i686-w64-mingw32-g++-posix ;;
   esac

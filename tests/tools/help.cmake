@@ -27,7 +27,7 @@ run(2 help --as html)
 find_program(bash bash)
 if(bash AND NOT PROGRAM MATCHES "wine")
   execute_process(COMMAND ${PROGRAM} help --as bash OUTPUT_FILE ${WORK}/completion)
-  foreach(expected "1;zemva pl;pls" "2;zemva pc --comp;--components" "2;zemva options s;set")
+  foreach(expected "1;zemva pl;pls plot" "2;zemva pc --comp;--components" "2;zemva options s;set")
     list(POP_FRONT expected position words completion)
     execute_process(OUTPUT_VARIABLE out COMMAND ${bash} -c
       "source ${WORK}/completion; COMP_WORDS=(${words}); COMP_CWORD=${position}; _zemva; echo \${COMPREPLY[@]}")

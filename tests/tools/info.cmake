@@ -32,7 +32,7 @@ expect("${out}" "\nPrediction set\nName +Every tenth\nObservations +15\nOf data 
 
 file(WRITE ${WORK}/text.vdo "no project file")
 run(1 info ${WORK}/text.vdo)
-expect("${err}" "text.vdo: is a text, no project file; convert, stats, pc and pls take tables\r?\n$")
+expect("${err}" "text.vdo: is a text, no project file; convert, stats, .* vectors take tables\r?\n$")
 expect("${out}" "^$")
 run(1 info ${WORK}/none.vdo)
 expect("${err}" "none.vdo: DIO: File open error. \\(2004\\)")

@@ -3,7 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/run_model.cmake)
 
 # The numbers are those of a separate program in double precision.
 fit(${SAMPLES}/mtcars.csv --y mpg --components 2 --test ${SAMPLES}/mtcars.csv)
-expect("${out}" "^PLS-12 .* NObs = 32, NVarX= 10, NVarY= 1\n")
+expect("${out}" "^PLS-12 .* NObs = 32, NVarX= 10, NVarY= 1\n.*\nLargest VIP: wt 1.26, .*\nTsquare beyond .*: none of 32\n$")
 expect_in(components "^Comp,[^\n]*,Status,R2Y,R2Y\\(cum\\)\n1,0\\.57575[^\n]*,0\\.83178[0-9]*,0\\.83178[0-9]*\n2,0\\.10073[^\n]*,0\\.02216[0-9]*,0\\.8539")
 expect_in(observations "^ONum,ONam,t\\[1\\],t\\[2\\],DModX,PModX,Tsquare,u\\[1\\],u\\[2\\],DModY,YPred\\(mpg\\),DModX>DCrit,Tsquare>95%,Tsquare>99%\n1,Mazda RX4,0\\.6933[0-9]*,0\\.8949[0-9]*,[^\n]*,0\\.3963[0-9]*,-0\\.624[56][0-9]*,[0-9.]+,22\\.657[78][0-9]*,0,0,0\n")
 expect_in(variables ",w\\[1\\],w\\[2\\],w\\*\\[1\\],w\\*\\[2\\],VIP,CoeffCS\\(mpg\\),Coeff\\(mpg\\)\n2,cyl,[^\n]*,-0\\.3900[0-9]*,0\\.2190[0-9]*,-0\\.3900[0-9]*,0\\.1971[0-9]*,1\\.2223[0-9]*,-0\\.1127[0-9]*,-0\\.3806[0-9]*\n")

@@ -19,7 +19,7 @@ expect_same_predictions(${WORK}/test.csv pls ${SAMPLES}/iris.csv --class 1=1-50 
 
 # The listings, the summary, and a model over itself.
 run(0 pc ${SAMPLES}/iris.vdo --save ${WORK}/model.mdl)
-set(fitted "${out}")
+string(REGEX REPLACE "Largest .*" "" fitted "${out}")
 run(0 show ${WORK}/model.mdl)
 string(FIND "${out}" "${fitted}" at)
 if(NOT at EQUAL 0)
@@ -46,6 +46,11 @@ expect("${err}" "\\(8009\\)\r?\n$")
 foreach(arguments "show;${SAMPLES}/iris.vdo" "predict;${SAMPLES}/iris.vdo;${WORK}/test.csv")
   run(1 ${arguments})
   expect("${err}" "iris.vdo: DIO: Area specification error\\. \\(2000\\)\r?\n$")
+endforeach()
+foreach(arguments "pc;${WORK}/model.mdl" "stats;${WORK}/model.mdl"
+    "convert;${WORK}/model.mdl;${WORK}/a.vdo" "predict;${WORK}/model.mdl;${WORK}/model.mdl")
+  run(1 ${arguments})
+  expect("${err}" "model.mdl: is a saved model: info, show, predict, plot and vectors take it\r?\n$")
 endforeach()
 run(1 pc ${SAMPLES}/iris.vdo --save ${WORK}/test.csv)
 expect("${err}" "test.csv: .*\\(2017\\)\r?\n$")

@@ -29,7 +29,7 @@ foreach(case
     "2 --get VPI|there is no vector 'VPI'" "2 --get t[2|there is no vector 't\\[2'"
     "2 |takes --list, or --get" "2 --list --get t|takes --list, or --get" "2 --get all|--get all takes --by"
     "2 --get t --by lags|--get all takes --by" "2 --get all --by rows|--by takes observations"
-    "2 --list --out x|--out: vectors" "1 --get t[3]|t\\[3\\]: .*8003" "1 --get tPS|tPS: .*8036"
+    "2 --list --out x|unknown option .--out." "1 --get t[3]|t\\[3\\]: .*8003" "1 --get tPS|tPS: .*8036"
     "1 --get XRes5[1]|XRes5\\[1\\]: .*8021" "1 --get u|u: .*8016")
   string(REGEX MATCH "^([12]) ([^|]*)\\|(.*)$" matched "${case}")
   set(status ${CMAKE_MATCH_1})

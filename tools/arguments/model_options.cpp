@@ -205,18 +205,26 @@ void AddModelOptions(CLI::App& line, ModelOptions& options) {
   AddSearch(line, options);
   AddPreprocessing(line, options);
   AddSelection(line, options);
+  AddSettingsFolder(line, options.settings_directory);
+  AddClassColumn(line, options.csv);
+  AddCsvOptions(line, options.csv);
+}
+
+void AddTestOption(CLI::App& line, ModelOptions& options) {
   AddOption(line, "--test", "FILE2", "predicts the observations of another file",
             options.test_file);
+}
+
+void AddResultOptions(CLI::App& line, ModelOptions& options) {
   AddOption(line, "--save", "MODEL.mdl", "saves the model, for predict and show",
             options.model_file);
   AddOption(line, "--out", "DIR",
             "writes the results into a folder, as tables; limits of T2 are a (N - 1) / (N - a) "
             "F(a, N - a)",
             options.out_directory);
+  AddOption(line, "--plots", "DIR", "draws all figures of the model into a folder, by gnuplot",
+            options.plot_directory);
   AddFlag(line, "--json", "the summary in JSON in place of the listing", options.is_json);
-  AddSettingsFolder(line, options.settings_directory);
-  AddClassColumn(line, options.csv);
-  AddCsvOptions(line, options.csv);
 }
 
 void AddResponseOptions(CLI::App& line, ModelOptions& options) {

@@ -62,12 +62,19 @@ struct ModelOptions {
   std::optional<std::string> test_file;
   std::optional<std::string> model_file;  // that the model is saved to
   std::optional<std::string> out_directory;
+  std::optional<std::string> plot_directory;
   std::optional<std::string> settings_directory;
   bool is_json = false;  // the summary
 };
 
 // Adds the file of a model, and the options that all models have.
 void AddModelOptions(CLI::App& line, ModelOptions& options);
+
+// Adds the file to predict.
+void AddTestOption(CLI::App& line, ModelOptions& options);
+
+// Adds what a command that fits a model writes.
+void AddResultOptions(CLI::App& line, ModelOptions& options);
 
 // Adds the options of models with responses.
 void AddResponseOptions(CLI::App& line, ModelOptions& options);

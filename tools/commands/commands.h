@@ -22,6 +22,7 @@ Run AddImport(CLI::App& program);
 Run AddInfo(CLI::App& program);
 Run AddOptions(CLI::App& program);
 Run AddPc(CLI::App& program);
+Run AddPlot(CLI::App& program);
 Run AddPls(CLI::App& program);
 Run AddPredict(CLI::App& program);
 Run AddShow(CLI::App& program);

@@ -187,9 +187,9 @@ int Import(const ImportOptions& options) {
     grid = Session(plugin).Import(options.file);
   } catch (const std::runtime_error& problem) {
     const bool is_table = !IsProjectFile(options.file) && IsTextFile(options.file);
-    const char* const hint =
-        is_table ? "; it is a text, and convert, stats, pc and pls take tables" : "";
-    return Fail(options.file, std::string(problem.what()) + hint);
+    const std::string hint =
+        std::string("; it is a text, and convert, ") + kDataCommands + " take tables";
+    return Fail(options.file, problem.what() + (is_table ? hint : std::string()));
   }
   const char mark = options.decimal_mark.value_or('.');
   if (!options.out || *options.out == kStandardStream) {

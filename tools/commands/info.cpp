@@ -221,7 +221,8 @@ struct Held {
 
 int ShowInfo(const std::string& path, bool is_json) {
   if (!IsProjectFile(path) && IsTextFile(path)) {
-    return Fail(path, "is a text, no project file; convert, stats, pc and pls take tables");
+    return Fail(path, std::string("is a text, no project file; convert, ") + kDataCommands +
+                          " take tables");
   }
   StreamWindow discard;
   FileContents contents;

@@ -5,7 +5,7 @@
 #include "arguments/command_line.h"
 #include "arguments/model_options.h"
 #include "commands/commands.h"
-#include "model/fit_model.h"
+#include "commands/fit_model.h"
 
 namespace zemva::tools {
 namespace {
@@ -32,6 +32,8 @@ Run AddPc(CLI::App& program) {
                  "zemva pc measured.csv --components 3 --exclude Weight --out results");
   const auto options = std::make_shared<PcOptions>();
   AddModelOptions(line, options->model);
+  AddTestOption(line, options->model);
+  AddResultOptions(line, options->model);
   AddOption(line, "--only-class", "N", "fits the observations of that class alone",
             [options](const std::string& value) {
               options->only_class = ParseClass("--only-class", value);

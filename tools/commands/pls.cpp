@@ -4,7 +4,7 @@
 #include "arguments/command_line.h"
 #include "arguments/model_options.h"
 #include "commands/commands.h"
-#include "model/fit_model.h"
+#include "commands/fit_model.h"
 
 namespace zemva::tools {
 namespace {
@@ -26,6 +26,8 @@ Run AddPls(CLI::App& program) {
                  "zemva pls measured.csv --y Yield,Purity --out results");
   const auto options = std::make_shared<ModelOptions>();
   AddModelOptions(line, *options);
+  AddTestOption(line, *options);
+  AddResultOptions(line, *options);
   AddResponseOptions(line, *options);
   return [options] { return FitPls(*options); };
 }

@@ -9,6 +9,7 @@
 #include "arguments/model_options.h"
 #include "arguments/settings_folder.h"
 #include "commands/commands.h"
+#include "csv/csv_file.h"
 #include "model/model_run.h"
 #include "model/stored_model.h"
 #include "model/vector_tables.h"
@@ -47,9 +48,6 @@ void Check(const VectorOptions& options) {
   }
   if (options.by.has_value() != is_everything) {
     throw UsageError("--get all takes --by, and --by goes with it");
-  }
-  if (options.model.out_directory) {
-    throw UsageError("--out: vectors are written to standard output");
   }
 }
 
@@ -158,6 +156,7 @@ Run AddVectors(CLI::App& program) {
                               "zemva vectors measured.csv pls --y Yield --get VIP --get 't[1]'");
   const auto options = std::make_shared<VectorOptions>();
   AddModelOptions(line, options->model);
+  AddTestOption(line, options->model);
   AddOption(line, "MODEL", "pc|pls", "the kind of model, pc or pls; without it those of the data",
             [options](const std::string& kind) {
               if (kind != "pc" && kind != "pls") {

@@ -13,6 +13,7 @@
 #include "text/messages.h"
 #include "zemva/base/native_path.h"
 #include "zemva/dio/dataset/dio_data.h"
+#include "zemva/dio/file/file_contents.h"
 #include "zemva/errors/status.h"
 
 #if defined(_WIN32)
@@ -91,19 +92,39 @@ bool IsProjectFile(const std::string& path) {
   return path != kStandardStream && BeginsAsProject(ReadFile(path, 2).value_or(""));
 }
 
+bool IsModelFile(const std::string& path) {
+  if (!IsProjectFile(path)) return false;
+  StreamWindow discard;
+  FileContents contents;
+  GetFileContents(path.c_str(), discard, contents);
+  return !contents.super_items.empty() &&
+         contents.super_items.front().super_item.type == SuperItem::kModel;
+}
+
 bool IsTextFile(const std::string& path) {
   const std::optional<std::string> start = ReadFile(path, 1 << 12);
   return start && !start->empty() && start->find('\0') == std::string::npos;
 }
 
+namespace {
+
+void RefuseModel(const std::string& path) {
+  if (IsModelFile(path)) {
+    throw Failure(path, "is a saved model: info, show, predict, plot and vectors take it");
+  }
+}
+
+}  // namespace
+
 CsvTable ReadCsvFile(const std::string& path, const CsvOptions& options) {
   const std::string name = NameOf(path);
+  RefuseModel(path);
   const std::optional<std::string> bytes = ReadFile(path);
   if (!bytes) throw Failure(name, "cannot be read");
   if (BeginsAsProject(*bytes)) {
-    throw Failure(name, path == kStandardStream
-                            ? "a project file cannot be read from there"
-                            : "is a project file: info, stats, pc and pls take it as it is");
+    throw Failure(name, path == kStandardStream ? "a project file cannot be read from there"
+                                                : std::string("is a project file: info, import, ") +
+                                                      kDataCommands + " take it as it is");
   }
   RepairCounts counts;
   CsvRepairs::Report report;
@@ -128,6 +149,7 @@ OpenedTable OpenTable(const std::string& path, const CsvOptions& options, Stream
   OpenedTable opened;
   std::error_code error;
   const bool exists = path == kStandardStream || std::filesystem::exists(NativePath(path), error);
+  RefuseModel(path);
   if (!exists || IsProjectFile(path)) {
     opened.dataset = std::make_unique<Dataset>("Data", path.c_str(), window);
     return opened;
@@ -147,6 +169,7 @@ OpenedTable OpenTable(const std::string& path, const CsvOptions& options, Stream
   static_cast<void>(table.observations.release());
   static_cast<void>(table.variables.release());
   opened.classes = std::move(table.classes);
+  opened.class_names = std::move(table.class_names);
   return opened;
 }
 

@@ -16,8 +16,13 @@ namespace zemva::tools {
 // What stands for standard input and output among the names of files.
 inline constexpr char kStandardStream[] = "-";
 
+// The commands that take data as a project file and as a table.
+inline constexpr char kDataCommands[] = "stats, pc, pls, predict, plot and vectors";
+
 // Which of the two a file is, by its first bytes. One that cannot be read is neither.
 bool IsProjectFile(const std::string& path);
+// Whether it is a project file that begins with a model.
+bool IsModelFile(const std::string& path);
 // Whether the file can be read and is a text.
 bool IsTextFile(const std::string& path);
 
@@ -29,6 +34,7 @@ struct OpenedTable {
   std::unique_ptr<Dataset> dataset;
   // As in CsvTable; a project file has no classes.
   std::vector<char> classes;
+  std::vector<std::string> class_names;
 };
 
 // A data set, unloaded, on a project file; else that of a table, loaded, of which a line says what

@@ -60,6 +60,7 @@ int ModelRun::LoadFile() {
   dataset_ = project_.AddDataset(table.dataset.release());  // the project's
   if (dataset_ != 0) workset_ = project_.AddWorkset(dataset_, "Workset");
   if (workset_ == 0) return Fail(options_.file, project_.GetStatus());
+  class_names_ = std::move(table.class_names);
   int status = SetClasses(table.classes, GetWorkset());
   if (status == status::kOk) status = SetUpWorkset(options_, GetWorkset());
   return status == status::kOk ? kDone : Fail(options_.file, status);
@@ -97,7 +98,6 @@ int ModelRun::Fit() {
   if (GetModel().GetA() == 0) {
     return Fail(options_.file, "no component is significant; --components fits some regardless");
   }
-  if (const int status = DropNoise(); status != status::kOk) return Fail(options_.file, status);
   const int count = GetModel().GetA();
   if (count < options_.component_count.value_or(0)) {
     Tell(options_.file, "there can be no more than " + Counted(count, "component"));
@@ -129,19 +129,6 @@ void ModelRun::TellOfWeakComponents() const {
                         : "; --components " + std::to_string(before) + " keeps " +
                               Counted(before, "component") + " with a Q2(cum) of " +
                               Rounded(GetCumulativeQ2(model, static_cast<char>(before)))));
-}
-
-// Drops components beyond the rank of the table, which fit what rounding has left of it.
-int ModelRun::DropNoise() {
-  constexpr float kRounding = 1e-12f;
-  Model& model = GetModel();
-  short count = model.GetA();
-  while (count > 1 && model.GetSSX(static_cast<char>(count - 1)) <= kRounding * model.GetSSX(0)) {
-    --count;
-  }
-  if (count == model.GetA()) return status::kOk;
-  const int status = model.Reset(count);
-  return status == status::kOk ? model.ExecLS(char{0}) : status;
 }
 
 int ModelRun::KeepComponents(int failure) {

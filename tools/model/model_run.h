@@ -2,6 +2,9 @@
 #ifndef ZEMVA_TOOLS_MODEL_MODEL_RUN_H
 #define ZEMVA_TOOLS_MODEL_MODEL_RUN_H
 
+#include <string>
+#include <vector>
+
 #include "arguments/model_options.h"
 #include "model/watched_project.h"
 #include "text/progress_window.h"
@@ -36,6 +39,8 @@ class ModelRun {
   Dataset& GetDataset() const { return *project_.GetDataset(dataset_); }
   Workset& GetWorkset() const { return *project_.GetWorkset(workset_); }
   Model& GetModel() const { return *project_.GetModel(model_)->GetModel(); }
+  // Of classes 1, 2 and so on, in UTF-8, where a column of the table says what they are.
+  const std::vector<std::string>& GetClassNames() const { return class_names_; }
   // Null without a file of predictions.
   Dataset* GetTestDataset() const { return project_.GetDataset(test_dataset_); }
 
@@ -43,11 +48,11 @@ class ModelRun {
   short AddTestFile();
   void TellOfWeakComponents() const;
   int KeepComponents(int failure);
-  int DropNoise();
 
   const ModelOptions& options_;
   ProgressWindow log_;
   WatchedProject project_{log_};
+  std::vector<std::string> class_names_;
   short dataset_ = 0;
   short workset_ = 0;
   short model_ = 0;

@@ -1,18 +1,9 @@
 #include "model/stored_model.h"
 
 #include "text/messages.h"
-#include "zemva/dio/file/file_contents.h"
 #include "zemva/errors/status.h"
 
 namespace zemva::tools {
-
-bool IsModelFile(const std::string& path) {
-  StreamWindow discard;
-  FileContents contents;
-  GetFileContents(path.c_str(), discard, contents);
-  return !contents.super_items.empty() &&
-         contents.super_items.front().super_item.type == SuperItem::kModel;
-}
 
 std::unique_ptr<Model> ReadModel(const std::string& path, StreamWindow& log) {
   int status = status::kOk;

@@ -10,9 +10,6 @@
 
 namespace zemva::tools {
 
-// Whether the file can be read and begins with a model.
-bool IsModelFile(const std::string& path);
-
 // The model in a file, which writes its messages to the window. Raises Failure.
 std::unique_ptr<Model> ReadModel(const std::string& path, StreamWindow& log);
 

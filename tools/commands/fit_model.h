@@ -1,6 +1,6 @@
 // What commands that fit a model do.
-#ifndef ZEMVA_TOOLS_MODEL_FIT_MODEL_H
-#define ZEMVA_TOOLS_MODEL_FIT_MODEL_H
+#ifndef ZEMVA_TOOLS_COMMANDS_FIT_MODEL_H
+#define ZEMVA_TOOLS_COMMANDS_FIT_MODEL_H
 
 #include "arguments/model_options.h"
 #include "zemva/model/workset/model_type.h"
@@ -14,4 +14,4 @@ int FitModel(const ModelOptions& options, EModType type, char selector);
 
 }  // namespace zemva::tools
 
-#endif  // ZEMVA_TOOLS_MODEL_FIT_MODEL_H
+#endif  // ZEMVA_TOOLS_COMMANDS_FIT_MODEL_H

@@ -1,4 +1,4 @@
-#include "model/fit_model.h"
+#include "commands/fit_model.h"
 
 #include <cstdio>
 #include <optional>
@@ -6,12 +6,13 @@
 
 #include "arguments/settings_folder.h"
 #include "model/model_csv.h"
+#include "model/model_listing.h"
 #include "model/model_run.h"
 #include "model/result_folder.h"
 #include "model/stored_model.h"
+#include "plot/figure_folder.h"
 #include "text/json_writer.h"
 #include "text/messages.h"
-#include "text/text_window.h"
 
 namespace zemva::tools {
 namespace {
@@ -50,6 +51,8 @@ int FitModel(const ModelOptions& options, EModType type, char selector) {
   if (options.out_directory) {
     folder.emplace(*options.out_directory, options.csv.decimal_mark.value_or('.'));
   }
+  std::optional<FigureFolder> figures;
+  if (options.plot_directory) figures.emplace(*options.plot_directory);
   ModelRun run(options);
   int exit_status = run.LoadFile();
   if (exit_status == kDone) exit_status = run.MakeModel(type, selector);
@@ -60,10 +63,10 @@ int FitModel(const ModelOptions& options, EModType type, char selector) {
   if (options.is_json) {
     WriteSummary(run.GetModel());
   } else {
-    TextWindow listing(stdout);
-    run.GetModel().Show(listing);
+    ListModel(run.GetModel());
   }
   if (folder) WriteTables(run.GetModel(), run.GetTestDataset(), *folder);
+  if (figures) figures->Draw(run.GetModel(), run.GetClassNames());
   return kDone;
 }
 

@@ -1,0 +1,128 @@
+include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
+
+# Without gnuplot a line says so, before a model is fitted.
+set(path "$ENV{PATH}")
+find_program(xmllint xmllint)
+if(NOT PROGRAM MATCHES "wine")
+  set(ENV{PATH} ${WORK})
+endif()
+foreach(arguments "plot;${SAMPLES}/iris.vdo;scores;-o;${WORK}/a.svg"
+    "pc;${SAMPLES}/iris.vdo;--plots;${WORK}/none")
+  run(1 ${arguments})
+  expect("${err}" "^zemva: gnuplot: is not installed; it draws the figures\r?\n$")
+endforeach()
+if(EXISTS ${WORK}/none)
+  message(SEND_ERROR "without gnuplot there is a folder for its figures")
+endif()
+set(ENV{PATH} "${path}")
+
+# What is wrong is said first of all.
+foreach(expected
+    "2;plot none.csv;^zemva: plot takes a kind of figure: overview, scores, "
+    "2;plot none.csv scors -o a.svg;^zemva: there is no figure 'scors': did you mean 'scores'."
+    "2;plot none.csv scores;^zemva: plot takes -o, or --script"
+    "2;plot none.csv scores -o a.gif;^zemva: -o: 'a.gif' ends in none of .svg, .png, .pdf"
+    "2;plot none.csv vip -o a.svg;^zemva: this figure takes responses, --y, or classes, "
+    "2;plot none.csv scores -o a.svg --axes 1,0;^zemva: --axes: "
+    "2;plot none.csv scores -o a.svg --model lda;^zemva: --model: 'lda' is none of pc, pls")
+  list(POP_FRONT expected status line regex)
+  separate_arguments(words UNIX_COMMAND "${line}")
+  run(${status} ${words})
+  expect("${err}" "${regex}")
+endforeach()
+
+# The script has the data, and texts of the table mean nothing in it.
+file(WRITE ${WORK}/evil.csv "ONum,ONam,kind,\"it's `touch made`\",\"b% \\\",\"c \"\"q\"\" <x>&\"
+1,\"a' 'b','\"\"\",\"x'`touch made`
+set output 'made'\",1,2,3\n2,\"\\n\\x27 $(touch made) \\\",y,3,4,1\n3,</title><script>a(),z,5,1,2
+4,é ü,z,2,2,7\n5,EOD,z,2,9,7\n6,,z,1,3,2\n")
+run(0 plot ${WORK}/evil.csv scores --class-by kind --components 2 --script ${WORK}/evil.gp)
+file(READ ${WORK}/evil.gp script)
+expect("${script}" "\t\"a’ ’b’,’”\"\n.* title 'x''`touch made`.[a-z]+…', ")
+if(EXISTS ${WORK}/made OR EXISTS ${CMAKE_CURRENT_BINARY_DIR}/made)
+  message(SEND_ERROR "a text of the table was run")
+endif()
+
+find_program(gnuplot gnuplot)
+if(NOT gnuplot OR PROGRAM MATCHES "wine")
+  message("gnuplot is not installed")
+  return()
+endif()
+
+# expect_figure(FILE TEXT...): a drawing that is whole, with these texts.
+function(expect_figure file)
+  file(READ ${file} svg)
+  if(xmllint)
+    execute_process(COMMAND ${xmllint} --noout ${file} RESULT_VARIABLE fault)
+  endif()
+  if(fault OR NOT svg MATCHES "^<.xml.*</svg>[\r\n]*$" OR svg MATCHES "onmouse|gnuplot_svg")
+    message(SEND_ERROR "${file} is no drawing")
+  endif()
+  foreach(text IN LISTS ARGN)
+    expect("${svg}" "${text}")
+  endforeach()
+endfunction()
+
+run(0 plot ${WORK}/evil.csv scores --class-by kind --components 2 -o ${WORK}/evil.svg)
+expect_figure(${WORK}/evil.svg "<title>&lt./title>&lt.script>a..</title>" "<title>é ü</title>"
+  "<title>.n.x27 ..touch made. .</title>" "<title>6</title>")
+run(0 plot ${WORK}/evil.csv contributions --components 1 --class-by kind --obs 4 -o ${WORK}/evil.svg)
+expect_figure(${WORK}/evil.svg ">it's `touch made`<" ">b% .<" ">c \"q\" &lt.x>&amp.<" " of é ü<")
+execute_process(COMMAND ${gnuplot} ${WORK}/evil.gp WORKING_DIRECTORY ${WORK} RESULT_VARIABLE fault)
+if(fault OR EXISTS ${WORK}/made)
+  message(SEND_ERROR "the script of a figure does not draw it")
+endif()
+
+# Every kind of every sample, with a name for each observation.
+function(draw sample command)
+  set(folder ${WORK}/${sample}_${command})
+  run(0 ${command} ${SAMPLES}/${sample}.vdo ${ARGN} --json --plots ${folder})
+  if(err MATCHES "gnuplot|arning")
+    message(SEND_ERROR "${err}")
+  endif()
+  string(JSON count GET "${out}" observations)
+  file(GLOB figures ${folder}/*.svg)
+  foreach(figure IN LISTS figures)
+    expect_figure(${figure})
+  endforeach()
+  foreach(kind scores distances t2)
+    file(READ ${folder}/${kind}.svg svg)
+    string(REGEX MATCHALL "<title>" titles "${svg}")
+    list(LENGTH titles found)
+    if(NOT found EQUAL count)
+      message(SEND_ERROR "${folder}/${kind}.svg names ${found} of ${count} observations")
+    endif()
+  endforeach()
+  file(GLOB names RELATIVE ${folder} ${folder}/*)
+  set(names "${names}" PARENT_SCOPE)
+endfunction()
+
+foreach(sample "USArrests;Murder" "airquality;Temp" "iris;Sepal.Width" "mtcars;mpg,qsec"
+    "spectra;y1")
+  list(POP_FRONT sample name)
+  draw(${name} pc)
+  expect("${names}" "^contributions.svg;distances.svg;loadings.svg;overview.svg;scores.svg;t2.svg$")
+  draw(${name} pls --y ${sample} --components 2)
+  expect("${names}" "coefficients.*;loadings.svg;.*;predicted.*;vip.svg$")
+endforeach()
+expect_figure(${WORK}/mtcars_pls/scores.svg "t.1., 60 %" "95 % .T2." "Ford Pantera L")
+expect_figure(${WORK}/mtcars_pls/loadings.svg "w.c.2., 24 %" "<title>qsec</title>")
+expect_figure(${WORK}/mtcars_pls/predicted-2.svg "qsec: RMSEE = 0.9" ">1:1<")
+expect_figure(${WORK}/iris_pc/t2.svg "99 %: 9.567" ">setosa_16<")
+
+# Figures of an earlier model do not stay; a saved model has those that need no data.
+run(0 pls ${SAMPLES}/mtcars.vdo --y mpg --components 1 --plots ${WORK}/mtcars_pls
+  --save ${WORK}/cars.mdl)
+expect("${err}" "predicted-2.svg: of an earlier model, is removed\r?\n")
+expect_figure(${WORK}/mtcars_pls/scores.svg "t.1., 58 %" ">observation<")
+run(0 plot ${WORK}/cars.mdl predicted -o -)
+expect("${out}" "mpg: RMSEE = 2.5")
+run(1 plot ${WORK}/cars.mdl contributions -o -)
+expect("${err}" "^zemva: contributions: a saved model has not the data ")
+run(1 plot ${WORK}/cars.mdl scores --axes 1,2 -o -)
+expect("${err}" "^zemva: scores: there is no component 2\r?\n$")
+run(2 plot ${WORK}/cars.mdl predicted --response mgp -o -)
+expect("${err}" "^zemva: --response: there is no response 'mgp': did you mean 'mpg'.")
+foreach(format png pdf)
+  run(0 plot ${SAMPLES}/iris.csv scores --components 2 -o ${WORK}/iris.${format})
+endforeach()
