@@ -18,6 +18,7 @@ ModelOptions Parse(std::vector<const char*> arguments) {
   CLI::App line("", "fit");
   ModelOptions options;
   AddModelOptions(line, options);
+  AddResultOptions(line, options);
   AddResponseOptions(line, options);
   arguments.insert(arguments.begin(), "zemva");
   ParseLine(line, static_cast<int>(arguments.size()), arguments.data());
