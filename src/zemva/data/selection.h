@@ -5,6 +5,7 @@
 #include <new>
 
 #include "zemva/base/positions.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/numeric/x_vector.h"
 
@@ -26,7 +27,7 @@ inline XI1Vector SelectFirst(int kept, int length) {
 template <typename Predicate>
 XI1Vector SelectIf(int length, Predicate is_selected) {
   XI1Vector selection("Selection", length, kNotSelected);
-  if (selection.GetStatus() != status::kOk) throw std::bad_alloc();
+  Whole(selection);
   for (const short i : PositionsUpTo(length)) {
     if (is_selected(i)) selection[i] = kSelected;
   }

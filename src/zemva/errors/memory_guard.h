@@ -18,6 +18,14 @@ Result MemoryGuarded(Operation operation, Result out_of_memory = status::mva::kM
   }
 }
 
+// The object, where there was memory for all of it. Classes that keep a status are made and copied
+// without throwing, and fall short then.
+template <typename Object>
+Object& Whole(Object& object) {
+  if (object.GetStatus() != status::kOk) throw std::bad_alloc();
+  return object;
+}
+
 }  // namespace zemva
 
 #endif  // ZEMVA_ERRORS_MEMORY_GUARD_H

@@ -27,8 +27,10 @@ class VectorStorage : public MatObj {
   // `length` elements set to `fill`.
   VectorStorage(int length, T fill) : VectorStorage(length) { std::ranges::fill(Values(), fill); }
 
+  // A copy of one that there was no memory for has its status.
   VectorStorage(const VectorStorage& other) : VectorStorage(other.length_) {
     if (length_ == other.length_) CopyBody(other);
+    if (!other.elements_) Report(other.GetStatus());
   }
 
   // A copy of `*other`; empty with status 5007 when it is null.

@@ -174,7 +174,7 @@ int DeliverXFVector(const VecSource& source, const VecSpec* spec, XFVector*& vec
   return Deliver(source, spec, vector,
                  [&](const std::string& name, const VecQuery& query, int& status) {
                    auto made = std::make_unique<XFVector>(name.c_str(), query.length, kMissing);
-                   if (made->GetStatus() != status::kOk) throw std::bad_alloc();
+                   Whole(*made);
                    status = source.Fill(query, made->Values());
                    made->SetActValInfo();
                    return made;
@@ -188,7 +188,7 @@ int DeliverXSVector(const VecSource& source, const VecSpec* spec, XSVector*& vec
         if (!query.IsAlongComps()) status = source.CheckLabels(query.row->along);
         const int length = status == status::kOk ? query.length : 0;
         auto made = std::make_unique<XSVector>(name.c_str(), length, kLabelLength);
-        if (made->GetStatus() != status::kOk) throw std::bad_alloc();
+        Whole(*made);
         for (int n = 1; n <= length; ++n) {
           const Label label = LabelOf(source, query, n);
           made->SetElement(n, (is_by_number ? std::to_string(label.number) : label.name).c_str());

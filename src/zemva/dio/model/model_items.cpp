@@ -84,7 +84,7 @@ Results& ResultsOf(ModelRecord& model) {
 }
 
 // The same vector of each block, a row a block.
-template <XFVector DistanceResults::*Values>
+template <WholeVector DistanceResults::*Values>
 void AddOfBlocks(const ModelRecord& model, PayloadWriter& payload) {
   const Results& results = *model.results;
   payload.AddExtent(results.y ? 2 : 1);
@@ -94,15 +94,14 @@ void AddOfBlocks(const ModelRecord& model, PayloadWriter& payload) {
   if (results.y) payload.Add(((*results.y).*Values).Values());
 }
 
-template <XFVector DistanceResults::*Values>
+template <WholeVector DistanceResults::*Values>
 void TakeOfBlocks(ModelRecord& model, PayloadReader& payload) {
   Results& results = ResultsOf(model);
   const XFMatrix matrix = TakeMatrix(payload);
   if (matrix.NRow() != (results.y ? 2 : 1)) return payload.Fail();
   const auto take = [&](int row, DistanceResults& block) {
-    XFVector& values = block.*Values;
-    XFVector read(values.GetName(), matrix.NCol(), 0.0f);
-    if (read.GetStatus() != status::kOk) throw std::bad_alloc();
+    WholeVector& values = block.*Values;
+    WholeVector read(values.GetName(), matrix.NCol(), 0.0f);
     std::ranges::copy(matrix.Row(row), read.Values().begin());
     read.SetActValInfo();
     values = read;
@@ -124,7 +123,7 @@ void TakeLimits(ModelRecord& model, PayloadReader& payload) {
   limits.of_members = payload.Take<float>();
 }
 
-constexpr std::array<XFVector PredictionErrors::*, 6> kErrors = {
+constexpr std::array<WholeVector PredictionErrors::*, 6> kErrors = {
     &PredictionErrors::rss,   &PredictionErrors::press, &PredictionErrors::sd_adj_ls,
     &PredictionErrors::sd_ts, &PredictionErrors::np_ws, &PredictionErrors::np_ts};
 
@@ -329,6 +328,7 @@ void AddValues(const BlockRecord& block, PayloadWriter& payload) {
 
 void TakeValues(BlockRecord& block, PayloadReader& payload) {
   block.values = std::make_shared<XFMatrix>(TakeMatrix(payload));
+  Whole(*block.values);
 }
 
 // `letter` is X or Y; the names of the last two do not come with it.
@@ -393,7 +393,7 @@ void AddCoefficients(const CompInfo& component, PayloadWriter& payload) {
 }
 
 void TakeCoefficients(CompInfo& component, PayloadReader& payload) {
-  component.inv_ppw_cp = TakeDoubles(payload);
+  Whole(component.inv_ppw_cp = TakeDoubles(payload));
 }
 
 // clang-format off

@@ -2,15 +2,10 @@
 
 #include <utility>
 
+#include "zemva/errors/memory_guard.h"
+
 namespace zemva {
 namespace {
-
-// The room that was asked for, which there is or not.
-template <class Object>
-Object& Made(Object& object) {
-  if (object.GetStatus() != status::kOk) throw std::bad_alloc();
-  return object;
-}
 
 // The extents of a matrix; 0 where the payload has no such numbers. Rows without columns would be
 // room that no bytes stand for.
@@ -35,7 +30,8 @@ void TakeVector(PayloadReader& payload, XFVector& vector) {
   const int length = payload.GetExtent(0);
   if (!payload.Has<float>(length)) return;
   // It was empty: an item stands once.
-  if (vector.Exp(length, 0.0f) != status::kOk) throw std::bad_alloc();
+  vector.Exp(length, 0.0f);
+  Whole(vector);
   payload.Take(vector.Values());
   vector.SetActValInfo();
 }
@@ -51,7 +47,7 @@ XFMatrix TakeMatrix(PayloadReader& payload) {
   const char* const name = payload.TakeText();
   const auto [row_count, column_count] = TakeSize<float>(payload);
   XFMatrix matrix(name, row_count, column_count, 0.0f);
-  Made(matrix);
+  Whole(matrix);
   for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
   matrix.SetActValInfo();
   return matrix;
@@ -66,7 +62,7 @@ void AddDoubles(const DMatrix& matrix, PayloadWriter& payload) {
 DMatrix TakeDoubles(PayloadReader& payload) {
   const auto [row_count, column_count] = TakeSize<double>(payload);
   DMatrix matrix(row_count, column_count, 0.0);
-  Made(matrix);
+  Whole(matrix);
   for (int i = 1; i <= matrix.NRow(); ++i) payload.Take(matrix.Row(i));
   return matrix;
 }

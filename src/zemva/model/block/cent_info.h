@@ -14,12 +14,12 @@ struct CentInfo {
   // All missing. Throws std::bad_alloc.
   CentInfo(char letter, int row_count, int column_count);
 
-  XFVector loaded_average;      // "AvgX[-1]", of the data as loaded
-  XFVector average;             // "AvgX[0]", of the data centred and scaled
-  XFVector reference;           // "RefX[0]", 0 where a column is not centred
-  XFVector weights;             // "Weig[0]"
-  XFVector smallest;            // "MinX[-1]"
-  XFVector largest;             // "MaxX[-1]"
+  WholeVector loaded_average;   // "AvgX[-1]", of the data as loaded
+  WholeVector average;          // "AvgX[0]", of the data centred and scaled
+  WholeVector reference;        // "RefX[0]", 0 where a column is not centred
+  WholeVector weights;          // "Weig[0]"
+  WholeVector smallest;         // "MinX[-1]"
+  WholeVector largest;          // "MaxX[-1]"
   std::vector<int> row_counts;  // the present values of each row, and of each column
   std::vector<int> column_counts;
   Stage loaded;   // stage -1

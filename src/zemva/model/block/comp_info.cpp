@@ -1,5 +1,7 @@
 #include "zemva/model/block/comp_info.h"
 
+#include "zemva/errors/memory_guard.h"
+
 namespace zemva {
 namespace {
 
@@ -25,6 +27,8 @@ CompInfo::CompInfo(int a, int row_count, int column_count, int response_count)
       c(MakeVector("c", a, response_count)),
       w_star(MakeVector("wStar", a, y ? column_count : 0)),
       vip(MakeVector("VIP", a, y ? column_count : 0)),
-      inv_ppw_cp(y ? a : 0, response_count, 0.0) {}
+      inv_ppw_cp(y ? a : 0, response_count, 0.0) {
+  Whole(inv_ppw_cp);
+}
 
 }  // namespace zemva

@@ -44,20 +44,20 @@ struct CompInfo {
   float q2 = kMissing;
   float q2_cum = kMissing;
   float q2_limit = kMissing;
-  XFVector q2v;      // "Q2V[a]"
-  XFVector q2v_cum;  // "Q2V(cum)[a]"
+  WholeVector q2v;      // "Q2V[a]"
+  WholeVector q2v_cum;  // "Q2V(cum)[a]"
   EVerdict verdict = EVerdict::kNone;
-  XFVector leverages;     // "OLevX[a]", of the scores t, see distances.h
-  XFVector leverages_y;   // "OLevY[a]", of the scores u
-  XFVector weighted_s2o;  // "S2WOX[a]", weighted variances by row, see distances.h
-  XFVector t;             // "t[a]", scores, N
-  XFVector p;             // "p[a]", loadings, K
+  WholeVector leverages;     // "OLevX[a]", of the scores t, see distances.h
+  WholeVector leverages_y;   // "OLevY[a]", of the scores u
+  WholeVector weighted_s2o;  // "S2WOX[a]", weighted variances by row, see distances.h
+  WholeVector t;             // "t[a]", scores, N
+  WholeVector p;             // "p[a]", loadings, K
   // Without responses these have no elements.
-  XFVector u;          // "u[a]", scores of Y, N
-  XFVector w;          // "w[a]", weights of X, K, of length 1
-  XFVector c;          // "c[a]", weights of Y, M
-  XFVector w_star;     // "wStar[a]", K: what gives t straight from X
-  XFVector vip;        // "VIP[a]", K, of components 1..a
+  WholeVector u;       // "u[a]", scores of Y, N
+  WholeVector w;       // "w[a]", weights of X, K, of length 1
+  WholeVector c;       // "c[a]", weights of Y, M
+  WholeVector w_star;  // "wStar[a]", K: what gives t straight from X
+  WholeVector vip;     // "VIP[a]", K, of components 1..a
   DMatrix inv_ppw_cp;  // (P'W)^-1 C', a by M, of components 1..a: the coefficients are W times this
 };
 

@@ -2,6 +2,7 @@
 #include <memory>
 #include <utility>
 
+#include "zemva/errors/memory_guard.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/preprocess/number_set.h"
 
@@ -13,7 +14,7 @@ template <typename Table>
 std::shared_ptr<Table> CopyRows(const Table& table) {
   if (table.GetNItm() == 0) return nullptr;
   auto copy = std::make_shared<Table>(table);
-  if (copy->GetStatus() != status::kOk) throw std::bad_alloc();
+  Whole(*copy);
   return copy;
 }
 

@@ -7,17 +7,15 @@
 
 namespace zemva {
 
-XFVector MakeVector(std::string_view stem, int label, int length) {
+WholeVector MakeVector(std::string_view stem, int label, int length) {
   std::string name(stem);
   name += '[';
   name += std::to_string(label);
   name += ']';
-  XFVector vector(name.c_str(), length, kMissing);
-  if (vector.GetStatus() != status::kOk) throw std::bad_alloc();
-  return vector;
+  return {name.c_str(), length, kMissing};
 }
 
-XFVector MakeVector(std::string_view stem, char letter, int label, int length) {
+WholeVector MakeVector(std::string_view stem, char letter, int label, int length) {
   std::string stem_of_block(stem);
   stem_of_block += letter;
   return MakeVector(stem_of_block, label, length);

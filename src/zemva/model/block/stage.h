@@ -5,14 +5,14 @@
 #include <string_view>
 
 #include "zemva/numeric/missing.h"
-#include "zemva/numeric/x_vector.h"
+#include "zemva/numeric/whole_vector.h"
 
 namespace zemva {
 
 // A vector of missing values named "<stem>[<label>]", the stem being that of a block where it comes
 // with the block's letter. Throw std::bad_alloc.
-XFVector MakeVector(std::string_view stem, int label, int length);
-XFVector MakeVector(std::string_view stem, char letter, int label, int length);
+WholeVector MakeVector(std::string_view stem, int label, int length);
+WholeVector MakeVector(std::string_view stem, char letter, int label, int length);
 
 // The sums of squares of a matrix, N rows by K columns, and the variances made of them. Stages are
 // -1 for the data as loaded, 0 for the data centred and scaled, and a for the residuals after a
@@ -35,11 +35,11 @@ struct Stage {
   // Throws std::bad_alloc.
   Stage(char letter, int label, int row_count, int column_count);
 
-  XFVector sso;   // "SSO", sum of squares by row
-  XFVector s2o;   // "S2O", variance by row
-  XFVector ssv;   // "SSV", sum of squares by column
-  XFVector s2v;   // "S2V", variance by column
-  XFVector mpow;  // "MPow", modelling power of a column
+  WholeVector sso;   // "SSO", sum of squares by row
+  WholeVector s2o;   // "S2O", variance by row
+  WholeVector ssv;   // "SSV", sum of squares by column
+  WholeVector s2v;   // "S2V", variance by column
+  WholeVector mpow;  // "MPow", modelling power of a column
   float df = kMissing;
   float ss = kMissing;  // the sum of ssv
   float s2 = kMissing;

@@ -442,7 +442,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void TakeRecord(ModelRecord record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
-  // Removes the file that Save wrote last or that the model was read from, if there is one. 1007 when it cannot be removed.
+  // Removes the file that Save wrote last or that the model was read from, if there is one. 1007
+  // when it cannot be removed.
   int DeleteFiles();
 
  protected:
@@ -515,8 +516,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   int Check(DataBlock& block, const ObsInfo& observations);
   // The tables of the rows, which the blocks share.
   struct RowTables {
-    std::unique_ptr<ObsInfo> observations;
-    std::unique_ptr<ClaInfo> classes;
+    std::shared_ptr<ObsInfo> observations;
+    std::shared_ptr<ClaInfo> classes;
   };
   // Unless they are there.
   int ExtractRowTables(Workset& workset, RowTables& rows) const;
@@ -551,7 +552,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void Measure(CompInfo& component);
   void MeasureWeighted(CompInfo& component);
   // On the scores of components 1..a.
-  Leverage MakeLeverage(int a, XFVector CompInfo::*scores) const;
+  Leverage MakeLeverage(int a, WholeVector CompInfo::*scores) const;
   void ReportExplained(const char* text, const Stage& after, const Stage& initial);
   // 8029 for a verdict against the component that ends the search.
   int Judge(const Validation& validation, const Rules& rules, CompInfo& component);
@@ -559,7 +560,7 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   // --- Statistics (model_statistics.cpp) ---
 
   float GetExplained(EBlock block, float Stage::*sum, int from, int to) const;
-  float GetExplained(EBlock block, XFVector Stage::*sums, short k, int from, int to) const;
+  float GetExplained(EBlock block, WholeVector Stage::*sums, short k, int from, int to) const;
 
   // --- Execution (model_execution.cpp, model_prediction.cpp, model_responses.cpp) ---
 

@@ -176,7 +176,7 @@ void Model::Measure(CompInfo& component) {
   component.t_min = component.t.Min();
   component.t_max = component.t.Max();
   component.s2t = static_cast<float>(component.t.S2(0.0f, 0, 1.0f));
-  const auto set_leverages = [&](XFVector CompInfo::*scores, XFVector& leverages) {
+  const auto set_leverages = [&](WholeVector CompInfo::*scores, XFVector& leverages) {
     std::ranges::copy(MakeLeverage(a, scores).OfRows(), leverages.Values().begin());
     leverages.SetActValInfo();
   };
@@ -184,7 +184,7 @@ void Model::Measure(CompInfo& component) {
   if (HasY()) set_leverages(&CompInfo::u, component.leverages_y);
 }
 
-Leverage Model::MakeLeverage(int a, XFVector CompInfo::*scores) const {
+Leverage Model::MakeLeverage(int a, WholeVector CompInfo::*scores) const {
   std::vector<std::span<const float>> all;
   for (int c = 1; c <= a; ++c) all.push_back((GetComponent(c)->*scores).Values());
   return Leverage(all, GetA0());

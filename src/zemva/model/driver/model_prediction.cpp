@@ -92,6 +92,7 @@ int Model::ExecuteRows(const ObsInfo& observations, const XFMatrix& data, const 
   int status = AddPSResults();
   if (status != status::kOk) return status;
   XI1Vector kept("Selection", data.NRow(), kNotSelected);
+  Whole(kept);
   std::vector<short> positions;
   std::vector<char> is_member;
   for (const short i : PositionsUpTo(kept.NVal())) {
@@ -138,7 +139,8 @@ int Model::Predict(std::span<const float> row, short to) {
   const int a = GetASelPS();
   XFVector values("x", GetNVarX(), kMissing);
   FVector scores(a, kMissing);
-  if (values.NVal() != GetNVarX() || scores.NVal() != a) return status::mva::kMemory;
+  Whole(values);
+  Whole(scores);
   std::ranges::copy(row, predictions_->values.Row(to).begin());
   for (const short k : PositionsUpTo(GetNVarX())) {
     values[k] = x_->CenterAndScale(row[static_cast<std::size_t>(k - 1)], k);

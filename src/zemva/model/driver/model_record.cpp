@@ -1,5 +1,6 @@
 // What a file keeps of Model.
 #include "zemva/model/driver/model_record.h"
+#include "zemva/errors/memory_guard.h"
 
 #include <algorithm>
 #include <memory>
@@ -33,7 +34,7 @@ std::shared_ptr<Results> Renamed(const Results& results) {
   CopyInto(results.x, renamed->x);
   if (results.y && renamed->y) CopyInto(*results.y, *renamed->y);
   if (!results.errors || !renamed->errors) return renamed;
-  for (XFVector PredictionErrors::*const vector :
+  for (WholeVector PredictionErrors::*const vector :
        {&PredictionErrors::rss, &PredictionErrors::press, &PredictionErrors::sd_adj_ls,
         &PredictionErrors::sd_ts, &PredictionErrors::np_ws, &PredictionErrors::np_ts}) {
     CopyInto((*results.errors).*vector, (*renamed->errors).*vector);
@@ -73,7 +74,7 @@ ModelRecord Model::MakeRecord() const {
 
 void Model::TakeRecord(ModelRecord record) {
   XI1Vector members("Selection", static_cast<int>(record.members.size()), char{0});
-  if (members.GetStatus() != status::kOk) throw std::bad_alloc();
+  Whole(members);
   std::ranges::copy(record.members, members.Values().begin());
   const auto make_block = [&](const BlockRecord& block) {
     return std::make_unique<DataBlock>(type_, block, members, record.dataset_variables);

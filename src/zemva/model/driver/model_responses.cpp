@@ -200,7 +200,7 @@ float ElementOf(const Predictions* predictions, XFMatrix ResponsePredictions::*m
   return is_there ? (*predictions->y.*matrix).GetElement(i, m) : kMissing;
 }
 
-short CountOf(const PredictionErrors* errors, XFVector PredictionErrors::*counts, short m) {
+short CountOf(const PredictionErrors* errors, WholeVector PredictionErrors::*counts, short m) {
   const float count = errors == nullptr ? 0.0f : (errors->*counts).GetElement(m);
   return IsMissing(count) ? short{0} : static_cast<short>(count);
 }

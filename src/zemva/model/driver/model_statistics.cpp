@@ -20,7 +20,7 @@ float Field(const Record* record, float Record::*field) {
   return Field(record, field, kMissing);
 }
 template <typename Record>
-float Element(const Record* record, XFVector Record::*vector, short i) {
+float Element(const Record* record, WholeVector Record::*vector, short i) {
   return record == nullptr ? kMissing : (record->*vector).GetElement(i);
 }
 
@@ -64,7 +64,7 @@ float Model::GetExplained(EBlock block, float Stage::*sum, int from, int to) con
   return from < 0 ? kMissing : Explained(value(0), value(from), value(to));
 }
 
-float Model::GetExplained(EBlock block, XFVector Stage::*sums, short k, int from, int to) const {
+float Model::GetExplained(EBlock block, WholeVector Stage::*sums, short k, int from, int to) const {
   const auto value = [&](int a) { return Element(GetStage(block, a), sums, k); };
   return from < 0 ? kMissing : Explained(value(0), value(from), value(to));
 }

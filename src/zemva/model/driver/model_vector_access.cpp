@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "zemva/base/positions.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/driver/model.h"
 #include "zemva/model/driver/model_vectors.h"
@@ -98,7 +99,7 @@ int Model::MakeGapVector(const std::string& name, short i, short j, Gain gain,
   if (!IsLoaded()) return status::mva::kDataNotAvailable;
   if (!is_row(i) || (j != 0 && !is_row(j))) return status::mva::kIndexOutOfRange;
   auto made = std::make_unique<XFVector>(name.c_str(), GetNVarX(), kMissing);
-  if (made->GetStatus() != status::kOk) throw std::bad_alloc();
+  Whole(*made);
   for (const short k : PositionsUpTo(GetNVarX())) {
     const float gap = GetGap(i, j, k);
     if (!IsMissing(gap)) (*made)[k] = AsPresent(gap * gain(k));

@@ -3,7 +3,7 @@
 #define ZEMVA_MODEL_EXECUTION_DISTANCE_RESULTS_H
 
 #include "zemva/numeric/missing.h"
-#include "zemva/numeric/x_vector.h"
+#include "zemva/numeric/whole_vector.h"
 
 namespace zemva {
 
@@ -20,8 +20,8 @@ struct DistanceResults {
                   int row_count);
 
   int component_count;
-  XFVector distances;
-  XFVector probabilities;
+  WholeVector distances;
+  WholeVector probabilities;
   DistanceLimits limits;
 };
 

@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/block/stage.h"
 
@@ -12,14 +13,12 @@ namespace {
 
 XFMatrix MakeMatrix(const char* name, int row_count, int column_count) {
   XFMatrix matrix(name, row_count, column_count, kMissing);
-  if (matrix.NRow() != row_count) throw std::bad_alloc();
+  Whole(matrix);
   return matrix;
 }
 
-XFVector MakeSums(const char* name, int length) {
-  XFVector vector(name, length, kMissing);
-  if (vector.GetStatus() != status::kOk) throw std::bad_alloc();
-  return vector;
+WholeVector MakeSums(const char* name, int length) {
+  return {name, length, kMissing};
 }
 
 bool IsOfPredset(EExecuted executed) {
@@ -111,8 +110,8 @@ void Predictions::SetRows(std::unique_ptr<ObsInfo> rows, std::vector<short> row_
   is_member = std::move(membership);
   scores.clear();
   for (int c = 1; c <= component_count; ++c) scores.push_back(MakeVector("tPS", c, row_count));
-  values = MakeMatrix("X", row_count, residuals.NCol());
-  residuals = MakeMatrix("PSResiduals", row_count, residuals.NCol());
+  Whole(values = MakeMatrix("X", row_count, residuals.NCol()));
+  Whole(residuals = MakeMatrix("PSResiduals", row_count, residuals.NCol()));
   results = MakeResults(EExecuted::kPredset, component_count, row_count, response_count);
   if (y) y.emplace(row_count, response_count);
 }

@@ -9,8 +9,8 @@
 
 #include "zemva/data/obs_info.h"
 #include "zemva/model/execution/distance_results.h"
+#include "zemva/numeric/whole_vector.h"
 #include "zemva/numeric/x_matrix.h"
-#include "zemva/numeric/x_vector.h"
 
 namespace zemva {
 
@@ -25,12 +25,12 @@ struct PredictionErrors {
   // components.
   void Set(int response, std::span<const float> of_rows, std::span<const char> is_member, int lost);
 
-  XFVector rss;        // "RSS", the sum of squares of members
-  XFVector press;      // "PRESS", of others
-  XFVector sd_adj_ls;  // "SDadjLS", sqrt(RSS / (n - lost)); missing where n <= lost
-  XFVector sd_ts;      // "SDTS", sqrt(PRESS / n)
-  XFVector np_ws;      // "NPWS", how many members
-  XFVector np_ts;      // "NPTS", how many others
+  WholeVector rss;        // "RSS", the sum of squares of members
+  WholeVector press;      // "PRESS", of others
+  WholeVector sd_adj_ls;  // "SDadjLS", sqrt(RSS / (n - lost)); missing where n <= lost
+  WholeVector sd_ts;      // "SDTS", sqrt(PRESS / n)
+  WholeVector np_ws;      // "NPWS", how many members
+  WholeVector np_ts;      // "NPTS", how many others
 };
 
 // What is executed. The results of a work set are "LSResiduals", with "DModX"; those of a
@@ -87,11 +87,11 @@ struct Predictions {
                std::vector<char> membership);
 
   std::unique_ptr<ObsInfo> observations;
-  std::vector<short> positions;  // in the data that were executed
-  std::vector<char> is_member;   // whether the model was fitted to the observation
-  std::vector<XFVector> scores;  // "tPS[c]" for components 1..a
-  XFMatrix values;               // "X", as executed, transformed
-  XFMatrix residuals;            // "PSResiduals", of X centred and scaled
+  std::vector<short> positions;     // in the data that were executed
+  std::vector<char> is_member;      // whether the model was fitted to the observation
+  std::vector<WholeVector> scores;  // "tPS[c]" for components 1..a
+  XFMatrix values;                  // "X", as executed, transformed
+  XFMatrix residuals;               // "PSResiduals", of X centred and scaled
   std::shared_ptr<Results> results;
   std::optional<ResponsePredictions> y;  // none without responses
 };

@@ -150,7 +150,8 @@ int PCModel::CalcTPred(const XFVector& values, FVector& scores) {
   const int a = scores.NVal();
   FMatrix cross_products(a, a, 0.0f);
   FVector projections(a, 0.0f);
-  if (cross_products.NRow() != a || projections.NVal() != a) return status::mva::kMemory;
+  Whole(cross_products);
+  Whole(projections);
   const auto sum_present = [&](auto term) {
     double sum = 0.0;
     for (int k = 1; k <= values.NVal(); ++k) {

@@ -171,7 +171,7 @@ int PLSModel::Complete(CompInfo& component) {
 int PLSModel::MakeWStar(CompInfo& component) {
   const int a = GetComponentCount();
   DMatrix inverse(a, a, 0.0);
-  if (inverse.NRow() != a) return status::mva::kMemory;
+  Whole(inverse);
   const auto dot = [](const XFVector& p, const XFVector& w) {
     const auto left = p.Values();
     const auto right = w.Values();

@@ -5,6 +5,7 @@
 
 #include "zemva/data/names.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/preprocess/number_set.h"
 #include "zemva/model/workset/block_extract.h"
@@ -184,8 +185,10 @@ int Workset::MakeClassMatrix(const std::vector<char>& row_classes, const VarInfo
 std::unique_ptr<Preparation> Workset::MakePreparation(
     const Selection& selection, const std::shared_ptr<VarInfo>& variables,
     std::unique_ptr<const ColumnPlan> plan) const {
-  return std::make_unique<Preparation>(Preparation{this, selection.block, selection.observations,
-                                                   variables_, variables, std::move(plan)});
+  auto made = std::make_unique<Preparation>(Preparation{
+      this, selection.block, selection.observations, variables_, variables, std::move(plan)});
+  Whole(made->members);
+  return made;
 }
 
 int Workset::MakeScaInfo(const Selection& selection, const VarInfo& variables,

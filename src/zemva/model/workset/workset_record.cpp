@@ -1,5 +1,6 @@
 // What a file keeps of a work set.
 #include "zemva/model/workset/workset_record.h"
+#include "zemva/errors/memory_guard.h"
 
 #include <cstring>
 #include <memory>
@@ -17,7 +18,7 @@ template <typename Table>
 std::shared_ptr<Table> CopyOf(const Table& table) {
   if (table.GetNItm() == 0) return nullptr;
   auto copy = std::make_shared<Table>(table);
-  if (copy->GetStatus() != status::kOk) throw std::bad_alloc();
+  Whole(*copy);
   return copy;
 }
 
