@@ -336,6 +336,21 @@ TEST(ModelVectors, WhatIsLeftOpenIsTheLastComponentOrAll) {
   }
 }
 
+TEST(ModelVectors, LimitsAreOfTheComponentsThatWereExecuted) {
+  Models models;
+  PLSModel& model = models.pls.model;
+  ASSERT_EQ(model.ExecLS(char{1}), 0);
+  const float limit = model.GetSEYPredLLS(1, 1);
+  model.GetModOpt()->SetAUseLS(2);
+  ASSERT_NE(model.GetSEYPredLLS(1, 1), limit);
+  XFVector* vector = nullptr;
+  VecSpec spec(CEVecType::SerrL, 1);
+  ASSERT_EQ(model.GetXFVector(&spec, vector), 0);
+  const auto owned = Own(vector);
+  EXPECT_STREQ(vector->GetName(), "SerrL1[1]");
+  EXPECT_EQ((*vector)[1], limit);
+}
+
 TEST(ModelVectors, WhatThereIsNotIsRefused) {
   Models models;
   models.Predict();

@@ -553,6 +553,39 @@ TEST(PLSPrediction, TransformsBackWhereItIsWanted) {
   for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(D(get()[i]), std::pow(10, D(logs[i])), 1e-4);
 }
 
+// The lower limit stays below where the transformation goes down; across a pole there is none.
+TEST(PLSPrediction, LimitsStandAboutThePrediction) {
+  const struct {
+    ETraType type;
+    float c1, c2, c3;
+  } cases[] = {{ETraType::kNegLog, 1, 0, 0},
+               {ETraType::kLinear, -1, 100, 0},
+               {ETraType::kPower, 1, 0, -1},
+               {ETraType::kExp, -0.1f, 0, 0},
+               {ETraType::kLogit, 100, 0, 0}};
+  for (const auto& c : cases) {
+    PLSBench bench(test::Sample("mtcars"), {"mpg"});
+    bench.workset.SetTransformation(1, c.type, c.c1, c.c2, c.c3);
+    ASSERT_EQ(bench.Compute(2), 0);
+    ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
+    Predset predset("PS", *bench.dataset, bench.workset);
+    bench.owner.predset = &predset;
+    ASSERT_EQ(bench.model.ExecPS(), 0);
+    const PLSModel& model = bench.model;
+    int between = 0;
+    for (short i = 1; i <= 32; ++i) {
+      SCOPED_TRACE(std::to_string(static_cast<int>(c.type)) + " " + std::to_string(i));
+      const float low = model.GetSEYPredLLS(i, 1), high = model.GetSEYPredULS(i, 1);
+      EXPECT_TRUE(low == kM || low < model.GetYPredLS(i, 1));
+      EXPECT_TRUE(high == kM || high > model.GetYPredLS(i, 1));
+      EXPECT_NEAR(D(model.GetSEYPredLPS(i, 1)), D(low), 1e-3);
+      EXPECT_NEAR(D(model.GetSEYPredUPS(i, 1)), D(high), 1e-3 * std::abs(D(high)));
+      between += low != kM && high != kM;
+    }
+    EXPECT_GT(between, 20);
+  }
+}
+
 // --- Types ---
 
 TEST(PLSModel, RelatesTheBlocksThatItsTypeSays) {

@@ -63,5 +63,6 @@ endif()
 
 fails(2 "${SAMPLES}/iris.csv" "^zemva: pls takes responses, --y, or classes, --class or --class-by\r?\n")
 fails(2 "${SAMPLES}/mtcars.csv;--y;mgp" "zemva: --y: there is no variable 'mgp': did you mean 'mpg'.\r?\n")
+fails(2 "${SAMPLES}/iris.csv;--class;1=1-50;--class;2=51-150;--y-scale;Ctr" "^zemva: --y-scale takes --y: ")
 file(WRITE ${WORK}/constant.csv ",,y,a,b\n1,,1,2,7\n2,,1,2,1\n3,,1,2,5\n4,,1,1,0\n5,,1,2,2\n")
 fails(1 "${WORK}/constant.csv;--y;y" "constant.csv: [^\n]* .80(28|38).\r?\n$")

@@ -24,6 +24,18 @@ expect("${out}" "^Comp,DFX,S2X,SSX\nInitial,600,.*\nCenter,596,1,596\nComp\\[1\\
 run(0 vectors ${SAMPLES}/airquality.vdo --get all --by observations)
 expect("${out}" "^ONum,ONam,Num,Time,VarDS1,VarDS2[^\n]*\n1,[^\n]*\n.*\n5,[^,]*,5,5,,,14\\.3,")
 
+# Of components together, by the elements of the type; of all, those that there are.
+run(0 vectors ${SAMPLES}/iris.vdo pc --components 2 --get Tsquare1:2[0])
+expect("${out}" "^ONum,ONam,Tsquare1:2\\[0\\]\n1,setosa_1,")
+run(0 vectors ${SAMPLES}/mtcars.vdo pls --y mpg,hp --lag wt=1 --components 2
+  --test ${SAMPLES}/mtcars.vdo --get all --by predictions)
+expect("${out}" "^ONum,ONam,[^\n]*,VarResPS10\\[0\\],[^\n]*,VarResPS12\\[2\\],VarPredPS1\\[0\\],")
+run(0 vectors ${SAMPLES}/mtcars.vdo pls --y mpg,hp --lag wt=1 --components 2 --get all --by lags)
+expect("${out}" "^Lag,VNam,CoeffCSLag1\\[1\\],CoeffCSLag1\\[2\\],pLag1\\[1\\],")
+run(0 pls ${SAMPLES}/mtcars.vdo --y mpg --components 1 --save ${WORK}/model.mdl)
+run(0 vectors ${WORK}/model.mdl --get all --by observations)
+expect("${out}" "^ONum,ONam,Num,[^\n]*,VarRes11\\[0\\],[^\n]*,YRes1\\[1\\]\n1,Mazda RX4,1,")
+
 # What is refused, and how.
 foreach(case
     "2 --get VPI|there is no vector 'VPI'" "2 --get t[2|there is no vector 't\\[2'"

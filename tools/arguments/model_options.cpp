@@ -251,6 +251,9 @@ void CheckModelOptions(const ModelOptions& options) {
   if (options.csv.class_column && !options.classes.empty()) {
     throw UsageError("--class-by and --class cannot both make the classes");
   }
+  if (options.response_scaling && options.responses.empty()) {
+    throw UsageError("--y-scale takes --y: classes have unit variance");
+  }
 }
 
 }  // namespace zemva::tools

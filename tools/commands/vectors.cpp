@@ -78,15 +78,26 @@ std::vector<VectorChoice> ChoicesOf(const Model& model) {
     short first_ix = 0, last_ix = 0;
     if (model.GetVecCompRange(row.type, first_comp, last_comp) != 0) continue;
     model.GetVecIxRange(row.type, first_ix, last_ix);
-    choices.push_back(
-        {&row, first_comp, last_comp, row.of == EVecAxis::kNothing ? 0 : int{last_ix}});
+    choices.push_back({&row, first_comp, last_comp, row.of == EVecAxis::kNothing ? 0 : int{last_ix},
+                       row.comps == EVecComps::kResponse ? int{model.GetNVarY()} : 0});
   }
   return choices;
 }
 
-// Adds the vector of a spec, of a project or a model. Raises Failure.
+// What the elements of a vector are. Made of a range of components together, those of its type.
+EVecAxis AxisOf(const VecSpec& spec, const VecRow& row) {
+  const bool is_of_span = row.comps == EVecComps::kSpan || row.comps == EVecComps::kSpanPS;
+  return spec.IsRange() && !is_of_span ? EVecAxis::kComponents : row.along;
+}
+
+// Whether a vector is one that a type has not, at an index or a component at which it has others.
+bool IsGap(int status) {
+  return status == status::mva::kDataNotAvailable || status == status::mva::kOnlyAfterLastComponent;
+}
+
+// Adds the vector of a spec, of a project or a model, and returns the status.
 template <typename Source>
-void Take(Source& source, bool has_model, VecSpec spec, VectorTables& tables) {
+int Take(Source& source, bool has_model, VecSpec spec, VectorTables& tables) {
   const VecRow& row = *FindVecRow(spec.GetVType());
   if (has_model && row.objects.Has(CEDatType::Model)) spec.SetDType(CEDatType::Model);
   XFVector* values = nullptr;
@@ -98,11 +109,13 @@ void Take(Source& source, bool has_model, VecSpec spec, VectorTables& tables) {
   std::unique_ptr<XSVector> own_names(names);
   if (status == 0) status = source.GetXSVector(&spec, numbers, true);
   std::unique_ptr<XSVector> own_numbers(numbers);
-  if (status != 0) throw Failure(spec.GetName(), status);
-  tables.Add(spec.IsRange() ? EVecAxis::kComponents : row.along, std::move(own_values),
-             std::move(own_names), std::move(own_numbers));
+  if (status != 0) return status;
+  tables.Add(AxisOf(spec, row), std::move(own_values), std::move(own_names),
+             std::move(own_numbers));
+  return status;
 }
 
+// Raises Failure for a vector that there is not.
 template <typename Source>
 int Write(const VectorOptions& options, Source& source, bool has_model,
           const std::vector<VectorChoice>& choices) {
@@ -117,7 +130,10 @@ int Write(const VectorOptions& options, Source& source, bool has_model,
     for (const std::string& name : options.names) specs.push_back(SpecOf(name));
   }
   VectorTables tables;
-  for (const VecSpec& spec : specs) Take(source, has_model, spec, tables);
+  for (const VecSpec& spec : specs) {
+    const int status = Take(source, has_model, spec, tables);
+    if (status != 0 && !(options.by && IsGap(status))) throw Failure(spec.GetName(), status);
+  }
   tables.Write();
   return kDone;
 }

@@ -93,8 +93,12 @@ std::vector<VecSpec> SpecsBy(const std::string& elements,
   std::vector<VecSpec> specs;
   const auto add = [&](const VectorChoice& choice, int comp) {
     const int first = choice.index_count == 0 ? 0 : 1;
+    const int first_response = choice.response_count == 0 ? 0 : 1;
     for (int ix = first; ix <= choice.index_count; ++ix) {
-      specs.emplace_back(choice.row->type, static_cast<short>(ix), static_cast<short>(comp));
+      for (int m = first_response; m <= choice.response_count; ++m) {
+        specs.emplace_back(choice.row->type, static_cast<short>(ix), static_cast<short>(comp));
+        specs.back().SetIx2(static_cast<short>(m));
+      }
     }
   };
   for (const VectorChoice& choice : choices) {

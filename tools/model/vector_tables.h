@@ -14,12 +14,14 @@
 namespace zemva::tools {
 
 // The vectors of one type that there are: at components first..last, none where last is below
-// first; for indices 1..index_count, 0 where there is but one of them.
+// first; for indices 1..index_count, 0 where there is but one of them, and responses
+// 1..response_count, likewise.
 struct VectorChoice {
   const VecRow* row;
   int first_comp;
   int last_comp;
   int index_count;
+  int response_count = 0;
 };
 
 // What an element is, as the user calls it: "components", "observations", "variables", "lags",

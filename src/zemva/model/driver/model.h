@@ -29,6 +29,7 @@
 #include "zemva/model/preprocess/lag_info.h"
 #include "zemva/model/workset/model_type.h"
 #include "zemva/numeric/f_matrix.h"
+#include "zemva/numeric/missing.h"
 #include "zemva/numeric/x_matrix.h"
 #include "zemva/numeric/x_vector.h"
 #include "zemva/settings/options/mod_opt.h"
@@ -610,8 +611,14 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   float BackTransform(float value, short m, bool is_back_transformed) const;
   // Half of the width between the limits of an observed value, centred and scaled.
   double GetHalfWidth(int a, short m, double leverage, float level) const;
-  double GetPredictionLS(short i, short m) const;
-  float GetLimitLS(short i, short m, double side) const;
+  double GetPredictionLS(int a, short i, short m) const;
+  // What an observed value lies between, in the units of GetYPredLS.
+  struct ResponseLimits {
+    float lower = kMissing;
+    float upper = kMissing;
+  };
+  ResponseLimits RestoreLimits(double scaled, double half, short m, bool is_back_transformed) const;
+  ResponseLimits GetLimitsLS(int a, short i, short m) const;
   void PredictResponses(const XFMatrix* observed, const Leverage& leverage, short to);
   void SetDistanceY(std::span<const double> residuals, short to);
   void FinishResponses();

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "zemva/base/positions.h"
@@ -54,6 +55,22 @@ float Model::BackTransform(float value, short m, bool is_back_transformed) const
   return is_back_transformed ? y_->BackTransform(value, m) : value;
 }
 
+// What a transformation takes to the other side of the prediction changes places; what the way back
+// takes there too, across a pole, is no limit.
+Model::ResponseLimits Model::RestoreLimits(double scaled, double half, short m,
+                                           bool is_back_transformed) const {
+  const auto restore = [&](double value) { return RestoreResponse(value, m, is_back_transformed); };
+  const float predicted = restore(scaled);
+  if (IsMissing(half) || IsMissing(predicted)) return {};
+  ResponseLimits limits{restore(scaled - half), restore(scaled + half)};
+  const auto is_above = [&] { return !IsMissing(limits.lower) && limits.lower > predicted; };
+  const auto is_below = [&] { return !IsMissing(limits.upper) && limits.upper < predicted; };
+  if (is_above() || is_below()) std::swap(limits.lower, limits.upper);
+  if (is_above()) limits.lower = kMissing;
+  if (is_below()) limits.upper = kMissing;
+  return limits;
+}
+
 // t(df) s sqrt(1 + h), the interval of least squares on the scores, with s^2 the residual variance
 // of the response and df its degrees of freedom (S. de Vries and C. J. F. ter Braak, Prediction
 // error in partial least squares regression, Chemometrics and Intelligent Laboratory Systems 30
@@ -70,15 +87,14 @@ double Model::GetHalfWidth(int a, short m, double leverage, float level) const {
 
 // --- Of the work set ---
 
-double Model::GetPredictionLS(short i, short m) const {
+double Model::GetPredictionLS(int a, short i, short m) const {
   const bool is_element = i >= 1 && i <= GetNObs() && m >= 1 && m <= GetNVarY();
-  const int a = GetUsed(options_->GetAUseLS());
   if (!is_element || a == 0 || !y_->IsLoaded()) return kNone;
   return PredictResponse(a, m, [&](int c) { return GetComponent(c)->t[i]; });
 }
 
 float Model::GetYPredLS(short i, short m) const {
-  const double scaled = GetPredictionLS(i, m);
+  const double scaled = GetPredictionLS(GetUsed(options_->GetAUseLS()), i, m);
   return IsMissing(scaled) ? kMissing : RestoreResponse(scaled, m, options_->GetIsBackTraYLS());
 }
 
@@ -92,22 +108,20 @@ float Model::GetYPredErrLS(short i, short m) const {
   return ErrorOf(GetYObsLS(i, m), GetYPredLS(i, m));
 }
 
-float Model::GetLimitLS(short i, short m, double side) const {
-  const double scaled = GetPredictionLS(i, m);
-  if (IsMissing(scaled)) return kMissing;
-  const int a = GetUsed(options_->GetAUseLS());
+Model::ResponseLimits Model::GetLimitsLS(int a, short i, short m) const {
+  const double scaled = GetPredictionLS(a, i, m);
+  if (IsMissing(scaled)) return {};
   const auto leverage = static_cast<double>(GetComponent(a)->leverages[i]);
   const double half = GetHalfWidth(a, m, leverage, options_->GetSignLevLS());
-  if (IsMissing(half)) return kMissing;
-  return RestoreResponse(scaled + side * half, m, options_->GetIsBackTraYLS());
+  return RestoreLimits(scaled, half, m, options_->GetIsBackTraYLS());
 }
 
 float Model::GetSEYPredLLS(short i, short m) const {
-  return GetLimitLS(i, m, -1.0);
+  return GetLimitsLS(GetUsed(options_->GetAUseLS()), i, m).lower;
 }
 
 float Model::GetSEYPredULS(short i, short m) const {
-  return GetLimitLS(i, m, 1.0);
+  return GetLimitsLS(GetUsed(options_->GetAUseLS()), i, m).upper;
 }
 
 void Model::SetErrorsLS(short first, PredictionErrors& errors) const {
@@ -149,10 +163,9 @@ void Model::PredictResponses(const XFMatrix* observed, const Leverage& leverage,
     if (IsMissing(scaled)) continue;
     results.predicted[to][m] = RestoreResponse(scaled, m, is_back);
     const double half = GetHalfWidth(a, m, of_row, options_->GetSignLevPS());
-    if (!IsMissing(half)) {
-      results.lower[to][m] = RestoreResponse(scaled - half, m, is_back);
-      results.upper[to][m] = RestoreResponse(scaled + half, m, is_back);
-    }
+    const ResponseLimits limits = RestoreLimits(scaled, half, m, is_back);
+    results.lower[to][m] = limits.lower;
+    results.upper[to][m] = limits.upper;
     if (!IsMissing(value)) {
       residuals.push_back(static_cast<double>(y_->CenterAndScale(value, m)) - scaled);
     }

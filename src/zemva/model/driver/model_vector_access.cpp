@@ -48,7 +48,7 @@ int Model::GetXSVector(const VecSpec* spec, XSVector*& vector, bool is_by_number
 int Model::GetVecCompRange(CEVecType::EVT type, char& first, char& last) const {
   const VecRow* const row = FindVecRow(type);
   const ModelVectors source(*this);
-  const int status = CheckType(source, row);
+  const int status = MemoryGuarded([&] { return CheckType(source, row); });
   const VecCompRange range = status == status::kOk ? GetCompRange(source, *row) : VecCompRange();
   first = static_cast<char>(range.first);
   last = static_cast<char>(range.last);

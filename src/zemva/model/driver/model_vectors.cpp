@@ -256,6 +256,14 @@ float ModelVectors::GetTsquarePS(const VecQuery& query, const VecCell& cell) con
                              Short(cell.element));
 }
 
+float ModelVectors::GetSerrL(const VecQuery&, const VecCell& cell) const {
+  return model_.GetLimitsLS(cell.comp, Short(cell.element), Short(cell.of)).lower;
+}
+
+float ModelVectors::GetSerrU(const VecQuery&, const VecCell& cell) const {
+  return model_.GetLimitsLS(cell.comp, Short(cell.element), Short(cell.of)).upper;
+}
+
 float ModelVectors::GetMaxX(const VecQuery&, const VecCell& cell) const {
   return model_.x_->GetInfo()->largest[cell.element];
 }
@@ -474,9 +482,9 @@ int ModelVectors::Fill(const VecQuery& query, std::span<float> values) const {
       {PModYPS, &M::FillEach<&Model::GetPModYPS>},
       {S2OX, &M::FillEach<&Model::GetS2OX>},
       {S2OY, &M::FillEach<&Model::GetS2OY>},
-      {SerrL, &M::FillEach<&Model::GetSEYPredLLS>},
+      {SerrL, &M::FillEach<&M::GetSerrL>},
       {SerrLPS, &M::FillEach<&Model::GetSEYPredLPS>},
-      {SerrU, &M::FillEach<&Model::GetSEYPredULS>},
+      {SerrU, &M::FillEach<&M::GetSerrU>},
       {SerrUPS, &M::FillEach<&Model::GetSEYPredUPS>},
       {SSOX, &M::FillEach<&Model::GetSSOX>},
       {SSOY, &M::FillEach<&Model::GetSSOY>},

@@ -84,6 +84,9 @@ class ModelVectors : public VecSource {
   float GetSDu(const VecQuery& query, const VecCell& cell) const;
   float GetTsquare(const VecQuery& query, const VecCell& cell) const;
   float GetTsquarePS(const VecQuery& query, const VecCell& cell) const;
+  // Of the components that were executed, whatever the options say by now.
+  float GetSerrL(const VecQuery& query, const VecCell& cell) const;
+  float GetSerrU(const VecQuery& query, const VecCell& cell) const;
   float GetMaxX(const VecQuery& query, const VecCell& cell) const;
   float GetMinX(const VecQuery& query, const VecCell& cell) const;
   float GetCoeffWithConstant(const VecQuery& query, const VecCell& cell) const;
