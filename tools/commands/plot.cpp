@@ -45,6 +45,14 @@ std::string KindNames() {
   return names;
 }
 
+std::string KindHelp() {
+  std::string help = "the figure:";
+  for (const FigureKind& kind : FigureKinds()) {
+    help += (help.back() == ':' ? " " : "; ") + std::string(kind.name) + ", " + kind.help;
+  }
+  return help;
+}
+
 // "2,3", or "2".
 void TakeAxes(const std::string& text, FigureChoice& choice) {
   const std::vector<std::string> axes = ParseList("--axes", text);
@@ -144,11 +152,12 @@ void AddChoice(CLI::App& line, PlotOptions& options) {
 }  // namespace
 
 Run AddPlot(CLI::App& program) {
-  CLI::App& line = AddCommand(program, "plot", "Draws a figure of a model, by gnuplot.",
-                              "zemva plot measured.csv scores --class-by Species -o scores.svg");
+  CLI::App& line =
+      AddCommand(program, "plot", "Draws a figure of a model, saved or of a table, by gnuplot.",
+                 "zemva plot measured.csv scores --class-by Species -o scores.svg");
   const auto options = std::make_shared<PlotOptions>();
   AddModelOptions(line, options->model);
-  AddOption(line, "KIND", "KIND", "the figure: " + KindNames(), options->kind);
+  AddOption(line, "KIND", "KIND", KindHelp(), options->kind);
   AddResponseOptions(line, options->model);
   AddOption(line, "-o,--output", "FIGURE", "the file to write: .svg, .png, .pdf, or - for SVG",
             options->figure);

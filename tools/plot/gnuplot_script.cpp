@@ -46,7 +46,7 @@ constexpr const char* kDashes[] = {"2", "4", "3"};
 
 std::string Real(double value) {
   std::array<char, 32> text;
-  std::snprintf(text.data(), text.size(), "%.9g", value);
+  std::snprintf(text.data(), text.size(), "%.7g", value);
   return text.data();
 }
 
