@@ -442,7 +442,8 @@ class ZEMVA_API Model : public ConstructDestructMessage {
   void TakeRecord(ModelRecord record);
   // Writes the results of the execution to a file. 8022 for null, 1006 when that fails.
   int SaveRes(const char* path);
-  // Removes the file that Save wrote last or that the model was read from, if there is one. 1007 when it cannot be removed.
+  // Removes the file that Save wrote last or that the model was read from, if there is one. 1007
+  // when it cannot be removed.
   int DeleteFiles();
 
  protected:
