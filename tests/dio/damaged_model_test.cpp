@@ -118,6 +118,15 @@ TEST_F(DamagedModel, EachItemStandsOnceAndInItsPlace) {
   }
 }
 
+TEST_F(DamagedModel, ComponentsNeedACentre) {
+  auto items = Items(pc_);
+  const std::string of_centre = " SSOCX S2OCX SSVCX S2VCX DFCX SSCX S2CX MPowCX AvgX ";
+  std::erase_if(items, [&](const std::string& item) {
+    return of_centre.find(" " + NameOf(item) + " ") != std::string::npos;
+  });
+  EXPECT_EQ(Read(FileOf(items)), 2005);
+}
+
 TEST_F(DamagedModel, WhatLaterVersionsAddIsPassedOver) {
   auto items = Items(pc_);
   for (const char* const name : {"Tomorrow", "DSNum", "P77x", "B1"}) {

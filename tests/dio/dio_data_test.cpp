@@ -77,14 +77,6 @@ TEST_F(DioDataTest, LoadsEveryFieldOfADataSet) {
   }
 }
 
-TEST_F(DioDataTest, ItemsComeInAnyOrder) {
-  std::vector<std::string> items = SmallItems();
-  std::reverse(items.begin(), items.end());
-  ASSERT_EQ(Load(FileOfItems(items)), 0);
-  EXPECT_EQ(dataset_->GetNObsDS(), 3);
-  EXPECT_EQ((*dataset_)[3][2], 6.0f);
-}
-
 TEST_F(DioDataTest, LaterItemCountsButANumberThatIsSetStays) {
   std::vector<std::string> items = SmallItems();
   items.insert(items.begin(), Item("NOBJ", "i2", {}, test::I2(1)));

@@ -48,7 +48,8 @@ class ProjectFolder : public testing::Test {
     set.SetTransformation(1, ETraType::kLinear, 2.0f, 1.0f, 0.0f);
     set.AddLagged(2, 1), set.AddTerm(1, 7), set.SetOClass(3, 9), set.SetIsObsIn(2, false);
     set.SetBlock(3, 4, BlkInfo::kFourthRoot), set.SetScaling(4, EScaType::kFreeze);
-    set.SetScaling(3, EScaType::kPar, 2.0f);
+    set.SetScaling(3, EScaType::kPar, 2.0f), set.SetScaling(5, EScaType::kNone);
+    set.SetFixedWeight(7, EScaType::kFWN, 0.5f);
     project.AddWorkset(other, "Second");
     project.GetPredset(project.AddPredset(other, workset, "PS"))->SetIsObsIn(4, false);
     for (const EModType type : {EModType::kPC1, EModType::kPLS12}) {
