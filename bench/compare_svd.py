@@ -15,6 +15,13 @@ PROBLEMS = (  # rows, columns, rank, components or 0 for as many as the rules sa
     (30000, 400, 5, 5),
 )
 MEMORY_SIZE = (30000, 400, 5)
+# Runs a program and prints the KiB that it took. What a process takes counts that of the one which
+# started it, so that this is to be a small one.
+PEAK = """
+import resource, subprocess, sys
+subprocess.run(sys.argv[1:], check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)
+"""
 
 
 def ours(program, problem, path):
@@ -56,13 +63,9 @@ def compare_memory(fit, program, folder):
         for i, row in enumerate(values):
             csv.write(f"O{i}," + ",".join(map(str, row)) + "\n")
     subprocess.run([program, "convert", text, file], check=True, capture_output=True)
-    pid = os.posix_spawn(program, [program, "pc", file, "--components", "5"], os.environ,
-                         file_actions=[(os.POSIX_SPAWN_OPEN, 1, os.devnull, os.O_WRONLY, 0),
-                                       (os.POSIX_SPAWN_OPEN, 2, os.devnull, os.O_WRONLY, 0)])
-    status, usage = os.wait4(pid, 0)[1:]
-    if status != 0:
-        sys.exit("zemva pc failed")
-    print(f"zemva pc on {rows} x {columns}: {usage.ru_maxrss * 1024 / os.path.getsize(file):.2f} "
+    peak = subprocess.run([sys.executable, "-c", PEAK, program, "pc", file, "--components", "5"],
+                          check=True, capture_output=True)
+    print(f"zemva pc on {rows} x {columns}: {int(peak.stdout) * 1024 / os.path.getsize(file):.2f} "
           f"times the file in memory at the most")
 
 

@@ -1,5 +1,6 @@
 #include "zemva/numeric/row_slab.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 
@@ -10,23 +11,23 @@
 namespace zemva {
 namespace {
 
-constexpr std::align_val_t kHugePage{std::size_t{2} << 20};
+constexpr std::size_t kHugePage = std::size_t{2} << 20;
+constexpr std::align_val_t kAlignment{kHugePage};
 
-// Whole huge pages cost one page fault each instead of one every 4 KiB. Advice alone: where it is
-// not taken nothing is lost.
-void AdviseHugePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
+// What of so many bytes fills huge pages, where the last one may stay empty by a quarter.
+constexpr std::size_t InHugePages([[maybe_unused]] std::size_t bytes) {
 #if defined(__linux__)
-  constexpr auto kPage = static_cast<std::size_t>(kHugePage);
-  madvise(memory, bytes / kPage * kPage, MADV_HUGEPAGE);
+  return (bytes + kHugePage / 4) / kHugePage * kHugePage;
+#else
+  return 0;  // memory that is aligned so far costs that much more here
 #endif
 }
 
-// Elsewhere memory that is aligned so far costs that much more.
-constexpr bool IsAligned(std::size_t bytes) {
+// Huge pages cost one page fault each instead of one every 4 KiB. Advice alone: where it is not
+// taken nothing is lost.
+void AdviseHugePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
 #if defined(__linux__)
-  return bytes >= static_cast<std::size_t>(kHugePage);
-#else
-  return bytes == 0;
+  madvise(memory, bytes, MADV_HUGEPAGE);
 #endif
 }
 
@@ -35,17 +36,18 @@ constexpr bool IsAligned(std::size_t bytes) {
 RowSlab* RowSlab::Make(std::size_t bytes) {
   if (bytes > std::numeric_limits<std::size_t>::max() / 2) return nullptr;
   bytes += kHeader;
-  const bool is_aligned = IsAligned(bytes);
-  void* const memory = is_aligned ? ::operator new(bytes, kHugePage, std::nothrow)
+  const std::size_t paged = InHugePages(bytes);
+  const bool is_aligned = paged > 0;
+  void* const memory = is_aligned ? ::operator new(std::max(bytes, paged), kAlignment, std::nothrow)
                                   : ::operator new(bytes, std::nothrow);
   if (memory == nullptr) return nullptr;
-  if (is_aligned) AdviseHugePages(memory, bytes);
+  if (is_aligned) AdviseHugePages(memory, paged);
   return new (memory) RowSlab(is_aligned);
 }
 
 void RowSlab::Free() {
   if (is_aligned_) {
-    ::operator delete(static_cast<void*>(this), kHugePage);
+    ::operator delete(static_cast<void*>(this), kAlignment);
   } else {
     ::operator delete(static_cast<void*>(this));
   }
