@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -24,9 +23,6 @@ int NextByte(std::FILE* stream) {
 }
 
 constexpr int kMostElements = std::numeric_limits<std::int16_t>::max();  // of a dimension
-// Rows that are shorter are read together, into the cache, and then copied: a call for each costs
-// more.
-constexpr int kBlockElements = 32768;
 constexpr int kMatrixHeaderSize = ItemHeader::kFixedSize + 2 * sizeof(std::int16_t);
 
 }  // namespace
@@ -183,16 +179,10 @@ int DioFile::GetMXF4(XFMatrix*& matrix, int rows, int columns) {
   auto made = std::make_unique<XFMatrix>(name, rows, columns, Unfilled{});
   if (made->GetStatus() != status::kOk) return status::dio::kMemory;
   made->StartActValInfo();
-  const int at_once = std::clamp(kBlockElements / std::max(columns, 1), 1, std::max(rows, 1));
-  std::vector<float> block(at_once > 1 ? static_cast<std::size_t>(at_once * columns) + 1 : 0);
-  for (int first = 1; first <= rows; first += at_once) {
-    const int count = std::min(at_once, rows - first + 1);
-    float* values = at_once > 1 ? block.data() : (*made)[first];
-    if (const int status = GetVF4(values, count * columns); status != status::kOk) return status;
-    for (int i = first; i < first + count; ++i) {
-      if (at_once > 1) std::copy_n(values + 1 + (i - first) * columns, columns, (*made)[i] + 1);
-      made->AddRowToActValInfo(i);  // while the row is in the cache
-    }
+  for (int i = 1; i <= rows; ++i) {
+    float* row = (*made)[i];
+    if (const int status = GetVF4(row, columns); status != status::kOk) return status;
+    made->AddRowToActValInfo(i);  // while the row is in the cache
   }
   matrix = made.release();  // the caller's
   return status::kOk;
