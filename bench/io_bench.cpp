@@ -124,7 +124,7 @@ double PlainWriteSeconds(const std::string& bytes, const std::string& path) {
 // a plain read, in the fastest of each.
 void ModelFile(benchmark::State& state) {
   const XFMatrix table = NipalsTable(static_cast<int>(state.range(0)), 1000, 0.0);
-  FiveComponentModel problem(table, 0, static_cast<int>(state.range(1)));
+  TableModel problem(table, 0, static_cast<int>(state.range(1)));
   const std::unique_ptr<Model> model = problem.FitModel();
   const auto folder = std::filesystem::temp_directory_path();
   const std::string path = (folder / "zemva_io_bench.mdl").string();

@@ -42,7 +42,7 @@ void ReadAll(const XFMatrix& table) {
 void LoadData(benchmark::State& state) {
   const XFMatrix table =
       NipalsTable(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)), 0.0);
-  FiveComponentModel model(table, 0);
+  TableModel model(table, 0);
   double load = std::numeric_limits<double>::infinity();
   double read = load;
   for ([[maybe_unused]] auto iteration : state) {
@@ -91,8 +91,8 @@ void FitComponents(benchmark::State& state) {
   const auto rows = static_cast<int>(state.range(0));
   const auto columns = static_cast<int>(state.range(1));
   const XFMatrix table = NipalsTable(rows, columns, kGaps == kWithMissing ? kMissingShare : 0.0);
-  FiveComponentModel complete_model(NipalsTable(rows, columns, 0.0), 0);
-  FiveComponentModel model(table, kGaps == kCrossValidated ? kGroups : 0);
+  TableModel complete_model(NipalsTable(rows, columns, 0.0), 0);
+  TableModel model(table, kGaps == kCrossValidated ? kGroups : 0);
   std::vector<float> t(static_cast<std::size_t>(rows), 1.0f);
   std::vector<float> p(static_cast<std::size_t>(columns), 1.0f);
   double fit = std::numeric_limits<double>::infinity();
@@ -104,7 +104,7 @@ void FitComponents(benchmark::State& state) {
     read = std::min(read, Seconds([&] { ReadAll(table); }));
     plain = std::min(plain, Seconds([&] { PlainIteration<kGaps>(table, t, p); }));
     complete = std::min(complete, complete_model.Fit().seconds);
-    const FiveComponents result = model.Fit();
+    const FittedComponents result = model.Fit();
     iterations = result.iterations;
     fit = std::min(fit, result.seconds);
     state.SetIterationTime(result.seconds);
@@ -125,15 +125,15 @@ void FitResponses(benchmark::State& state) {
   const auto responses = static_cast<int>(state.range(2));
   const int columns = static_cast<int>(state.range(1)) + responses;
   const XFMatrix table = NipalsTable(rows, columns, kGaps == kWithMissing ? kMissingShare : 0.0);
-  FiveComponentModel complete_model(NipalsTable(rows, columns, 0.0), 0, responses);
-  FiveComponentModel model(table, kGaps == kCrossValidated ? kGroups : 0, responses);
+  TableModel complete_model(NipalsTable(rows, columns, 0.0), 0, responses);
+  TableModel model(table, kGaps == kCrossValidated ? kGroups : 0, responses);
   double fit = std::numeric_limits<double>::infinity();
   double complete = fit;
   double read = fit;
   for ([[maybe_unused]] auto iteration : state) {
     read = std::min(read, Seconds([&] { ReadAll(table); }));
     complete = std::min(complete, complete_model.Fit().seconds);
-    const FiveComponents result = model.Fit();
+    const FittedComponents result = model.Fit();
     fit = std::min(fit, result.seconds);
     state.counters["iterations"] = result.iterations;
     state.SetIterationTime(result.seconds);

@@ -31,10 +31,10 @@ int main(int count, char** arguments) {
   const zemva::XFMatrix table = zemva::NipalsTable(
       std::stoi(arguments[1]), std::stoi(arguments[2]) + responses, std::stod(arguments[4]));
   Write(table, arguments[7]);
-  zemva::FiveComponentModel model(table, std::stoi(arguments[5]), responses);
-  zemva::FiveComponents fastest = model.Fit();
+  zemva::TableModel model(table, std::stoi(arguments[5]), responses);
+  zemva::FittedComponents fastest = model.Fit();
   for (int repetition = 1; repetition < std::stoi(arguments[6]); ++repetition) {
-    const zemva::FiveComponents result = model.Fit();
+    const zemva::FittedComponents result = model.Fit();
     if (result.seconds < fastest.seconds) fastest = result;
   }
   std::cout << fastest.seconds << ' ' << fastest.components << ' ' << fastest.iterations << ' '

@@ -14,13 +14,23 @@ namespace zemva {
 
 inline constexpr char kComponents = 5;
 
-// Rank 8, with directions that fall off evenly, plus noise; a share of the cells is missing.
-inline XFMatrix NipalsTable(int rows, int columns, double missing_share) {
-  constexpr std::size_t kRank = 8;
+// What a table is made of: normally distributed scores and loadings of so many directions, which
+// weigh `strength` each, or rank * strength, (rank - 1) * strength and so on, plus noise of this
+// deviation; a share of the cells is missing.
+struct TableRecipe {
+  std::size_t rank = 8;
+  float strength = 0.3f;
+  bool falls_off = true;
+  float noise = 0.5f;
+  double missing_share = 0.0;
+};
+
+inline XFMatrix NoisyTable(int rows, int columns, const TableRecipe& recipe) {
+  const std::size_t rank = recipe.rank;
   std::mt19937 random(1);
   std::normal_distribution<float> normal;
   const auto draw = [&](int count) {
-    std::vector<float> values(static_cast<std::size_t>(count) * kRank);
+    std::vector<float> values(static_cast<std::size_t>(count) * rank);
     for (float& value : values) value = normal(random);
     return values;
   };
@@ -30,31 +40,39 @@ inline XFMatrix NipalsTable(int rows, int columns, double missing_share) {
   for (std::size_t i = 0; i < static_cast<std::size_t>(rows); ++i) {
     const std::span<float> row = table.Row(static_cast<int>(i) + 1);
     for (std::size_t k = 0; k < row.size(); ++k) {
-      row[k] = 0.5f * normal(random);
-      for (std::size_t a = 0; a < kRank; ++a) {
-        row[k] +=
-            0.3f * static_cast<float>(kRank - a) * scores[i * kRank + a] * loadings[k * kRank + a];
+      row[k] = recipe.noise * normal(random);
+      for (std::size_t a = 0; a < rank; ++a) {
+        const auto share = recipe.falls_off ? static_cast<float>(rank - a) : 1.0f;
+        row[k] += recipe.strength * share * scores[i * rank + a] * loadings[k * rank + a];
       }
-      if (static_cast<double>(random()) < missing_share * 4294967296.0) row[k] = kMissing;
+      if (static_cast<double>(random()) < recipe.missing_share * 4294967296.0) row[k] = kMissing;
     }
   }
   table.SetActValInfo();
   return table;
 }
 
-struct FiveComponents {
+inline XFMatrix NipalsTable(int rows, int columns, double missing_share) {
+  TableRecipe recipe;
+  recipe.missing_share = missing_share;
+  return NoisyTable(rows, columns, recipe);
+}
+
+struct FittedComponents {
   double seconds = 0;     // from loading the data to the statistics of the last component
   double components = 0;  // of these, for the components
+  int count = 0;
   int iterations = 0;
   double unexplained =
       0;  // share of the sum of squares that is left, of Y where there are responses
 };
 
-// A model of a table as it is, neither centred nor scaled, that can be fitted over and over.
-class FiveComponentModel : private ModelOwner {
+// A model of a table that can be fitted over and over.
+class TableModel : private ModelOwner {
  public:
-  // With `groups` above 0 each component is cross-validated. The last `responses` columns are Y.
-  FiveComponentModel(const XFMatrix& table, int groups, int responses = 0)
+  // Of five components of the table as it is, neither centred nor scaled. With `groups` above 0
+  // each component is cross-validated. The last `responses` columns are Y.
+  TableModel(const XFMatrix& table, int groups, int responses = 0)
       : dataset_(MakeDataset(table)), has_responses_(responses > 0) {
     for (const short k : PositionsUpTo(workset_.GetNVar())) {
       workset_.SetScaling(k, EScaType::kNone);
@@ -68,7 +86,11 @@ class FiveComponentModel : private ModelOwner {
     options_.SetSeqValidate(groups > 0 ? EValidate::CV : EValidate::NoCV);
   }
 
-  FiveComponents Fit() {
+  // Of the table centred and scaled to unit variance, with these options.
+  TableModel(const XFMatrix& table, const ModOpt& options)
+      : dataset_(MakeDataset(table)), has_responses_(false), options_(options) {}
+
+  FittedComponents Fit() {
     using Clock = std::chrono::steady_clock;
     const auto since = [](Clock::time_point start) {
       return std::chrono::duration<double>(Clock::now() - start).count();
@@ -80,12 +102,14 @@ class FiveComponentModel : private ModelOwner {
     model.Center();
     const auto first = Clock::now();
     while (model.Compute() == status::mva::kNotCompleted) continue;
-    FiveComponents result;
+    FittedComponents result;
     result.components = since(first);
     result.seconds = since(start);
-    const float explained = has_responses_ ? model.GetR2Y(kComponents) : model.GetR2X(kComponents);
+    const char count = model.GetA();
+    const float explained = has_responses_ ? model.GetR2Y(count) : model.GetR2X(count);
+    result.count = count;
     result.unexplained = 1.0 - static_cast<double>(explained);
-    for (char a = 1; a <= kComponents; ++a) result.iterations += model.GetNIter(a);
+    for (char a = 1; a <= count; ++a) result.iterations += model.GetNIter(a);
     return result;
   }
 

@@ -46,15 +46,15 @@ int FailConstruction(Arguments... arguments) {
 TEST(OutOfMemory, AConstructorLeavesAnEmptyObject) {
   EXPECT_EQ((FailConstruction<I1Vector>(3, char{1})), 1);
   EXPECT_EQ((FailConstruction<DVector>(3, 1.0)), 1);
-  EXPECT_EQ((FailConstruction<FMatrix>(3, 2, 0.0f, true)), 4);
-  EXPECT_EQ((FailConstruction<SVector>(3, 2)), 4);
+  EXPECT_EQ((FailConstruction<FMatrix>(3, 2, 0.0f, true)), 2);
+  EXPECT_EQ((FailConstruction<SVector>(3, 2)), 2);
   EXPECT_EQ((FailConstruction<XFVector>(kLongName, 3, 0.0f)), 2);
-  EXPECT_EQ((FailConstruction<XSVector>(kLongName, 3, 2)), 5);
-  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, 0.0f)), 7);
-  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, Unfilled{})), 7);
+  EXPECT_EQ((FailConstruction<XSVector>(kLongName, 3, 2)), 3);
+  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, 0.0f)), 5);
+  EXPECT_EQ((FailConstruction<XFMatrix>(kLongName, 3, 2, Unfilled{})), 5);
   const XFMatrix matrix(kLongName, 3, 2, 0.0f);
-  EXPECT_EQ((FailConstruction<XFMatrix>(&matrix)), 7);
-  EXPECT_EQ((FailConstruction<DMatrix>(static_cast<const FMatrix*>(&matrix))), 4);
+  EXPECT_EQ((FailConstruction<XFMatrix>(&matrix)), 5);
+  EXPECT_EQ((FailConstruction<DMatrix>(static_cast<const FMatrix*>(&matrix))), 2);
 }
 
 TEST(OutOfMemory, AFailedChangeLeavesTheObjectAsItWas) {

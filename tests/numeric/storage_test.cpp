@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -180,6 +182,55 @@ TEST(Vectors, GrowAndKeepCount) {
   unsorted[4] = 0;
   unsorted.SortAsc();
   EXPECT_EQ(ElementsOf(unsorted), (std::vector<short>{-3, 0, 7, 7}));
+}
+
+// The rows fill several slabs, and edits at both ends meet the room that earlier ones left.
+TEST(XFMatrix, IsWhatAPlainTableIsAfterAnyEdits) {
+  std::mt19937 random(1);
+  XFMatrix matrix = test::RandomMatrix(900, 1500, 0.1);
+  std::vector<std::vector<float>> plain;
+  for (int i = 1; i <= matrix.NRow(); ++i) {
+    plain.emplace_back(matrix.Row(i).begin(), matrix.Row(i).end());
+  }
+  for (int edit = 0; edit < 200; ++edit) {
+    const int rows = matrix.NRow();
+    const int columns = matrix.NCol();
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    const int first = below(2) == 0 ? below(5) : below(rows - 5);
+    switch (below(4)) {
+      case 0:
+        matrix.ExpRows(edit % 7, kMissing);
+        plain.resize(plain.size() + static_cast<std::size_t>(edit % 7),
+                     std::vector<float>(static_cast<std::size_t>(columns), kMissing));
+        break;
+      case 1:
+        matrix.ExpCols(edit % 5, 2.0f);
+        for (auto& row : plain) row.insert(row.end(), static_cast<std::size_t>(edit % 5), 2.0f);
+        break;
+      case 2:
+        matrix.DelRows(first + 1, first + 5);
+        plain.erase(plain.begin() + first, plain.begin() + first + 5);
+        break;
+      default: {
+        XI1Vector keep("keep", columns, char{1});
+        const int column = below(columns);
+        keep[column + 1] = 0;
+        matrix.DelCols(&keep);
+        for (auto& row : plain) row.erase(row.begin() + column);
+      }
+    }
+  }
+  ASSERT_EQ(static_cast<std::size_t>(matrix.NRow()), plain.size());
+  int present = 0;
+  for (int i = 1; i <= matrix.NRow(); ++i) {
+    const auto& row = plain[static_cast<std::size_t>(i - 1)];
+    ASSERT_TRUE(std::ranges::equal(matrix.Row(i), row)) << i;
+    const auto missing = std::ranges::count(row, kMissing);
+    EXPECT_EQ(matrix.NValARow(i), matrix.NCol() - missing);
+    present += matrix.NValARow(i);
+  }
+  EXPECT_EQ(matrix.NValA(), present);
+  EXPECT_EQ(matrix.GetMatPtr()[0], nullptr);
 }
 
 TEST(Construction, OfNothingFromNothing) {

@@ -236,7 +236,7 @@ class ZEMVA_API Dataset : public ConstructDestructMessage {
   int MergeObsOf(const Dataset& other, bool renumber);
   int MergeVarOf(const Dataset& other, bool rename);
   bool ReportRepeatedNumbers(const Dataset& other) const;
-  int JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) const;
+  int AppendObsLabels(const Dataset& other);
 
   // dataset_transpose.cpp
   int TransposeAll(bool new_names);

@@ -61,7 +61,7 @@ short Dataset::AddObs(short onum, const char* name) {
     return nobs_ == kMaxItems ? status::mva::kIndexOutOfRange : status::kOk;
   };
   if (StartEdit(check) != status::kOk) return 0;
-  for (const short i : PositionsUpTo(nobs_)) obs_info_->SetINum(i, i);
+  obs_info_->NumberInOrder();
   int status = obs_info_->AddObs(onum, name);
   if (status == status::kOk) status = matrix_->ExpRows(1, fill);
   obs_info_->KeepFirst(status == status::kOk ? ++nobs_ : nobs_);
@@ -84,7 +84,7 @@ short Dataset::AddVars(const char* const* names, int n) {
   if (status == status::kOk) status = matrix_->ExpCols(n, fill);
   if (status == status::kOk) {
     nvar_ = static_cast<short>(nvar_ + n);
-    for (const short j : PositionsUpTo(nvar_)) var_info_->SetVNum(j, j);
+    var_info_->NumberInOrder();
   }
   var_info_->KeepFirst(nvar_);
   return Changed(status) == status::kOk ? nvar_ : short{0};
@@ -106,10 +106,10 @@ int Dataset::DelObs(short onum) {
     return obs_info_ ? obs_info_->DelObs(onum) : status::mva::kNoSuchNumber;
   };
   if (StartEdit(check) != status::kOk) return status_;
-  XI1Vector kept = SelectFirst(nobs_, nobs_);
-  if (kept.GetStatus() != status::kOk) return status_ = kept.GetStatus();
-  kept[i] = kNotSelected;
-  return DeleteExcludedObservations(&kept);
+  const int status = matrix_->DelRows(i, i);
+  if (status == status::kOk) obs_info_->DelObsAt(i);
+  nobs_ = obs_info_->GetNItm();
+  return Changed(status);
 }
 
 int Dataset::DeleteExcludedObservations(const XI1Vector* selection) {

@@ -189,29 +189,31 @@ int Dataset::MergeObs(Dataset* other, bool renumber) {
 int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
   const int old_count = nobs_;
   const int added_count = other.nobs_;
-  const int count = old_count + added_count;
   const bool has_repeated = !renumber && ReportRepeatedNumbers(other);
 
-  // All that can fail comes before the first change of this data set.
-  ObsInfo table("");
-  int status = renumber ? NumberObservations(count, *obs_info_, table)
-                        : JoinObsLabels(other, has_repeated, table);
-  if (status != status::kOk) return status;
+  // All that can fail comes before the first change of this data set, or is undone.
   const NameMap map(GetVarNames(), other.GetVarNames());
   kept_map.reset();
   const bool has_nothing_to_match = nvar_ == 0 && other.nvar_ == 0;
-  if (added_count > 0 && (map.is_matched || has_nothing_to_match)) {
+  const bool is_added = added_count > 0 && (map.is_matched || has_nothing_to_match);
+  const int count = is_added ? old_count + added_count : old_count;
+  ObsInfo numbered("");
+  int status = renumber ? NumberObservations(count, *obs_info_, numbered) : status::kOk;
+  if (status == status::kOk && is_added) {
     status = matrix_->ExpRows(added_count, kMissing);
     if (status != status::kOk) return status;
-    for (const short i : PositionsUpTo(added_count)) {
-      map.CopyRow((*other.matrix_)[i], other.nvar_, (*matrix_)[old_count + i], true);
-    }
-    matrix_->SetActValInfo();
-    nobs_ = static_cast<short>(count);
+    if (!renumber) status = AppendObsLabels(other);
+    if (status != status::kOk) matrix_->DelRows(old_count + 1, count);
   }
+  if (status != status::kOk) return status;
+
+  for (const short i : PositionsUpTo(count - old_count)) {
+    map.CopyRow((*other.matrix_)[i], other.nvar_, (*matrix_)[old_count + i], true);
+  }
+  nobs_ = static_cast<short>(count);
   is_dirty_ = is_dirty_ || nobs_ > old_count || has_repeated || renumber;
-  table.KeepFirst(nobs_);
-  *obs_info_ = std::move(table);
+  if (renumber) *obs_info_ = std::move(numbered);
+  for (const short i : PositionsUpTo(has_repeated ? nobs_ : 0)) obs_info_->SetONum(i, i);
   if (has_repeated) window_ << "Observations have been renumbered starting with 1.\n";
   if (renumber) window_ << "Observations have been reidentified starting with Obs_1.\n";
   return has_repeated ? status::mva::kDuplicateName : status::kOk;
@@ -232,17 +234,17 @@ bool Dataset::ReportRepeatedNumbers(const Dataset& other) const {
   return has_repeated;
 }
 
-// The observation table of this data set followed by that of `other`.
-int Dataset::JoinObsLabels(const Dataset& other, bool renumber, ObsInfo& table) const {
-  ObsInfo joined(*obs_info_);
-  if (joined.GetNItm() != nobs_) return status::mva::kMemory;
+// Appends the observation table of `other`. The table is unchanged where that fails.
+int Dataset::AppendObsLabels(const Dataset& other) {
+  const bool was_modified = obs_info_->IsModified();
   for (const short i : PositionsUpTo(other.nobs_)) {
     const Label label = other.GetObsLabel(i);
-    const int status = joined.AddObs(label.number, label.name);
-    if (status != status::kOk) return status;
+    const int status = obs_info_->AddObs(label.number, label.name);
+    if (status == status::kOk) continue;
+    obs_info_->KeepFirst(nobs_);
+    if (!was_modified) obs_info_->ClearIsModified();
+    return status;
   }
-  for (const short i : PositionsUpTo(renumber ? joined.GetNItm() : 0)) joined.SetONum(i, i);
-  table = std::move(joined);
   return status::kOk;
 }
 
@@ -276,7 +278,6 @@ int Dataset::MergeVarOf(const Dataset& other, bool rename) {
   for (const short i : PositionsUpTo(nobs_)) {
     std::copy_n((*other.matrix_)[i] + 1, added_count, (*matrix_)[i] + old_count + 1);
   }
-  matrix_->SetActValInfo();
   nvar_ = static_cast<short>(count);
   *var_info_ = std::move(joined.GetTable());
   is_dirty_ = is_dirty_ || added_count > 0 || is_renamed;

@@ -32,16 +32,31 @@ int PrivateItmInfo::AddItm(std::unique_ptr<ItmData> item) {
 
 int PrivateItmInfo::DelItm(short i) {
   if (!IsPosition(i)) return status::itm::kBadPosition;
-  items_.erase(items_.begin() + (i - 1));
+  const auto first = items_.begin() + free_count_.Get();
+  const auto item = first + (i - 1);
+  if (i > GetNItm() / 2) {
+    items_.erase(item);
+    return status::kOk;
+  }
+  item->reset();
+  std::move_backward(first, item, item + 1);
+  free_count_.Set(free_count_.Get() + 1);
+  if (free_count_.Get() > GetNItm()) CloseFront();
   return status::kOk;
+}
+
+void PrivateItmInfo::CloseFront() {
+  items_.erase(items_.begin(), items_.begin() + free_count_.Get());
+  free_count_.Set(0);
 }
 
 int PrivateItmInfo::Copy(const PrivateItmInfo& other) {
   try {
     std::vector<std::unique_ptr<ItmData>> items;
-    items.reserve(other.items_.size());
-    for (const auto& item : other.items_) items.push_back(item->Clone());
+    items.reserve(static_cast<std::size_t>(other.GetNItm()));
+    for (const short i : PositionsUpTo(other.GetNItm())) items.push_back(other.GetItm(i)->Clone());
     items_ = std::move(items);
+    free_count_.Set(0);
   } catch (const std::bad_alloc&) {
     return status::mva::kMemory;
   }
@@ -69,13 +84,19 @@ void PrivateItmInfo::ShowRow(short i, StreamWindow& window) const {
 }
 
 ItmInfo::ItmInfo(const ItmInfo& other)
-    : items_(other.GetNam()), status_(other.status_), is_modified_(other.is_modified_) {
+    : items_(other.GetNam()),
+      ordered_count_(other.ordered_count_),
+      status_(other.status_),
+      is_modified_(other.is_modified_) {
   const int status = items_.Copy(other.items_);
-  if (status != status::kOk) SetStatus(status);
+  if (status == status::kOk) return;
+  SetStatus(status);
+  ordered_count_.Set(0);
 }
 
 ItmInfo& ItmInfo::operator=(const ItmInfo& other) {
   const int status = items_.Copy(other.items_);
+  if (status == status::kOk) ordered_count_ = other.ordered_count_;
   SetStatus(status == status::kOk ? other.status_ : status);
   if (status == status::kOk) is_modified_ = other.is_modified_;
   return *this;
@@ -85,6 +106,7 @@ ItmInfo::~ItmInfo() = default;
 
 int ItmInfo::DelAll() {
   items_.DelAll();
+  ordered_count_.Set(0);
   return Changed(status::kOk);
 }
 
@@ -110,6 +132,7 @@ int ItmInfo::SetINum(short i, short num) {
   ItmData* item = GetItm(i);
   if (item == nullptr) return SetStatus(status::itm::kBadPosition);
   item->SetINum(num);
+  if (num != i) Disorder(i);
   return Changed(status::kOk);
 }
 
@@ -132,13 +155,27 @@ short ItmInfo::GetIx(const char* name) const {
 
 int ItmInfo::KeepItms(const XI1Vector& keep) {
   if (keep.NVal() != GetNItm()) return SetStatus(status::mva::kIndexOutOfRange);
+  const auto kept = keep.Values();
+  const auto gone = std::ranges::find_if_not(kept, [](char flag) { return flag == kSelected; });
+  Disorder(static_cast<int>(gone - kept.begin()) + 1);
   items_.KeepItms([&](short i) { return keep[i] == kSelected; });
   return Changed(status::kOk);
 }
 
 void ItmInfo::KeepFirst(int count) {
   if (GetNItm() <= count) return;
+  Disorder(count + 1);
   items_.KeepItms([&](short i) { return i <= count; });
+  Changed(status::kOk);
+}
+
+void ItmInfo::NumberInOrder() {
+  if (GetNItm() == 0) return;
+  for (int i = ordered_count_.Get() + 1; i <= GetNItm(); ++i) {
+    const auto position = static_cast<short>(i);
+    GetItm(position)->SetINum(position);
+  }
+  ordered_count_.Set(GetNItm());
   Changed(status::kOk);
 }
 
@@ -147,6 +184,7 @@ int ItmInfo::AddItm(ItmData* item) {
 }
 
 int ItmInfo::DelItm(short i) {
+  Disorder(std::max<int>(i, 1));
   return Changed(items_.DelItm(i));
 }
 

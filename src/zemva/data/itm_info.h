@@ -2,10 +2,12 @@
 #ifndef ZEMVA_DATA_ITM_INFO_H
 #define ZEMVA_DATA_ITM_INFO_H
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "zemva/base/export.h"
@@ -51,6 +53,25 @@ class ZEMVA_API ItmData {
   FixedText<25> name_;
 };
 
+// How many items of a table there are of some kind: none once the table was moved from.
+class ItmCount {
+ public:
+  ItmCount() = default;
+  ItmCount(const ItmCount&) = default;
+  ItmCount& operator=(const ItmCount&) = default;
+  ItmCount(ItmCount&& other) noexcept : value_(std::exchange(other.value_, 0)) {}
+  ItmCount& operator=(ItmCount&& other) noexcept {
+    value_ = std::exchange(other.value_, 0);
+    return *this;
+  }
+
+  void Set(int value) { value_ = value; }
+  int Get() const { return value_; }
+
+ private:
+  int value_ = 0;
+};
+
 // What stands behind an ItmInfo: the name of the table, at most 24 characters, and its items, of
 // which item i, 1..GetNItm(), is owned by the table.
 class ZEMVA_API PrivateItmInfo {
@@ -61,7 +82,10 @@ class ZEMVA_API PrivateItmInfo {
   PrivateItmInfo& operator=(PrivateItmInfo&&) = default;
 
   // Destroys all items.
-  virtual void DelAll() { items_.clear(); }
+  virtual void DelAll() {
+    items_.clear();
+    free_count_.Set(0);
+  }
   virtual ~PrivateItmInfo();
   // List positions, numbers and names. They return 0.
   virtual int ShowAll(StreamWindow& window) const;
@@ -69,12 +93,12 @@ class ZEMVA_API PrivateItmInfo {
 
   // The name of the table, and how many items it has.
   const char* GetNam() const { return name_.Get(); }
-  short GetNItm() const { return static_cast<short>(items_.size()); }
+  short GetNItm() const {
+    return static_cast<short>(static_cast<int>(items_.size()) - free_count_.Get());
+  }
 
   // Null for a bad position.
-  ItmData* GetItm(short i) const {
-    return IsPosition(i) ? items_[static_cast<std::size_t>(i - 1)].get() : nullptr;
-  }
+  ItmData* GetItm(short i) const { return IsPosition(i) ? items_[Slot(i)].get() : nullptr; }
 
   // Codes: 7001 for null; 7002 when the table is full; 8002 when memory runs out. The item is then
   // destroyed and the table unchanged.
@@ -84,6 +108,7 @@ class ZEMVA_API PrivateItmInfo {
   // Deletes the items i for which `is_kept(i)` is false.
   template <typename Predicate>
   void KeepItms(Predicate is_kept) {
+    CloseFront();
     short position = 0;
     std::erase_if(items_, [&](const auto&) { return !is_kept(++position); });
   }
@@ -93,7 +118,7 @@ class ZEMVA_API PrivateItmInfo {
   template <typename Predicate>
   short FindItm(int first, int last, Predicate matches) const {
     for (int i = first; i <= last; ++i) {
-      if (matches(*items_[static_cast<std::size_t>(i - 1)])) return static_cast<short>(i);
+      if (matches(*items_[Slot(i)])) return static_cast<short>(i);
     }
     return 0;
   }
@@ -104,10 +129,15 @@ class ZEMVA_API PrivateItmInfo {
 
  private:
   bool IsPosition(short i) const { return i >= 1 && i <= GetNItm(); }
+  std::size_t Slot(int i) const { return static_cast<std::size_t>(free_count_.Get() + i - 1); }
+  void CloseFront();
   void ShowRow(short i, StreamWindow& window) const;
 
   FixedText<24> name_;
   std::vector<std::unique_ptr<ItmData>> items_;
+  // Empty slots before the first item, which deleting near the front leaves: so it moves only what
+  // is before.
+  ItmCount free_count_;
 };
 
 // The base of every table. Items are counted from 1.
@@ -150,6 +180,9 @@ class ZEMVA_API ItmInfo {
   int KeepItms(const XI1Vector& keep);
   // Deletes the items beyond position `count`; never fails.
   void KeepFirst(int count);
+  // Numbers all items by position. For tables whose numbers change by SetINum alone: items that are
+  // known to have them already are passed over.
+  void NumberInOrder();
 
   // The result code of the last operation, and whether any has changed the table.
   int GetStatus() const { return status_; }
@@ -192,7 +225,11 @@ class ZEMVA_API ItmInfo {
   int SetStatus(int status) { return status_ = status; }
 
  private:
+  // The first item that may not have its position for a number is behind so many.
+  void Disorder(int i) { ordered_count_.Set(std::min(ordered_count_.Get(), i - 1)); }
+
   PrivateItmInfo items_;
+  ItmCount ordered_count_;
   int status_ = 0;
   bool is_modified_ = false;
 };

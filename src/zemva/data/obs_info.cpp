@@ -25,7 +25,13 @@ int ObsInfo::AddObs(short onum, const char* name) {
 
 int ObsInfo::DelObs(short onum) {
   const short i = GetOIx(onum);
-  return i == 0 ? SetStatus(status::mva::kNoSuchNumber) : DelItm(i);
+  return i == 0 ? SetStatus(status::mva::kNoSuchNumber) : DelObsAt(i);
+}
+
+int ObsInfo::DelObsAt(short i) {
+  const int status = DelItm(i);
+  if (status == status::kOk && cursor_ == i + 1) cursor_ = i;
+  return status;
 }
 
 short ObsInfo::GetOIx(short onum) const {

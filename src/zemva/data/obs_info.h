@@ -40,10 +40,13 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   int AddObs(short onum, const char* name);
   // Deletes the observation with this number; 8014 if there is none.
   int DelObs(short onum);
+  // Deletes the observation at a position; 7002 for a bad one.
+  int DelObsAt(short i);
 
   // The position of an observation with this number, 0 if there is none. Look-ups come in runs of
-  // increasing numbers: the search starts behind the observation found last and goes round, so
-  // where numbers repeat the answer depends on the look-up before.
+  // increasing numbers: the search starts behind the observation found last, also where that was
+  // deleted since, and goes round, so where numbers repeat the answer depends on the look-up
+  // before.
   short GetOIx(short onum) const;
   // The position of the first observation with exactly this name, 0 if there is none.
   short GetOIx(const char* name) const { return GetIx(name); }

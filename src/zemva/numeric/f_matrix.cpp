@@ -44,7 +44,8 @@ int FMatrix::DelRows(const XI1Vector* keep) {
   const int check = CheckFlags(keep, NRow());
   if (check != status::kOk) return Report(check);
   if (KeepsAll(*keep)) return status::kOk;
-  return KeepRows([keep](int i) { return (*keep)[i] == kKept; });
+  KeepRows([keep](int i) { return (*keep)[i] == kKept; });
+  return status::kOk;
 }
 
 int FMatrix::ExpCols(int count, float value) {
@@ -57,7 +58,8 @@ int FMatrix::ExpRows(int count, float value) {
 
 int FMatrix::DelRows(int first, int last) {
   if (!HasRow(first) || !HasRow(last) || last < first) return Report(status::mat::kDimension);
-  return KeepRows([=](int i) { return i < first || i > last; });
+  RemoveRows(first, last);
+  return status::kOk;
 }
 
 void FMatrix::Show(StreamWindow& window, bool is_wrapped) const {

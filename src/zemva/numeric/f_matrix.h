@@ -30,8 +30,8 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   virtual ~FMatrix();
 
   // Keep the columns (rows) whose flag is 1, in order, and remove all others. `keep` has a flag for
-  // each. 5004 when it is of another length, 5007 when it is null, 5001 when memory runs out; the
-  // matrix is then unchanged.
+  // each. 5004 when it is of another length, 5007 when it is null, DelCols 5001 when memory runs
+  // out; the matrix is then unchanged.
   virtual int DelCols(const XI1Vector* keep);
   virtual int DelRows(const XI1Vector* keep);
 
@@ -40,8 +40,8 @@ class ZEMVA_API FMatrix : public MatrixStorage<FMatrix, float> {
   virtual int ExpCols(int count, float value);
   virtual int ExpRows(int count, float value);
 
-  // Removes the rows first..last. 5004 when these are no rows of the matrix in order, 5001 when
-  // memory runs out; the matrix is then unchanged.
+  // Removes the rows first..last. 5004, with the matrix unchanged, when these are no rows of the
+  // matrix in order.
   int DelRows(int first, int last);
 
   // The rows (columns) whose flag equals `wanted`, in order. 5004 when there is not a flag for

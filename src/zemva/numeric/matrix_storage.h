@@ -10,8 +10,8 @@
 
 namespace zemva {
 
-// A matrix of NRow() by NCol() elements of type T, both counted from 1; row i is an allocation of
-// its own, whose element 0 is never data. `Derived` is the matrix class.
+// A matrix of NRow() by NCol() elements of type T, both counted from 1; element 0 of a row is never
+// data. `Derived` is the matrix class.
 template <typename Derived, typename T>
 class MatrixStorage : public RowStorage<Derived, T> {
  public:

@@ -15,8 +15,8 @@
 
 namespace zemva {
 
-// Rows 1..n, each an allocation of its own with elements 0..width of type T. `Derived` is the class
-// on top, which says what the rows are.
+// Rows 1..n with elements 0..width of type T, of which each can be removed by itself. `Derived` is
+// the class on top, which says what the rows are.
 //
 // When memory runs out in a constructor the status is 5001, and there are no rows and no array.
 template <typename Derived, typename T>
@@ -95,40 +95,78 @@ class RowStorage : public MatObj {
     return status::kOk;
   }
 
-  // Keeps the rows whose number satisfies `is_kept`. 5001 when memory runs out.
+  // Removes the rows first..last, which are there.
+  void RemoveRows(int first, int last) { rows_.Remove(first, last); }
+
+  // Keeps the rows whose number satisfies `is_kept`.
   template <typename Predicate>
-  int KeepRows(Predicate is_kept) {
-    return rows_.Keep(is_kept) ? status::kOk : Report(status::mat::kMemory);
+  void KeepRows(Predicate is_kept) {
+    rows_.Keep(is_kept);
   }
 
-  // Keeps the columns whose number satisfies `is_kept`. 5001 when memory runs out.
+  // Keeps the columns whose number satisfies `is_kept`: in place, unless that would leave more than
+  // half of the memory unused. 5001 when memory runs out.
   template <typename Predicate>
   int KeepColumns(Predicate is_kept) {
     int kept_count = 0;
-    for (int j = 1; j <= width_; ++j) kept_count += is_kept(j) ? 1 : 0;
-    return Rebuild(kept_count, [&](const T* from, T* to) {
-      for (int j = 1; j <= width_; ++j) {
-        if (is_kept(j)) *++to = from[j];
+    int first_gone = width_ + 1;
+    int last_gone = 0;
+    for (int j = width_; j >= 1; --j) {
+      if (is_kept(j)) {
+        ++kept_count;
+      } else {
+        first_gone = j;
+        last_gone = std::max(last_gone, j);
       }
-    });
+    }
+    if (last_gone == 0) return status::kOk;
+    const auto close_gaps = [&](const T* from, T* to) {
+      for (int j = first_gone; j < last_gone; ++j) {
+        if (is_kept(j)) *to++ = from[j];
+      }
+      std::copy(from + last_gone + 1, from + width_ + 1, to);
+    };
+    if (kept_count < rows_.Width() / 2) {
+      return Rebuild(kept_count, kept_count, [&](const T* from, T* to) {
+        close_gaps(from, std::copy_n(from + 1, first_gone - 1, to + 1));
+      });
+    }
+    for (int i = 1; i <= RowCount(); ++i) {
+      close_gaps(rows_[i], rows_[i] + first_gone);
+    }
+    width_ = kept_count;
+    return status::kOk;
   }
 
   // Appends `count` rows set to `value`. 5001 when memory runs out, 5004 when `count` is negative
   // or the rows would be too many.
   int AppendRows(int count, T value) {
     if (!CanGrow(RowCount(), count)) return Report(status::mat::kDimension);
+    if (rows_.IsNull()) rows_ = MakeRows(0, width_);
     const int old_count = RowCount();
-    if (!rows_.Append(MakeRows(count, width_))) return Report(status::mat::kMemory);
-    for (int i = old_count + 1; i <= RowCount(); ++i) std::ranges::fill(RowValues(i), value);
+    if (rows_.IsNull() || !rows_.Append(count)) return Report(status::mat::kMemory);
+    for (int i = old_count + 1; i <= RowCount(); ++i) {
+      rows_[i][0] = kUnusedSlot<T>;
+      std::ranges::fill(RowValues(i), value);
+    }
     return status::kOk;
   }
 
-  // Appends `count` columns set to `value`, with the codes of AppendRows.
+  // Appends `count` columns set to `value`, with the codes of AppendRows. Where the rows have to be
+  // made longer there is room for some more columns then.
   int AppendColumns(int count, T value) {
     if (!CanGrow(width_, count)) return Report(status::mat::kDimension);
-    return Rebuild(width_ + count, [&](const T* from, T* to) {
-      std::fill_n(std::copy_n(from + 1, width_, to + 1), count, value);
-    });
+    const int width = width_ + count;
+    if (rows_.IsNull() || width > rows_.Width()) {
+      const int spare = CanGrow(width, width_ / kSpareShare) ? width_ / kSpareShare : 0;
+      const int status = Rebuild(width_, width + spare, [&](const T* from, T* to) {
+        std::copy_n(from + 1, width_, to + 1);
+      });
+      if (status != status::kOk) return status;
+    }
+    for (int i = 1; i <= RowCount(); ++i) std::fill_n(rows_[i] + width_ + 1, count, value);
+    width_ = width;
+    return status::kOk;
   }
 
   // Exchanges sizes and contents.
@@ -169,16 +207,20 @@ class RowStorage : public MatObj {
     for (int i = 1; i <= RowCount(); ++i) std::ranges::copy(other.RowValues(i), rows_[i] + 1);
   }
 
-  // Replaces every row by one of `width` elements that `copy_row` fills from the old one.
+  // Replaces every row by one with room for `room` elements, of which `copy_row` fills the first
+  // `width` from the old one.
   template <typename CopyRow>
-  int Rebuild(int width, CopyRow copy_row) {
-    RowPointers<T> rows = MakeRows(RowCount(), width);
+  int Rebuild(int width, int room, CopyRow copy_row) {
+    RowPointers<T> rows = MakeRows(RowCount(), room);
     if (rows.IsNull()) return Report(status::mat::kMemory);
     for (int i = 1; i <= RowCount(); ++i) copy_row(rows_[i], rows[i]);
     rows_ = std::move(rows);
     width_ = width;
     return status::kOk;
   }
+
+  // The spare room for columns is one such part of those that there are.
+  static constexpr int kSpareShare = 8;
 
   RowPointers<T> rows_;
   int width_ = 0;

@@ -21,7 +21,7 @@ constexpr int kMostCounted = std::numeric_limits<short>::max();
 XFMatrix::XFMatrix(const char* name, int row_count, int column_count, float fill)
     : Named(name, row_count, column_count, fill, kFilled) {
   InitCounts();
-  if (!IsMissing(fill)) present_count_ = CellCount();
+  if (!IsMissing(fill)) counts_.present_count = CellCount();
 }
 
 XFMatrix::XFMatrix(const char* name, int row_count, int column_count, Unfilled)
@@ -61,38 +61,38 @@ int XFMatrix::Copy(const XFMatrix* other) {
 }
 
 int XFMatrix::DelCols(const XI1Vector* keep) {
-  return CountIf(FMatrix::DelCols(keep));
+  return MarkIf(FMatrix::DelCols(keep));
 }
 
 int XFMatrix::DelRows(const XI1Vector* keep) {
-  return CountIf(FMatrix::DelRows(keep));
+  return MarkIf(FMatrix::DelRows(keep));
 }
 
 int XFMatrix::DelRows(int first, int last) {
-  return CountIf(FMatrix::DelRows(first, last));
+  return MarkIf(FMatrix::DelRows(first, last));
 }
 
 int XFMatrix::ExpCols(int count, float value) {
   const int room = ReserveCounts(NRow(), std::int64_t{NCol()} + count);
-  return room == status::kOk ? CountIf(FMatrix::ExpCols(count, value)) : room;
+  return room == status::kOk ? MarkIf(FMatrix::ExpCols(count, value)) : room;
 }
 
 int XFMatrix::ExpRows(int count, float value) {
   const int room = ReserveCounts(std::int64_t{NRow()} + count, NCol());
-  return room == status::kOk ? CountIf(FMatrix::ExpRows(count, value)) : room;
+  return room == status::kOk ? MarkIf(FMatrix::ExpRows(count, value)) : room;
 }
 
 int XFMatrix::Transp() {
   const int room = ReserveCounts(NCol(), NRow());
-  return room == status::kOk ? CountIf(FMatrix::Transp()) : room;
+  return room == status::kOk ? MarkIf(FMatrix::Transp()) : room;
 }
 
 int XFMatrix::SwapRow(int i, int k) {
-  return CountIf(FMatrix::SwapRow(i, k));
+  return MarkIf(FMatrix::SwapRow(i, k));
 }
 
 int XFMatrix::SwapCol(int j, int k) {
-  return CountIf(FMatrix::SwapCol(j, k));
+  return MarkIf(FMatrix::SwapCol(j, k));
 }
 
 int XFMatrix::Read(const char* path) {
@@ -117,24 +117,38 @@ int XFMatrix::SetActValInfo() {
 
 int XFMatrix::StartActValInfo() {
   if (const int room = ReserveCounts(NRow(), NCol()); room != status::kOk) return room;
-  present_count_ = CellCount();
-  row_counts_.SetAll(NRow(), NCol());
-  column_counts_.SetAll(NCol(), NRow());
+  TakeAllAsPresent();
   return status::kOk;
 }
 
-void XFMatrix::AddRowToActValInfo(int row) {
+void XFMatrix::TakeAllAsPresent() const {
+  is_out_of_date_ = false;
+  counts_.present_count = CellCount();
+  counts_.rows.SetAll(NRow(), NCol());
+  counts_.columns.SetAll(NCol(), NRow());
+}
+
+void XFMatrix::TakeOffMissing(int row) const {
   const float* const values = Row(row).data();
   const int missing_count = GetRowKernels().count_missing(values, NCol());
   if (missing_count == 0) return;
-  present_count_ -= missing_count;
-  short& row_count = row_counts_.slots[static_cast<std::size_t>(row)];
+  counts_.present_count -= missing_count;
+  short& row_count = counts_.rows.slots[static_cast<std::size_t>(row)];
   row_count = static_cast<short>(row_count - missing_count);
-  GetRowKernels().count_off_missing(values, NCol(), column_counts_.slots.get() + 1);
+  GetRowKernels().count_off_missing(values, NCol(), counts_.columns.slots.get() + 1);
 }
 
-int XFMatrix::CountIf(int result) {
-  return result == status::kOk ? SetActValInfo() : result;
+void XFMatrix::Recount() const {
+  is_out_of_date_ = false;
+  // As an FMatrix it may have become larger since.
+  if (NRow() > counts_.rows.capacity || NCol() > counts_.columns.capacity) return;
+  TakeAllAsPresent();
+  for (int i = 1; i <= NRow(); ++i) TakeOffMissing(i);
+}
+
+int XFMatrix::MarkIf(int result) {
+  is_out_of_date_ = is_out_of_date_ || result == status::kOk;
+  return result;
 }
 
 int XFMatrix::CellCount() const {
@@ -148,8 +162,8 @@ void XFMatrix::InitCounts() {
 // Makes room for the counts of so many rows and columns; the counts stay.
 int XFMatrix::ReserveCounts(std::int64_t row_count, std::int64_t column_count) {
   if (std::max(row_count, column_count) > kMostCounted) return Report(status::mat::kDimension);
-  const bool has_room = row_counts_.Reserve(static_cast<int>(row_count)) &&
-                        column_counts_.Reserve(static_cast<int>(column_count));
+  const bool has_room = counts_.rows.Reserve(static_cast<int>(row_count)) &&
+                        counts_.columns.Reserve(static_cast<int>(column_count));
   return has_room ? status::kOk : Report(status::mat::kMemory);
 }
 
@@ -157,6 +171,8 @@ int XFMatrix::ReserveCounts(std::int64_t row_count, std::int64_t column_count) {
 bool XFMatrix::Counts::Reserve(int count) {
   if (slots && count <= capacity) return true;
   count = std::max(count, 0);
+  // What grows once will grow again.
+  if (slots) count = std::max(count, std::min(capacity + capacity / 2, kMostCounted));
   auto more = AllocateSlots<short>(count);
   if (!more) return false;
   std::fill_n(more.get(), count + 1, short{0});
@@ -178,9 +194,11 @@ void XFMatrix::Counts::Take(const Counts& other, int count) {
 
 void XFMatrix::CopyCounts(const XFMatrix& other) {
   if (NRow() != other.NRow() || NCol() != other.NCol()) return;
-  present_count_ = other.present_count_;
-  row_counts_.Take(other.row_counts_, NRow());
-  column_counts_.Take(other.column_counts_, NCol());
+  const PresentCounts& counts = other.UpToDate();
+  is_out_of_date_ = false;
+  counts_.present_count = counts.present_count;
+  counts_.rows.Take(counts.rows, NRow());
+  counts_.columns.Take(counts.columns, NCol());
 }
 
 }  // namespace zemva

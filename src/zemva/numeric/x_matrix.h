@@ -16,7 +16,8 @@ namespace zemva {
 struct Unfilled {};
 
 // Writing elements does not change the counts, nor does what is done to the matrix as an FMatrix:
-// SetActValInfo counts anew.
+// SetActValInfo counts anew. A member that changes the shape marks the counts as out of date, and
+// they are made when they are asked for next.
 //
 // There are at most 32,767 rows and as many columns, as the counts are 16-bit: a constructor whose
 // matrix would be larger leaves it empty, and a member leaves it as it was, with status 5004.
@@ -36,13 +37,13 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   // Copies name, contents and counts of a matrix of the same size, with the codes of the base.
   int Copy(const XFMatrix* other);
 
-  // As in the base; the values are counted anew.
+  // As in the base; the counts are out of date then.
   int DelCols(const XI1Vector* keep) override;
   int DelRows(const XI1Vector* keep) override;
   int ExpCols(int count, float value) override;
   int ExpRows(int count, float value) override;
 
-  // As in the base; the values are counted anew.
+  // As in the base; the counts are out of date then, and with Read made.
   int DelRows(int first, int last);
   int Transp();
   int SwapRow(int i, int k);
@@ -55,12 +56,12 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
 
   // Counts of present values as counted last: in all, in row i, in column j; 0 where there was no
   // such row or column.
-  int NValA() const { return present_count_; }
-  short NValARow(int i) const { return row_counts_.Get(i); }
-  short NValACol(int j) const { return column_counts_.Get(j); }
+  int NValA() const { return UpToDate().present_count; }
+  short NValARow(int i) const { return UpToDate().rows.Get(i); }
+  short NValACol(int j) const { return UpToDate().columns.Get(j); }
   // The counts of the rows, 1..NRow(), and of the columns, 1..NCol(), as counted last.
-  short* GetNValARowPtr() const { return row_counts_.slots.get(); }
-  short* GetNValAColPtr() const { return column_counts_.slots.get(); }
+  short* GetNValARowPtr() const { return UpToDate().rows.slots.get(); }
+  short* GetNValAColPtr() const { return UpToDate().columns.slots.get(); }
 
   // Counts the present values. 5004 and 5001, with the counts as they were, for a matrix that was
   // made larger as an FMatrix, to more than 32,767 rows or columns or where memory runs out.
@@ -69,7 +70,7 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   // The same in steps, for a caller that has just filled a row: StartActValInfo takes all values as
   // present, then AddRowToActValInfo takes off what is missing in row i, once for each row.
   int StartActValInfo();
-  void AddRowToActValInfo(int row);
+  void AddRowToActValInfo(int row) { TakeOffMissing(row); }
 
   // Statistics of the columns and rows over their present values, each a new vector of that name
   // that is the caller's; null with status 5001 when memory runs out. Sums are in double.
@@ -135,12 +136,25 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
     int size = 0;
     int capacity = 0;
   };
+  struct PresentCounts {
+    int present_count = 0;
+    Counts rows;
+    Counts columns;
+  };
 
+  // The counts, which are made first where they are out of date.
+  const PresentCounts& UpToDate() const {
+    if (is_out_of_date_) Recount();
+    return counts_;
+  }
+  void Recount() const;
+  void TakeAllAsPresent() const;
+  void TakeOffMissing(int row) const;
   // Makes room for counts, all 0; the matrix is left empty when there is none.
   void InitCounts();
   int ReserveCounts(std::int64_t row_count, std::int64_t column_count);
-  // Counts anew where `result`, which it returns, is no failure.
-  int CountIf(int result);
+  // Marks the counts as out of date where `result`, which it returns, is no failure.
+  int MarkIf(int result);
   int CheckColumns(const XFVector* vector) const;
   int CombineRows(const XFVector* vector, void (*operation)(float*, const float*, int));
   int AddMultiples(const XFVector* t, const XFVector* p,
@@ -148,9 +162,9 @@ class ZEMVA_API XFMatrix : public Named<XFMatrix, FMatrix> {
   void CopyCounts(const XFMatrix& other);
   int CellCount() const;
 
-  int present_count_ = 0;
-  Counts row_counts_;
-  Counts column_counts_;
+  // Room for the counts is there before they are out of date.
+  mutable PresentCounts counts_;
+  mutable bool is_out_of_date_ = false;
 };
 
 }  // namespace zemva

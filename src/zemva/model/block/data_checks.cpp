@@ -37,8 +37,11 @@ int DataBlock::CheckMissing(const ObsInfo& observations, const MissingLimits& li
   std::vector<std::string> questions;
   bool is_hopeless = false;
   for (int k = 1; k <= values_->NCol(); ++k) {
-    const std::string subject = letter + " variable " + std::to_string(GetNumber(k));
     const int present = values_->NValACol(k);
+    const double percent = MissingPercent(present, values_->NRow());
+    const bool is_allowed = percent <= static_cast<double>(limits.variable_percent);
+    if (present >= kFewestValues && is_allowed) continue;
+    const std::string subject = letter + " variable " + std::to_string(GetNumber(k));
     if (present < kFewestValues) {
       is_hopeless = true;
       log.Line()
@@ -47,8 +50,7 @@ int DataBlock::CheckMissing(const ObsInfo& observations, const MissingLimits& li
           .Text("Can not compute model.")
           .EndLine();
     }
-    const double percent = MissingPercent(present, values_->NRow());
-    if (percent <= static_cast<double>(limits.variable_percent)) continue;
+    if (is_allowed) continue;
     questions.push_back(subject + OverLimit(GetName(k), "values", percent));
     log.Write(questions.back());
   }
