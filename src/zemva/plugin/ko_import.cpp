@@ -1,5 +1,6 @@
 #include "zemva/plugin/ko_import.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include "zemva/base/native_path.h"
 #include "zemva/dio/dataset/dio_data.h"
 #include "zemva/numeric/missing.h"
+#include "zemva/plugin/dataset_handle.h"
 #include "zemva/plugin/zemva_import.h"
 
 static_assert(sizeof(void*) != 4 || sizeof(FileFormatInfo) == 28);
@@ -63,26 +65,34 @@ void FillHeader(void* handle, ImportGrid* grid, const TableSize& size) {
   }
 }
 
-// A cell of an observation's row; an empty text for a missing value, and where there is no such
+// The cells of a row from `column` on.
+void Clear(ImportGrid* grid, int row, int column) {
+  for (; column <= grid->columns; ++column) grid->setText(grid, row, column, "");
+}
+
+// The row of an observation; an empty text for a missing value, and where there is no such
 // observation or variable.
-void FillCell(void* handle, ImportGrid* grid, int row, int column, const TableSize& size) {
+void FillRow(void* handle, ImportGrid* grid, int row, const TableSize& size) {
   const int observation = row - kHeaderRows;
-  const int variable = column - kLabelColumns;
-  if (observation > size.observations || variable > size.variables) {
-    grid->setText(grid, row, column, "");
-  } else if (column == 1) {
+  if (observation > size.observations) return Clear(grid, row, 1);
+  if (grid->columns >= 1) {
     const auto number = static_cast<float>(ZEMVAImport_GetObsNum(handle, observation));
-    grid->setNumber(grid, row, column, number);
-  } else if (column == 2) {
-    grid->setText(grid, row, column, TextOrEmpty(ZEMVAImport_GetObsName(handle, observation)));
-  } else {
-    const float value = ZEMVAImport_GetDSValue(handle, observation, variable);
+    grid->setNumber(grid, row, 1, number);
+  }
+  if (grid->columns >= 2) {
+    grid->setText(grid, row, 2, TextOrEmpty(ZEMVAImport_GetObsName(handle, observation)));
+  }
+  const float* const values = zemva::DatasetOf(handle)[static_cast<short>(observation)];
+  const int last = std::min(grid->columns, size.variables + kLabelColumns);
+  for (int column = kLabelColumns + 1; column <= last; ++column) {
+    const float value = values[column - kLabelColumns];
     if (zemva::IsMissing(value)) {
       grid->setText(grid, row, column, "");
     } else {
       grid->setNumber(grid, row, column, value);
     }
   }
+  Clear(grid, row, std::max(last, kLabelColumns) + 1);
 }
 
 }  // namespace
@@ -140,11 +150,7 @@ bool KoImportRead(void*, void* handle, ImportGrid* grid) {
   if (handle == nullptr || grid == nullptr) return false;
   const TableSize size = SizeOf(handle);
   if (grid->rows >= kHeaderRows) FillHeader(handle, grid, size);
-  for (int row = kHeaderRows + 1; row <= grid->rows; ++row) {
-    for (int column = 1; column <= grid->columns; ++column) {
-      FillCell(handle, grid, row, column, size);
-    }
-  }
+  for (int row = kHeaderRows + 1; row <= grid->rows; ++row) FillRow(handle, grid, row, size);
   return true;
 }
 

@@ -3,15 +3,13 @@
 #include <memory>
 #include <new>
 
-#include "zemva/data/dataset.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
+#include "zemva/plugin/dataset_handle.h"
 
 namespace {
 
-zemva::Dataset& DatasetOf(void* handle) {
-  return *static_cast<zemva::Dataset*>(handle);
-}
+using zemva::DatasetOf;
 
 struct Label {
   short number = 0;

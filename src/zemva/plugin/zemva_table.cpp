@@ -5,12 +5,12 @@
 #include <memory>
 #include <string_view>
 
-#include "zemva/data/dataset.h"
 #include "zemva/errors/memory_guard.h"
 #include "zemva/errors/messages.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
 #include "zemva/numeric/missing.h"
+#include "zemva/plugin/dataset_handle.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ constexpr Axis kVariables = {&Dataset::GetNVarDS, &Dataset::GetVarInfo};
 template <typename Element, typename Visit>
 int ForEach(void* table, const Axis& axis, int first, int count, Element* to, Visit visit) {
   if (table == nullptr || to == nullptr) return status::mva::kNullPointer;
-  Dataset& dataset = *static_cast<Dataset*>(table);
+  Dataset& dataset = zemva::DatasetOf(table);
   const int most = (dataset.*axis.count)();
   if (first < 1 || count < 0 || first > most + 1 || count > most + 1 - first) {
     return status::mva::kIndexOutOfRange;
@@ -94,8 +94,8 @@ int ZEMVATable_GetSize(void* table, int* observations, int* variables) {
   if (table == nullptr || observations == nullptr || variables == nullptr) {
     return status::mva::kNullPointer;
   }
-  *observations = static_cast<Dataset*>(table)->GetNObsDS();
-  *variables = static_cast<Dataset*>(table)->GetNVarDS();
+  *observations = zemva::DatasetOf(table).GetNObsDS();
+  *variables = zemva::DatasetOf(table).GetNVarDS();
   return status::kOk;
 }
 
@@ -115,7 +115,7 @@ int ZEMVATable_GetColumns(void* table, int first, int count, float missing, floa
     return status;
   }
   // Row by row, as the values lie.
-  Dataset& dataset = *static_cast<Dataset*>(table);
+  Dataset& dataset = zemva::DatasetOf(table);
   const auto length = static_cast<std::size_t>(dataset.GetNObsDS());
   for (std::size_t i = 0; i < length; ++i) {
     const float* const row = dataset[static_cast<short>(i + 1)] + first;
