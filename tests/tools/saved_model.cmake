@@ -45,7 +45,7 @@ expect("${err}" "\\(8009\\)\r?\n$")
 # What is none stays, and is none.
 foreach(arguments "show;${SAMPLES}/iris.vdo" "predict;${SAMPLES}/iris.vdo;${WORK}/test.csv")
   run(1 ${arguments})
-  expect("${err}" "iris.vdo: DIO: Area specification error\\. \\(2000\\)\r?\n$")
+  expect("${err}" "iris.vdo: is no saved model \\(2000\\); pc and pls write one with --save\r?\n$")
 endforeach()
 foreach(arguments "pc;${WORK}/model.mdl" "stats;${WORK}/model.mdl"
     "convert;${WORK}/model.mdl;${WORK}/a.vdo" "predict;${WORK}/model.mdl;${WORK}/model.mdl")
