@@ -92,6 +92,9 @@ short ModelRun::AddTestFile() {
 }
 
 int ModelRun::Fit() {
+  // The model has values of its own; those of a file can be read again.
+  const bool is_needed = test_dataset_ == dataset_ || !IsProjectFile(options_.file);
+  if (GetModel().Load() == status::kOk && !is_needed) GetDataset().Unload();
   if (const int status = project_.Fit(model_); status != status::kOk) {
     return KeepComponents(status);
   }
