@@ -108,9 +108,12 @@ class RowPointers {
   }
 
  private:
-  // Before a row, its slab; all so that rows and pointers are aligned.
-  static constexpr std::size_t kAlignment = std::max(alignof(T), alignof(RowSlab*));
-  static constexpr std::size_t kOwner = std::max(sizeof(RowSlab*), kAlignment);
+  // What stands before a row; all so that rows and pointers are aligned.
+  struct Owner {
+    RowSlab* slab = nullptr;
+  };
+  static constexpr std::size_t kAlignment = std::max(alignof(T), alignof(Owner));
+  static constexpr std::size_t kOwner = std::max(sizeof(Owner), kAlignment);
 
   // 0 where the rows would be too long.
   static std::size_t StrideOf(int width) {
@@ -142,7 +145,8 @@ class RowPointers {
     if (free_rows_ == 0 && !OpenSlab(wanted)) return nullptr;
     --free_rows_;
     std::byte* const place = std::exchange(next_row_, next_row_ + stride_);
-    std::memcpy(place, &open_slab_, sizeof open_slab_);
+    const Owner owner{open_slab_};
+    std::memcpy(place, &owner, sizeof owner);
     open_slab_->Hold();
     return reinterpret_cast<T*>(place + kOwner);
   }
@@ -160,9 +164,9 @@ class RowPointers {
   }
 
   static void FreeRow(T* row) {
-    RowSlab* slab = nullptr;
-    std::memcpy(&slab, reinterpret_cast<std::byte*>(row) - kOwner, sizeof slab);
-    slab->Drop();
+    Owner owner;
+    std::memcpy(&owner, reinterpret_cast<std::byte*>(row) - kOwner, sizeof owner);
+    owner.slab->Drop();
   }
 
   void Free() {

@@ -35,6 +35,7 @@ int RefuseNotFinite(std::span<float> row) {
 // Copies the elements, and returns how many of them are not finite and now missing.
 int Gather(const DataSource& source, const std::vector<short>& variables, XFMatrix& matrix) {
   std::vector<short> columns;
+  columns.reserve(variables.size());
   for (const short variable : variables) columns.push_back(source.columns[Slot(variable)]);
   const auto is_gap = [](short one, short next) { return one == 0 || next != one + 1; };
   const bool is_run = !columns.empty() && columns.back() != 0 &&
