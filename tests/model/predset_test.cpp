@@ -94,9 +94,9 @@ TEST(Predset, ValuesGoTheWayOfTheWorkset) {
   workset.SetRole(2, EVarRole::kExcluded);
   Predset predset("PS", *test, workset);
   EXPECT_EQ(predset.SetIsObsIn(1, false), 0);
-  // a in logarithms, b one observation before, and their product.
+  // a in logarithms, b one observation before, in or not, and their product.
   EXPECT_EQ(RowsOf(*Matrix(predset, workset, kPC1, EBlock::kX, window)),
-            (test::Rows{{2, kM, kM}, {kM, 3, kM}, {3, 4, 12}}));
+            (test::Rows{{2, 2, 4}, {kM, 3, kM}, {3, 4, 12}}));
   EXPECT_EQ(window.log,
             "1 value(s) that are not finite numbers are taken as missing.\n"
             "Observation 30 had value(s) excluded due to transformation domain error.\r\n");

@@ -76,7 +76,7 @@ TEST(SetVectors, OfAWorkSetAreOfItsObservationsAndAllItsVariables) {
                              {"Var1", {1, 3, 4}, "o1o3o4"},
                              {"VarTr1", {11, 31, 41}, "o1o3o4"},
                              {"Var2", {5, kM, 8}, "o1o3o4"},
-                             {"Var3", {kM, 1, 3}, "o1o3o4"},
+                             {"Var3", {kM, 2, 3}, "o1o3o4"},
                              {"Var4", {5, kM, 32}, "o1o3o4"},
                              {"VarTr4", {55, kM, 328}, "o1o3o4"},
                              {"Obs1", {1, 5, kM, 5}, "abLP"},

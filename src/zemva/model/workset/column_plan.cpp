@@ -9,6 +9,16 @@
 #include "zemva/model/preprocess/number_set.h"
 
 namespace zemva {
+namespace {
+
+int KeepRows(std::span<const short> rows, XFMatrix& matrix) {
+  XI1Vector keep =
+      SelectIf(matrix.NRow(), [&](short i) { return std::ranges::binary_search(rows, i); });
+  return matrix.DelRows(&keep) == status::kOk ? status::kOk : status::mva::kMemory;
+}
+
+}  // namespace
+
 ColumnPlan::ColumnPlan(const VarInfo& variables, const LagInfo& lags,
                        const TraInfo& transformations, const ExpInfo& terms,
                        const VarInfo& wanted) {
@@ -47,12 +57,13 @@ ColumnPlan::ColumnPlan(const VarInfo& variables, const LagInfo& lags,
   keep_flags(*terms_);
 }
 
-int ColumnPlan::Apply(XFMatrix& matrix, XI1Vector& excluded) const {
+int ColumnPlan::Apply(XFMatrix& matrix, std::span<const short> rows, XI1Vector& excluded) const {
   if (is_wanted_.empty()) return status::kOk;
   VarInfo variables(source_variables_);
   int status = variables.GetStatus();
   if (status == status::kOk && lags_->GetNItm() > 0) {
     status = AppendLagged(*lags_, matrix, variables);
+    if (status == status::kOk) status = KeepRows(rows, matrix);
   }
   if (status == status::kOk && transformations_->GetNItm() > 0) {
     status = TransformColumns(*transformations_, variables, matrix, excluded);

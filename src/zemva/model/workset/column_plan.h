@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <new>
+#include <span>
 #include <vector>
 
 #include "zemva/data/var_info.h"
@@ -38,10 +39,12 @@ class ColumnPlan {
   const TraInfo& GetTransformations() const { return *transformations_; }
   const ExpInfo& GetTerms() const { return *terms_; }
 
-  // Turns a matrix with the columns of the sources into one with the wanted columns. `excluded` has
-  // a byte for each row, which becomes 1 where a present value was lost. 8002 and the codes of the
-  // steps; the matrix is then of no use. Throws std::bad_alloc.
-  int Apply(XFMatrix& matrix, XI1Vector& excluded) const;
+  // Turns a matrix with the columns of the sources into one with the wanted columns. Where there
+  // are lagged variables its rows are those of the data set, of which `rows`, ascending, stay once
+  // these have looked back; else those alone. `excluded` has a byte for each that stays, which
+  // becomes 1 where a present value was lost. 8002 and the codes of the steps; the matrix is then
+  // of no use. Throws std::bad_alloc.
+  int Apply(XFMatrix& matrix, std::span<const short> rows, XI1Vector& excluded) const;
 
  private:
   std::vector<short> sources_;

@@ -33,7 +33,8 @@ int RefuseNotFinite(std::span<float> row) {
 }
 
 // Copies the elements, and returns how many of them are not finite and now missing.
-int Gather(const DataSource& source, const std::vector<short>& variables, XFMatrix& matrix) {
+int Gather(const DataSource& source, const std::vector<short>& rows,
+           const std::vector<short>& variables, XFMatrix& matrix) {
   std::vector<short> columns;
   columns.reserve(variables.size());
   for (const short variable : variables) columns.push_back(source.columns[Slot(variable)]);
@@ -43,7 +44,7 @@ int Gather(const DataSource& source, const std::vector<short>& variables, XFMatr
   int refused_count = 0;
   matrix.StartActValInfo();
   for (int i = 1; i <= matrix.NRow(); ++i) {
-    const float* from = source.dataset[source.rows[Slot(i)]];
+    const float* from = source.dataset[rows[Slot(i)]];
     const std::span<float> row = matrix.Row(i);
     if (is_run) {
       std::copy_n(from + columns.front(), row.size(), row.begin());
@@ -117,13 +118,15 @@ int ExtractColumns(const ColumnPlan& plan, const DataSource& source, StreamWindo
     if (status != status::kOk) return status;
   }
   if (!IsAsDescribed(source)) return status::mva::kInconsistentDatasets;
-  const auto row_count = static_cast<int>(source.rows.size());
-  matrix = std::make_unique<XFMatrix>("Matrix", row_count,
+  // Lagged variables look back over rows that are not among those wanted.
+  const bool has_lags = plan.GetLags().GetNItm() > 0;
+  const std::vector<short> rows = has_lags ? Identity(dataset.GetNObsDS()) : source.rows;
+  matrix = std::make_unique<XFMatrix>("Matrix", static_cast<int>(rows.size()),
                                       static_cast<int>(plan.GetSources().size()), Unfilled{});
   if (matrix->GetStatus() != status::kOk) return status::mva::kMemory;
-  const int refused_count = Gather(source, plan.GetSources(), *matrix);
-  XI1Vector excluded = SelectIf(row_count, [](short) { return false; });
-  const int status = plan.Apply(*matrix, excluded);
+  const int refused_count = Gather(source, rows, plan.GetSources(), *matrix);
+  XI1Vector excluded = SelectIf(static_cast<int>(source.rows.size()), [](short) { return false; });
+  const int status = plan.Apply(*matrix, source.rows, excluded);
   if (status == status::kOk) Report(source, refused_count, excluded, window);
   return status;
 }

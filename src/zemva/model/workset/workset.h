@@ -53,9 +53,9 @@ struct MissingLimits {
 // position and the name is empty; where its variables have numbers below 1 or repeated ones, they
 // are all numbered by position, which a message tells.
 //
-// A model's columns are made in this order: the observations are selected; lagged variables look
-// back over the observations selected; what has a transformation is transformed; the terms are
-// multiplied. The model centres and scales.
+// A model's columns are made in this order: lagged variables look back over all observations of the
+// data set, whether they are in or not; the observations are selected; what has a transformation is
+// transformed; the terms are multiplied. The model centres and scales.
 //
 // Every operation that can fail returns a status code, or a null pointer, and keeps the code for
 // GetStatus. A failed one changes nothing. 8002 is returned by all when memory runs out; 8037 where
