@@ -102,8 +102,8 @@ TEST_F(DamagedModel, EachItemStandsOnceAndInItsPlace) {
       changed.erase(changed.begin() + static_cast<std::ptrdiff_t>(i));
       // Without these a model is still one.
       const bool is_optional =
-          std::string(" oClass BlkInfoX TraInfoX TraInfoY ")
-              .find(" " + name + " ") != std::string::npos;
+          std::string(" oClass BlkInfoX TraInfoX TraInfoY ").find(" " + name + " ") !=
+          std::string::npos;
       EXPECT_EQ(Read(FileOf(changed)), is_optional ? 0 : 2005) << "without " << name;
       changed = items;
       changed.insert(changed.begin() + static_cast<std::ptrdiff_t>(i), items[i]);
