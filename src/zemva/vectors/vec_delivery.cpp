@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <new>
 #include <string>
 
 #include "zemva/errors/memory_guard.h"

@@ -2,21 +2,12 @@
 #include <memory>
 #include <utility>
 
-#include "zemva/errors/memory_guard.h"
+#include "zemva/data/table_copy.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/preprocess/number_set.h"
 
 namespace zemva {
 namespace {
-
-// A copy, null of a table without rows.
-template <typename Table>
-std::shared_ptr<Table> CopyRows(const Table& table) {
-  if (table.GetNItm() == 0) return nullptr;
-  auto copy = std::make_shared<Table>(table);
-  Whole(*copy);
-  return copy;
-}
 
 template <typename Table>
 Table RowsOf(const std::shared_ptr<Table>& table, const char* name) {

@@ -1,6 +1,5 @@
 #include "zemva/model/block/stage.h"
 
-#include <new>
 #include <string>
 
 #include "zemva/errors/status.h"

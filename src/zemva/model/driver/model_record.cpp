@@ -1,13 +1,12 @@
 // What a file keeps of Model.
 #include "zemva/model/driver/model_record.h"
-#include "zemva/errors/memory_guard.h"
 
 #include <algorithm>
 #include <memory>
-#include <new>
 #include <vector>
 
 #include "zemva/base/positions.h"
+#include "zemva/errors/memory_guard.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/block/data_block.h"
 #include "zemva/model/driver/model.h"

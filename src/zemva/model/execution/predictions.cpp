@@ -1,7 +1,6 @@
 #include "zemva/model/execution/predictions.h"
 
 #include <cmath>
-#include <new>
 #include <utility>
 
 #include "zemva/errors/memory_guard.h"

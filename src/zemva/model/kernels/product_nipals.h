@@ -7,43 +7,13 @@
 #include <span>
 #include <vector>
 
-#include "zemva/model/kernels/aligned_buffer.h"
 #include "zemva/model/kernels/left_out.h"
 #include "zemva/model/kernels/nipals.h"
+#include "zemva/model/kernels/product_sums.h"
 #include "zemva/model/kernels/projection_loops.h"
 #include "zemva/model/kernels/residual_matrix.h"
 
 namespace zemva {
-
-// A symmetric matrix of sums of products, n by n, in double.
-class ProductSums {
- public:
-  // Zeros. Throws std::bad_alloc.
-  explicit ProductSums(std::size_t size);
-
-  std::size_t Size() const { return size_; }
-  // The length of vectors that go with it, which end in zeros.
-  std::size_t PaddedSize() const { return stride_; }
-  double* Row(std::size_t i) { return elements_.Data() + i * stride_; }
-  const double* Row(std::size_t i) const { return elements_.Data() + i * stride_; }
-
-  void CopyUpperToLower();
-  void Clear();
-  double Trace() const;
-  // Adds the elements of another of the same size.
-  void Add(const ProductSums& other);
-  // Adds sign a a'.
-  void AddSquare(double sign, const double* a);
-  // Takes off a b' + b a'.
-  void Subtract(const double* a, const double* b);
-  // product = this matrix times x.
-  void Multiply(const ProjectionLoops& loops, const double* x, double* product) const;
-
- private:
-  std::size_t size_;
-  std::size_t stride_;
-  AlignedBuffer<double> elements_;
-};
 
 // What Nipals does to a matrix E without gaps, N by K, with the same scores, iteration by
 // iteration, to double precision: where N is the smaller dimension from E E', since t goes over

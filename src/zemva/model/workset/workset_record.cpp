@@ -1,26 +1,17 @@
 // What a file keeps of a work set.
 #include "zemva/model/workset/workset_record.h"
-#include "zemva/errors/memory_guard.h"
 
 #include <cstring>
 #include <memory>
 #include <utility>
 
 #include "zemva/base/positions.h"
+#include "zemva/data/table_copy.h"
 #include "zemva/model/workset/extraction.h"
 #include "zemva/model/workset/workset_edit.h"
 
 namespace zemva {
 namespace {
-
-// Null of a table without rows.
-template <typename Table>
-std::shared_ptr<Table> CopyOf(const Table& table) {
-  if (table.GetNItm() == 0) return nullptr;
-  auto copy = std::make_shared<Table>(table);
-  Whole(*copy);
-  return copy;
-}
 
 // The rows of a table that may be null, in one of another name.
 template <typename Table>
@@ -39,8 +30,8 @@ WorksetRecord Workset::MakeRecord() const {
   WorksetRecord record;
   record.name = name_;
   record.dataset_name.Set(dataset_.GetDSNam());
-  record.observations = CopyOf(observations_);
-  record.variables = CopyOf(*variables_);
+  record.observations = CopyRows(observations_);
+  record.variables = CopyRows(*variables_);
   for (const Membership& each : memberships_) {
     record.members.push_back(each.is_in);
     record.classes.push_back(each.o_class);
@@ -58,10 +49,10 @@ WorksetRecord Workset::MakeRecord() const {
     const int status = record.blocks->AddItm(b, "", GetBlockType(b), count, kMissing);
     if (status != status::kOk) throw std::bad_alloc();
   }
-  record.scalings = CopyOf(scalings_);
-  record.transformations = CopyOf(transformations_);
-  record.lags = CopyOf(lags_);
-  record.terms = CopyOf(terms_);
+  record.scalings = CopyRows(scalings_);
+  record.transformations = CopyRows(transformations_);
+  record.lags = CopyRows(lags_);
+  record.terms = CopyRows(terms_);
   return record;
 }
 
