@@ -375,6 +375,9 @@ TEST(PLSModel, TellsAndListsEachComponentAndItsVerdict) {
     test::RecordingWindow list;
     bench.model.Show(list);
     EXPECT_EQ(list.log.substr(list.log.find("Comp ")), c.list);
+    list.log.clear();
+    bench.model.ShowComp(2, list);
+    EXPECT_EQ(list.log.starts_with("Component[2]\nR2X(cum)= "), !c.is_rule);
     // The residuals of X and Y are as they were before what was refused.
     bench.model.Reset(1);
     bench.options.SetIsRule(false);

@@ -76,7 +76,10 @@ int Model::ShowComp(char a, StreamWindow& window) {
   Listing list(window);
   list.Text("Component").Text("[").Number(int{a}).Text("]").EndLine();
   if (component == nullptr) return status::kOk;
-  if (component->verdict != EVerdict::kNone) {
+  // Rule 5 is told of components without responses alone.
+  const bool is_told =
+      component->verdict != EVerdict::kNone && !(HasY() && component->verdict == EVerdict::kRule5);
+  if (is_told) {
     AddValue(list.Text(DescribeVerdict(component->verdict)).Text("= "), 0, 3, component->q2);
     AddValue(list.Text(", Q2(cum)= "), 0, 3, component->q2_cum).EndLine();
   }
