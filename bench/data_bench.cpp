@@ -14,6 +14,7 @@
 
 #include "zemva/data/dataset.h"
 #include "zemva/errors/stream_window.h"
+#include "zemva/model/workset/workset.h"
 
 namespace zemva {
 namespace {
@@ -105,6 +106,37 @@ double DeleteObservations(int n) {
   });
 }
 
+double DeleteObservationsFromTheLast(int n) {
+  const auto dataset = MakeDataset(n, 1, kWidth, 1, false);
+  return Seconds(*dataset, [&](Dataset& d) {
+    for (int i = n; i > 1; --i) d.DelObs(static_cast<short>(i));
+    return d.GetStatus();
+  });
+}
+
+// n observations in two halves, of which one comes in parts.
+double MergeParts(int n) {
+  constexpr int kPart = 10;
+  const auto dataset = MakeDataset(n / 2, 1, kFew, 1, false);
+  double seconds = 0.0;
+  for (int first = n / 2 + 1; first <= n; first += kPart) {
+    const auto part = MakeDataset(kPart, first, kFew, 1, false);
+    seconds += Seconds(*dataset, [&](Dataset& d) { return d.MergeObs(part.get(), false); });
+  }
+  return seconds;
+}
+
+// n variables, of which one half are lagged and come one after the other.
+double AddLaggedVariables(int n) {
+  const auto dataset = MakeDataset(kFew, 1, n / 2, 1, false);
+  StreamWindow window;
+  Workset workset("Bench", *dataset, window);
+  return Seconds(*dataset, [&](Dataset&) {
+    for (int j = 1; j <= n / 2; ++j) workset.AddLagged(static_cast<short>(j), 1);
+    return workset.GetStatus();
+  });
+}
+
 // n variables of few observations, one after the other.
 double AddVariables(int n) {
   const auto dataset = MakeDataset(kFew, 1, 1, 1, false);
@@ -128,6 +160,9 @@ void Growth(benchmark::State& state, double (*seconds)(int)) {
 }
 BENCHMARK_CAPTURE(Growth, add_observations, AddObservations)->Iterations(5);
 BENCHMARK_CAPTURE(Growth, delete_observations, DeleteObservations)->Iterations(5);
+BENCHMARK_CAPTURE(Growth, delete_from_the_last, DeleteObservationsFromTheLast)->Iterations(5);
+BENCHMARK_CAPTURE(Growth, merge_parts, MergeParts)->Iterations(5);
+BENCHMARK_CAPTURE(Growth, add_lagged_variables, AddLaggedVariables)->Iterations(5);
 BENCHMARK_CAPTURE(Growth, add_variables, AddVariables)->Iterations(5);
 BENCHMARK_CAPTURE(Growth, merge_observations, MergeObservations)->Iterations(20);
 BENCHMARK_CAPTURE(Growth, merge_matching_variables, MergeMatchingVariables)->Iterations(20);

@@ -74,7 +74,7 @@ int BlkInfo::UpdateItm(short i, char bnum, const char* name, EBlkType type, shor
   if (row == nullptr) return SetStatus(status::itm::kBadPosition);
   if (!IsBlock(bnum)) return SetStatus(status::mva::kIndexOutOfRange);
   *row = BlkData(bnum, name, type, nvar, weight);
-  return Changed(status::kOk);
+  return ItmInfo::SetINum(i, bnum);
 }
 
 int BlkInfo::GetItm(short i, char& bnum, char*& name, EBlkType& type, short& nvar, float& weight,

@@ -116,6 +116,27 @@ class LoadedMeanwhile {
   int status_ = status::kOk;
 };
 
+// Whether a table has an observation of some number.
+class NumbersOf {
+ public:
+  // Keeps the table, which must not change meanwhile.
+  explicit NumbersOf(const ObsInfo& table) : table_(table) {
+    if (table.DoONumsAscend()) return;
+    is_taken_.resize(std::size_t{1} << 16);
+    for (const short i : PositionsUpTo(table.GetNItm())) is_taken_[Slot(table.GetONum(i))] = true;
+  }
+
+  bool Has(short number) const {
+    return is_taken_.empty() ? table_.GetOIx(number) != 0 : is_taken_[Slot(number)];
+  }
+
+ private:
+  static std::size_t Slot(short number) { return static_cast<unsigned short>(number); }
+
+  const ObsInfo& table_;
+  std::vector<bool> is_taken_;
+};
+
 // A table "ObsInfo" of n observations Obs_1, Obs_2 ... with the labels of an earlier one.
 int NumberObservations(int n, const ObsInfo& labelled, ObsInfo& table) {
   ObsInfo numbered("ObsInfo");
@@ -221,13 +242,11 @@ int Dataset::MergeObsOf(const Dataset& other, bool renumber) {
 
 // Tells which numbers of `other` this data set has too; false if there is none.
 bool Dataset::ReportRepeatedNumbers(const Dataset& other) const {
-  std::vector<bool> is_taken(std::size_t{1} << 16);
-  const auto slot = [](short number) { return std::size_t{static_cast<unsigned short>(number)}; };
-  for (const short i : PositionsUpTo(nobs_)) is_taken[slot(GetObsLabel(i).number)] = true;
+  const NumbersOf taken(*obs_info_);
   bool has_repeated = false;
   for (const short i : PositionsUpTo(other.nobs_)) {
     const short number = other.GetObsLabel(i).number;
-    if (!is_taken[slot(number)]) continue;
+    if (!taken.Has(number)) continue;
     has_repeated = true;
     Listing(window_).Text("Duplicate observation number ").Number(number).Text(".").EndLine();
   }

@@ -1,5 +1,6 @@
 #include "zemva/data/itm_info.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -85,28 +86,34 @@ void PrivateItmInfo::ShowRow(short i, StreamWindow& window) const {
 
 ItmInfo::ItmInfo(const ItmInfo& other)
     : items_(other.GetNam()),
-      ordered_count_(other.ordered_count_),
+      numbers_(other.numbers_),
+      own_numbers_(other.own_numbers_),
       status_(other.status_),
       is_modified_(other.is_modified_) {
   const int status = items_.Copy(other.items_);
   if (status == status::kOk) return;
   SetStatus(status);
-  ordered_count_.Set(0);
+  Removed(1, other.GetNItm());
 }
 
 ItmInfo& ItmInfo::operator=(const ItmInfo& other) {
   const int status = items_.Copy(other.items_);
-  if (status == status::kOk) ordered_count_ = other.ordered_count_;
-  SetStatus(status == status::kOk ? other.status_ : status);
-  if (status == status::kOk) is_modified_ = other.is_modified_;
+  if (status != status::kOk) {
+    SetStatus(status);
+    return *this;
+  }
+  numbers_ = other.numbers_;
+  own_numbers_ = other.own_numbers_;
+  status_ = other.status_;
+  is_modified_ = other.is_modified_;
   return *this;
 }
 
 ItmInfo::~ItmInfo() = default;
 
 int ItmInfo::DelAll() {
+  Removed(1, GetNItm());
   items_.DelAll();
-  ordered_count_.Set(0);
   return Changed(status::kOk);
 }
 
@@ -132,7 +139,7 @@ int ItmInfo::SetINum(short i, short num) {
   ItmData* item = GetItm(i);
   if (item == nullptr) return SetStatus(status::itm::kBadPosition);
   item->SetINum(num);
-  if (num != i) Disorder(i);
+  numbers_.Renumbered(i);
   return Changed(status::kOk);
 }
 
@@ -143,7 +150,22 @@ int ItmInfo::SetINam(short i, const char* name) {
   return Changed(status::kOk);
 }
 
+bool ItmInfo::DoNumbersAscend() const {
+  return numbers_.Spans(GetNItm(), [&](int i) { return GetINum(static_cast<short>(i)); });
+}
+
+short ItmInfo::GetLargestINum() const {
+  short largest = 0;
+  const short count = GetNItm();
+  for (int i = DoNumbersAscend() ? std::max<int>(count, 1) : 1; i <= count; ++i) {
+    largest = std::max(largest, GetINum(static_cast<short>(i)));
+  }
+  return largest;
+}
+
 short ItmInfo::GetIx(short num) const {
+  const auto number_of = [&](int i) { return GetINum(static_cast<short>(i)); };
+  if (const auto found = numbers_.Find(GetNItm(), num, number_of)) return *found;
   return FindItm(1, GetNItm(), [&](const ItmData& item) { return item.GetINum() == num; });
 }
 
@@ -157,25 +179,24 @@ int ItmInfo::KeepItms(const XI1Vector& keep) {
   if (keep.NVal() != GetNItm()) return SetStatus(status::mva::kIndexOutOfRange);
   const auto kept = keep.Values();
   const auto gone = std::ranges::find_if_not(kept, [](char flag) { return flag == kSelected; });
-  Disorder(static_cast<int>(gone - kept.begin()) + 1);
+  Removed(static_cast<int>(gone - kept.begin()) + 1, GetNItm());
   items_.KeepItms([&](short i) { return keep[i] == kSelected; });
   return Changed(status::kOk);
 }
 
 void ItmInfo::KeepFirst(int count) {
   if (GetNItm() <= count) return;
-  Disorder(count + 1);
+  Removed(count + 1, GetNItm() - count);
   items_.KeepItms([&](short i) { return i <= count; });
   Changed(status::kOk);
 }
 
 void ItmInfo::NumberInOrder() {
-  if (GetNItm() == 0) return;
-  for (int i = ordered_count_.Get() + 1; i <= GetNItm(); ++i) {
-    const auto position = static_cast<short>(i);
-    GetItm(position)->SetINum(position);
-  }
-  ordered_count_.Set(GetNItm());
+  const short count = GetNItm();
+  if (count == 0) return;
+  // So many ascending numbers from 1 to their count are the positions.
+  const bool is_in_order = DoNumbersAscend() && GetINum(1) == 1 && GetINum(count) == count;
+  for (const short i : PositionsUpTo(is_in_order ? 0 : count)) GetItm(i)->SetINum(i);
   Changed(status::kOk);
 }
 
@@ -184,8 +205,9 @@ int ItmInfo::AddItm(ItmData* item) {
 }
 
 int ItmInfo::DelItm(short i) {
-  Disorder(std::max<int>(i, 1));
-  return Changed(items_.DelItm(i));
+  const int status = items_.DelItm(i);
+  if (status == status::kOk) Removed(i, 1);
+  return Changed(status);
 }
 
 int ItmInfo::Changed(int status) {

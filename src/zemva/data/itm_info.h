@@ -2,7 +2,6 @@
 #ifndef ZEMVA_DATA_ITM_INFO_H
 #define ZEMVA_DATA_ITM_INFO_H
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
@@ -12,6 +11,7 @@
 
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
+#include "zemva/data/ascending_run.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
 
@@ -51,25 +51,6 @@ class ZEMVA_API ItmData {
  private:
   short num_;
   FixedText<25> name_;
-};
-
-// How many items of a table there are of some kind: none once the table was moved from.
-class ItmCount {
- public:
-  ItmCount() = default;
-  ItmCount(const ItmCount&) = default;
-  ItmCount& operator=(const ItmCount&) = default;
-  ItmCount(ItmCount&& other) noexcept : value_(std::exchange(other.value_, 0)) {}
-  ItmCount& operator=(ItmCount&& other) noexcept {
-    value_ = std::exchange(other.value_, 0);
-    return *this;
-  }
-
-  void Set(int value) { value_ = value; }
-  int Get() const { return value_; }
-
- private:
-  int value_ = 0;
 };
 
 // What stands behind an ItmInfo: the name of the table, at most 24 characters, and its items, of
@@ -174,14 +155,15 @@ class ZEMVA_API ItmInfo {
   // The position of the first item with this number or exactly this name; 0 if there is none.
   short GetIx(short num) const;
   short GetIx(const char* name) const;
+  // The largest number of an item; 0 where none is above 0.
+  short GetLargestINum() const;
 
   // Deletes the items whose byte in `keep` is not 1. 8021, with nothing changed, when `keep` has
   // not one byte an item.
   int KeepItms(const XI1Vector& keep);
   // Deletes the items beyond position `count`; never fails.
   void KeepFirst(int count);
-  // Numbers all items by position. For tables whose numbers change by SetINum alone: items that are
-  // known to have them already are passed over.
+  // Numbers all items by position; at once where they are known to have these numbers.
   void NumberInOrder();
 
   // The result code of the last operation, and whether any has changed the table.
@@ -224,12 +206,19 @@ class ZEMVA_API ItmInfo {
   // Keeps the result code of an operation that changed nothing.
   int SetStatus(int status) { return status_ = status; }
 
+  // Of the numbers that a table has for its rows besides those of the items.
+  AscendingRun& GetOwnNumbers() const { return own_numbers_; }
+
  private:
-  // The first item that may not have its position for a number is behind so many.
-  void Disorder(int i) { ordered_count_.Set(std::min(ordered_count_.Get(), i - 1)); }
+  bool DoNumbersAscend() const;
+  void Removed(int first, int count) {
+    numbers_.Removed(first, count);
+    own_numbers_.Removed(first, count);
+  }
 
   PrivateItmInfo items_;
-  ItmCount ordered_count_;
+  mutable AscendingRun numbers_;
+  mutable AscendingRun own_numbers_;
   int status_ = 0;
   bool is_modified_ = false;
 };

@@ -34,13 +34,25 @@ int ObsInfo::DelObsAt(short i) {
   return status;
 }
 
+std::optional<short> ObsInfo::FindAscending(short onum) const {
+  const auto number_of = [&](int i) { return GetONum(static_cast<short>(i)); };
+  return GetOwnNumbers().Find(GetNItm(), onum, number_of);
+}
+
 short ObsInfo::GetOIx(short onum) const {
   const short n = GetNItm();
   const auto matches = [&](const ItmData& row) {
     return static_cast<const ObsData&>(row).GetONum() == onum;
   };
-  short found = FindItm(cursor_, n, matches);
-  if (found == 0) found = FindItm(1, std::min(cursor_, n), matches);
+  short found = FindItm(cursor_, std::min(cursor_, n), matches);
+  if (found == 0) {
+    if (const auto only = FindAscending(onum)) {
+      found = *only;
+    } else {
+      found = FindItm(cursor_, n, matches);
+      if (found == 0) found = FindItm(1, std::min(cursor_, n), matches);
+    }
+  }
   if (found != 0) cursor_ = static_cast<short>(found % n + 1);
   return found;
 }
@@ -54,6 +66,7 @@ int ObsInfo::SetONum(short i, short onum) {
   auto* row = static_cast<ObsData*>(GetItm(i));
   if (row == nullptr) return SetStatus(status::mva::kIndexOutOfRange);
   row->SetONum(onum);
+  GetOwnNumbers().Renumbered(i);
   return Changed(status::kOk);
 }
 

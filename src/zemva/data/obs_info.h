@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
@@ -48,6 +49,8 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   // deleted since, and goes round, so where numbers repeat the answer depends on the look-up
   // before.
   short GetOIx(short onum) const;
+  // Whether the numbers ascend: look-ups are then quick, in whatever order they come.
+  bool DoONumsAscend() const { return FindAscending(0).has_value(); }
   // The position of the first observation with exactly this name, 0 if there is none.
   short GetOIx(const char* name) const { return GetIx(name); }
 
@@ -89,6 +92,7 @@ class ZEMVA_API ObsInfo : public ItmInfo {
 
  private:
   int AddObs(ObsData* row) { return AddItm(row); }
+  std::optional<short> FindAscending(short onum) const;
   const ObsData* GetRow(short i) const { return static_cast<const ObsData*>(GetItm(i)); }
   void ShowRow(short i, StreamWindow& window) const;
 

@@ -170,6 +170,10 @@ int ScaInfo::UpdateAll(const VarInfo* variables, const XFMatrix* matrix) {
   }));
 }
 
+int ScaInfo::AddVar(short vnum, const char* name) {
+  return AddItm(ScaData::BeforeData(vnum, name, EScaType::kUV));
+}
+
 int ScaInfo::AddVars(const ItmInfo& variables) {
   const NumberSet present(*this);
   const short count = GetNItm();
@@ -177,8 +181,7 @@ int ScaInfo::AddVars(const ItmInfo& variables) {
     const auto position = static_cast<short>(j);
     const short vnum = variables.GetINum(position);
     if (present.Has(vnum)) continue;
-    const int status =
-        AddItm(ScaData::BeforeData(vnum, variables.GetINam(position), EScaType::kUV));
+    const int status = AddVar(vnum, variables.GetINam(position));
     if (status == status::kOk) continue;
     KeepFirst(count);
     return SetStatus(status);

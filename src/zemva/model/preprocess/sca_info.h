@@ -123,6 +123,9 @@ class ZEMVA_API ScaInfo : public VariableTable<ScaData> {
   // has.
   int UpdateAll(const VarInfo* variables, const XFMatrix* matrix);
 
+  // Appends a row, scaled to unit variance, for a variable that has none. 8002 when memory runs
+  // out, 7002 when the table is full.
+  int AddVar(short vnum, const char* name);
   // Appends a row, scaled to unit variance, for each item whose number has none. 8002 when memory
   // runs out, 7002 when the table is full; the table is then unchanged.
   int AddVars(const ItmInfo& variables);

@@ -4,6 +4,8 @@
 
 #include <array>
 #include <memory>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "zemva/base/export.h"
@@ -278,7 +280,8 @@ class ZEMVA_API Workset {
   short GetFreeVNum() const;
   bool IsFactor(int j) const { return j >= 1 && j <= variables_->GetNVar() + lags_.GetNItm(); }
   template <typename Row>
-  int Append(VariableTable<Row>& table, const Row& row, short source);
+  int Append(VariableTable<Row>& table, const Row& row, short source, int before);
+  std::unordered_set<std::string> CollectNames() const;
 
   // workset_record.cpp
   bool HasDataOf(const WorksetRecord& record) const;
@@ -351,6 +354,7 @@ class ZEMVA_API Workset {
   TraInfo transformations_{"TraInfo"};
   LagInfo lags_{"LagInfo"};
   ExpInfo terms_{"ExpInfo"};
+  std::unordered_set<std::string> names_;  // of all variables; empty until they are asked for
   bool is_frozen_ = false;
   int status_ = 0;
 };

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "zemva/base/fixed_text.h"
+#include "zemva/base/positions.h"
 #include "zemva/errors/status.h"
 #include "zemva/model/preprocess/number_set.h"
 #include "zemva/model/workset/extraction.h"
@@ -21,34 +22,43 @@ FixedText<25> NameOr(const char* name, const FixedText<25>& default_name) {
 }  // namespace
 
 short Workset::GetFreeVNum() const {
-  NumberSet used;
-  short largest = 0;
-  for (int j = 1; j <= GetNVar(); ++j) {
-    const short vnum = GetVNum(static_cast<short>(j));
-    used.Add(vnum);
-    largest = std::max(largest, vnum);
-  }
+  const short largest =
+      std::max({variables_->GetLargestINum(), lags_.GetLargestINum(), terms_.GetLargestINum()});
   if (largest < kMaxItems) return static_cast<short>(largest + 1);
+  NumberSet used(*variables_);
+  used.Add(lags_);
+  used.Add(terms_);
   short free = 1;
   while (used.Has(free)) ++free;
   return free;
 }
 
-// The table is that of the lagged variables or of the terms.
+std::unordered_set<std::string> Workset::CollectNames() const {
+  std::unordered_set<std::string> names;
+  for (const short j : PositionsUpTo(GetNVar())) names.emplace(GetVNam(j));
+  return names;
+}
+
+// The table is that of the lagged variables or of the terms; `before` is how many variables come
+// before the new one.
 template <typename Row>
-int Workset::Append(VariableTable<Row>& table, const Row& row, short source) {
-  if (GetVIx(row.GetINam()) != 0) return status::mva::kDuplicateName;
+int Workset::Append(VariableTable<Row>& table, const Row& row, short source, int before) {
+  if (names_.empty()) names_ = CollectNames();
   // From the last step that can fail on there is no memory to ask for.
-  usages_.reserve(usages_.size() + 1);
+  if (usages_.size() == usages_.capacity()) usages_.reserve(2 * usages_.size());
+  const auto [name, is_new] = names_.emplace(row.GetINam());
+  if (!is_new) return status::mva::kDuplicateName;
   int status = table.AddItm(row);
-  if (status != status::kOk) return status;
-  status = scalings_.FixAddedVars(GetNVarDS(), &lags_, &terms_);
+  if (status == status::kOk) {
+    status = scalings_.AddVar(row.GetINum(), row.GetINam());
+    if (status != status::kOk) table.KeepFirst(table.GetNItm() - 1);
+  }
   if (status != status::kOk) {
-    table.KeepFirst(table.GetNItm() - 1);
+    names_.erase(name);
     return status;
   }
   const Usage usage = {EVarRole::kX, GetBlock(source)};
-  usages_.insert(usages_.begin() + (GetVIx(row.GetINum()) - 1), usage);
+  usages_.insert(usages_.begin() + before, usage);
   return status::kOk;
 }
 
@@ -57,7 +67,8 @@ int Workset::AddLagged(short j, short lag, const char* name) {
     if (j < 1 || j > GetNVarDS()) return status::mva::kMissingUnderlyingTerm;
     if (lag < 1 || GetNVar() == kMaxItems) return status::mva::kIndexOutOfRange;
     const auto own_name = NameOr(name, LagData::DefaultName(lag, GetVNam(j)));
-    return Append(lags_, LagData(GetFreeVNum(), own_name.Get(), GetVNum(j), lag, kMissing, 0), j);
+    return Append(lags_, LagData(GetFreeVNum(), own_name.Get(), GetVNum(j), lag, kMissing, 0), j,
+                  GetNVarDS() + lags_.GetNItm());
   });
 }
 
@@ -76,7 +87,8 @@ int Workset::AddTerm(short j, short j2, short j3, const char* name) {
         NameOr(name, ExpData::DefaultName('X', factors[0], factors[1], factors[2]));
     return Append(
         terms_,
-        ExpData(GetFreeVNum(), own_name.Get(), factors[0], factors[1], factors[2], kMissing), j);
+        ExpData(GetFreeVNum(), own_name.Get(), factors[0], factors[1], factors[2], kMissing), j,
+        GetNVar());
   });
 }
 
@@ -90,20 +102,21 @@ int Workset::DelAdded(short j) {
       }
     }
     const char block = GetBlock(j);
+    names_.clear();
     if (IsFactor(j)) {
       lags_.DelItm(lags_.FindVar(vnum));
     } else {
       terms_.DelItm(terms_.FindVar(vnum));
     }
     usages_.erase(usages_.begin() + (j - 1));
-    if (std::ranges::count(usages_, block, &Usage::block) < kSmallestBlock) {
+    if (block != kNoBlock && std::ranges::count(usages_, block, &Usage::block) < kSmallestBlock) {
       for (Usage& usage : usages_) {
         if (usage.block == block) usage.block = kNoBlock;
       }
     }
     const short transformation = transformations_.FindVar(vnum);
     if (transformation != 0) transformations_.DelItm(transformation);
-    return scalings_.FixAddedVars(GetNVarDS(), &lags_, &terms_);
+    return scalings_.DelItm(scalings_.FindVar(vnum));
   });
 }
 

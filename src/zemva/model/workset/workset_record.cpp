@@ -102,6 +102,7 @@ int Workset::TakeRecord(const WorksetRecord& record) {
     transformations_ = std::move(transformations);
     lags_ = std::move(lags);
     terms_ = std::move(terms);
+    names_.clear();
     return status::kOk;
   });
 }
