@@ -65,9 +65,17 @@ class SampleFile {
   bool is_made_ = false;
 };
 
+// Memory that was given back before would be no fresh memory, as a program that starts has it.
+void GiveBackMemory() {
+#if defined(__GLIBC__)
+  malloc_trim(0);
+#endif
+}
+
 // The file's bytes into memory that was just allocated, as fast as the system gives them.
 double PlainReadSeconds(const char* path) {
   const auto size = static_cast<std::size_t>(std::filesystem::file_size(path));
+  GiveBackMemory();
   const auto start = Clock::now();
   const std::unique_ptr<char[]> bytes(new char[size]);
   std::FILE* file = std::fopen(path, "rb");
@@ -77,11 +85,9 @@ double PlainReadSeconds(const char* path) {
   return got == size ? Seconds(start, Clock::now()) : 0.0;
 }
 
-// The same for a load. Memory that earlier loads gave back would be no fresh memory.
+// The same for a load.
 double LoadSeconds(const char* path) {
-#if defined(__GLIBC__)
-  malloc_trim(0);
-#endif
+  GiveBackMemory();
   StreamWindow window;
   const auto start = Clock::now();
   Dataset dataset("Bench", path, window);
@@ -143,6 +149,7 @@ void ModelFile(benchmark::State& state) {
     model->Save(1);
     save = std::min(save, Seconds(start, Clock::now()));
     read = std::min(read, PlainReadSeconds(path.c_str()));
+    GiveBackMemory();
     start = Clock::now();
     int status = 0;
     const std::unique_ptr<Model> loaded(

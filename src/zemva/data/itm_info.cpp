@@ -7,6 +7,7 @@
 #include "zemva/base/positions.h"
 #include "zemva/data/itm_listing.h"
 #include "zemva/data/selection.h"
+#include "zemva/errors/memory_guard.h"
 
 namespace zemva {
 namespace {
@@ -111,6 +112,13 @@ ItmInfo& ItmInfo::operator=(const ItmInfo& other) {
 
 ItmInfo::~ItmInfo() = default;
 
+int ItmInfo::Reserve(int count) {
+  return SetStatus(MemoryGuarded([&] {
+    items_.Reserve(count);
+    return status::kOk;
+  }));
+}
+
 int ItmInfo::DelAll() {
   Removed(1, GetNItm());
   items_.DelAll();
@@ -163,9 +171,12 @@ short ItmInfo::GetLargestINum() const {
   return largest;
 }
 
+std::optional<short> ItmInfo::FindAscending(short num) const {
+  return numbers_.Find(GetNItm(), num, [&](int i) { return GetINum(static_cast<short>(i)); });
+}
+
 short ItmInfo::GetIx(short num) const {
-  const auto number_of = [&](int i) { return GetINum(static_cast<short>(i)); };
-  if (const auto found = numbers_.Find(GetNItm(), num, number_of)) return *found;
+  if (const auto only = FindAscending(num)) return *only;
   return FindItm(1, GetNItm(), [&](const ItmData& item) { return item.GetINum() == num; });
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -84,6 +85,10 @@ class ZEMVA_API PrivateItmInfo {
   // Codes: 7001 for null; 7002 when the table is full; 8002 when memory runs out. The item is then
   // destroyed and the table unchanged.
   int AddItm(std::unique_ptr<ItmData> item);
+  // Makes room for `count` items. Throws std::bad_alloc.
+  void Reserve(int count) {
+    items_.reserve(static_cast<std::size_t>(free_count_.Get()) + static_cast<std::size_t>(count));
+  }
   // 7002 for a bad position.
   int DelItm(short i);
   // Deletes the items i for which `is_kept(i)` is false.
@@ -136,6 +141,8 @@ class ZEMVA_API ItmInfo {
   ItmInfo& operator=(ItmInfo&&) = default;
   virtual ~ItmInfo();
 
+  // Makes room for `count` items in all: none is moved as they come. 8002 when memory runs out.
+  int Reserve(int count);
   // Destroys all items.
   virtual int DelAll();
   // List all items, or the one at i. They return 0.
@@ -206,6 +213,9 @@ class ZEMVA_API ItmInfo {
   // Keeps the result code of an operation that changed nothing.
   int SetStatus(int status) { return status_ = status; }
 
+  // The position of the item with a number, 0 if there is none, found by halving; nothing where the
+  // numbers do not ascend.
+  std::optional<short> FindAscending(short num) const;
   // Of the numbers that a table has for its rows besides those of the items.
   AscendingRun& GetOwnNumbers() const { return own_numbers_; }
 

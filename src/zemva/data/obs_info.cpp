@@ -34,7 +34,7 @@ int ObsInfo::DelObsAt(short i) {
   return status;
 }
 
-std::optional<short> ObsInfo::FindAscending(short onum) const {
+std::optional<short> ObsInfo::FindAscendingONum(short onum) const {
   const auto number_of = [&](int i) { return GetONum(static_cast<short>(i)); };
   return GetOwnNumbers().Find(GetNItm(), onum, number_of);
 }
@@ -46,7 +46,7 @@ short ObsInfo::GetOIx(short onum) const {
   };
   short found = FindItm(cursor_, std::min(cursor_, n), matches);
   if (found == 0) {
-    if (const auto only = FindAscending(onum)) {
+    if (const auto only = FindAscendingONum(onum)) {
       found = *only;
     } else {
       found = FindItm(cursor_, n, matches);

@@ -50,7 +50,7 @@ class ZEMVA_API ObsInfo : public ItmInfo {
   // before.
   short GetOIx(short onum) const;
   // Whether the numbers ascend: look-ups are then quick, in whatever order they come.
-  bool DoONumsAscend() const { return FindAscending(0).has_value(); }
+  bool DoONumsAscend() const { return FindAscendingONum(0).has_value(); }
   // The position of the first observation with exactly this name, 0 if there is none.
   short GetOIx(const char* name) const { return GetIx(name); }
 
@@ -92,7 +92,7 @@ class ZEMVA_API ObsInfo : public ItmInfo {
 
  private:
   int AddObs(ObsData* row) { return AddItm(row); }
-  std::optional<short> FindAscending(short onum) const;
+  std::optional<short> FindAscendingONum(short onum) const;
   const ObsData* GetRow(short i) const { return static_cast<const ObsData*>(GetItm(i)); }
   void ShowRow(short i, StreamWindow& window) const;
 

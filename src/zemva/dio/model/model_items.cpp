@@ -149,7 +149,7 @@ void TakeErrors(ModelRecord& model, PayloadReader& payload) {
 }
 
 bool WasLoaded(const ModelRecord& model) {
-  return model.x.info.has_value();
+  return model.x.info != nullptr;
 }
 
 // clang-format off
@@ -281,7 +281,7 @@ constexpr auto Join(const std::array<Item, Sizes>&... parts) {
 using BItem = StoredItem<BlockRecord>;
 
 bool HasInfo(const BlockRecord& block) {
-  return block.info.has_value();
+  return block.info != nullptr;
 }
 
 bool IsCentred(const BlockRecord& block) {
@@ -290,7 +290,9 @@ bool IsCentred(const BlockRecord& block) {
 
 // What was not there until the first of its items came.
 CentInfo& Info(BlockRecord& block) {
-  if (!block.info) block.info.emplace(block.block == EBlock::kX ? 'X' : 'Y', 0, 0);
+  if (!block.info) {
+    block.info = std::make_shared<CentInfo>(block.block == EBlock::kX ? 'X' : 'Y', 0, 0);
+  }
   return *block.info;
 }
 

@@ -29,8 +29,9 @@ void AddRows(const Table& table, PayloadWriter& payload, Add add) {
 
 // Calls take(number, name) for each of `count` rows; it returns the status of the table.
 template <class Take>
-void TakeRows(PayloadReader& payload, int count, Take take) {
+void TakeRows(PayloadReader& payload, int count, ItmInfo& table, Take take) {
   if (!payload.Has<char>(std::int64_t{count} * kSmallestRow)) return;
+  if (table.Reserve(count) != status::kOk) throw std::bad_alloc();
   for (int i = 1; i <= count && payload.IsWhole(); ++i) {
     const auto number = payload.Take<short>();
     if (take(number, payload.TakeText()) != status::kOk) throw std::bad_alloc();
@@ -81,7 +82,7 @@ void TakeTable(PayloadReader& payload, std::shared_ptr<ObsInfo>& table) {
   payload.TakeText();
   for (int i = 1; i <= kLabelCount; ++i) table->SetLabel(i, payload.TakeText());
   if (payload.Take<short>() != payload.GetExtent(0)) payload.Fail();
-  TakeRows(payload, payload.GetExtent(0),
+  TakeRows(payload, payload.GetExtent(0), *table,
            [&](short number, const char* name) { return table->AddObs(number, name); });
   table->ClearIsModified();
 }
@@ -117,7 +118,7 @@ void AddTable(const VarInfo& table, PayloadWriter& payload) {
 
 void TakeTable(PayloadReader& payload, std::shared_ptr<VarInfo>& table) {
   table = std::make_shared<VarInfo>("VarInfo");
-  TakeRows(payload, payload.GetExtent(0),
+  TakeRows(payload, payload.GetExtent(0), *table,
            [&](short number, const char* name) { return table->AddVar(number, name); });
   table->ClearIsModified();
 }
@@ -136,7 +137,7 @@ void AddTable(const ScaInfo& table, PayloadWriter& payload) {
 
 void TakeTable(PayloadReader& payload, std::shared_ptr<ScaInfo>& table) {
   table = std::make_shared<ScaInfo>("ScaInfoX");
-  TakeRows(payload, payload.GetExtent(0), [&](short number, const char* name) {
+  TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
     const EScaType type = TakeType(payload, EScaType::kRng);
     float values[5];
     payload.Take(std::span<float>(values));
@@ -158,7 +159,7 @@ void AddTable(const TraInfo& table, PayloadWriter& payload) {
 
 void TakeTable(PayloadReader& payload, std::shared_ptr<TraInfo>& table) {
   table = std::make_shared<TraInfo>("TraInfoX");
-  TakeRows(payload, payload.GetExtent(0), [&](short number, const char* name) {
+  TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
     const ETraType type = TakeType(payload, ETraType::kPower);
     float values[3];
     payload.Take(std::span<float>(values));
@@ -176,7 +177,7 @@ void AddTable(const ExpInfo& table, PayloadWriter& payload) {
 
 void TakeTable(PayloadReader& payload, std::shared_ptr<ExpInfo>& table) {
   table = std::make_shared<ExpInfo>("ExpInfoX");
-  TakeRows(payload, payload.GetExtent(0), [&](short number, const char* name) {
+  TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
     short factors[3];
     payload.Take(std::span<short>(factors));
     const auto modifier = payload.Take<float>();
@@ -196,7 +197,7 @@ void AddTable(const LagInfo& table, PayloadWriter& payload) {
 
 void TakeTable(PayloadReader& payload, std::shared_ptr<LagInfo>& table) {
   table = std::make_shared<LagInfo>("LagInfoX");
-  TakeRows(payload, payload.GetExtent(0), [&](short number, const char* name) {
+  TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
     const auto source = payload.Take<short>();
     const auto lag = payload.Take<short>();
     const auto lambda = payload.Take<float>();
@@ -225,7 +226,7 @@ void TakeTable(PayloadReader& payload, std::shared_ptr<BlkInfo>& table) {
   if (!payload.Has<char>(variable_count)) return;
   table = std::make_shared<BlkInfo>("BlkInfoX", static_cast<short>(variable_count));
   Check(*table);
-  TakeRows(payload, payload.GetExtent(0), [&](short number, const char* name) {
+  TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
     if (number < 1 || number > BlkInfo::kMaxBlock) payload.Fail();
     const auto type = TakeType(payload, BlkInfo::kFourthRoot);
     const auto count = payload.Take<short>();

@@ -3,7 +3,6 @@
 #define ZEMVA_MODEL_BLOCK_BLOCK_RECORD_H
 
 #include <memory>
-#include <optional>
 
 #include "zemva/data/blk_info.h"
 #include "zemva/data/var_info.h"
@@ -33,7 +32,7 @@ struct BlockRecord {
   std::shared_ptr<TraInfo> transformations;
   std::shared_ptr<ExpInfo> terms;
   std::shared_ptr<LagInfo> lags;
-  std::optional<CentInfo> info;      // there once anything was loaded
+  std::shared_ptr<CentInfo> info;    // there once anything was loaded; shared with the block
   std::shared_ptr<XFMatrix> values;  // of loaded responses: what was observed is a result
 };
 

@@ -74,7 +74,7 @@ void DataBlock::Unload() {
 }
 
 void DataBlock::DescribeLoaded() {
-  info_.emplace(GetLetter(), values_->NRow(), values_->NCol());
+  info_ = std::make_shared<CentInfo>(GetLetter(), values_->NRow(), values_->NCol());
   Take(values_->Avg(""), info_->loaded_average);
   Take(values_->MinCol(""), info_->smallest);
   Take(values_->MaxCol(""), info_->largest);
@@ -129,7 +129,7 @@ int DataBlock::MakeCentred(bool is_centred, ModelLog& log,
   made->lags_ = lags_;
   made->blocks_ = blocks_;
   made->preparation_ = preparation_;
-  made->info_ = info_;
+  made->info_ = std::make_shared<CentInfo>(*info_);
   const int status = made->Center(is_centred, log);
   if (status == status::kOk) centred = std::move(made);
   return status;

@@ -101,8 +101,8 @@ class DataBlock {
   ResidualMatrix& GetResiduals() { return *residuals_; }
   const ResidualMatrix& GetResiduals() const { return *residuals_; }
 
-  // The record of component 0 and how the matrix was made: there once anything was loaded.
-  const std::optional<CentInfo>& GetInfo() const { return info_; }
+  // The record of component 0, null until anything is loaded, and how the matrix was made.
+  const CentInfo* GetInfo() const { return info_.get(); }
   const Preparation& GetPreparation() const { return *preparation_; }
   bool HasPreparation() const { return preparation_ != nullptr; }
 
@@ -143,7 +143,7 @@ class DataBlock {
   std::shared_ptr<LagInfo> lags_;
   std::shared_ptr<BlkInfo> blocks_;
   std::shared_ptr<const Preparation> preparation_;
-  std::optional<CentInfo> info_;
+  std::shared_ptr<CentInfo> info_;
   std::optional<ResidualMatrix> residuals_;
 };
 

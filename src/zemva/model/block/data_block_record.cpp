@@ -53,11 +53,11 @@ DataBlock::DataBlock(EModType type, const BlockRecord& record, const XI1Vector& 
   if (!info_) return;
   if (!record.IsOfLoaded()) variables_ = nullptr;
   // Nothing has modelling power before the first component, and what is not centred no centre.
-  const int row_count = info_->loaded.sso.NVal();
-  const CentInfo empty(GetLetter(), row_count, record.column_count);
+  const bool has_centre = GetStage(0) != nullptr;
+  const CentInfo empty(GetLetter(), has_centre ? 0 : info_->loaded.sso.NVal(), record.column_count);
   info_->loaded.mpow = empty.loaded.mpow;
   info_->average = empty.average;
-  if (GetStage(0) == nullptr) {
+  if (!has_centre) {
     info_->reference = empty.reference;
     info_->centred = empty.centred;
   } else {

@@ -54,8 +54,8 @@ int Model::ShowCent(StreamWindow& window) {
 }
 
 void Model::ShowCentre(const DataBlock& block, StreamWindow& window) const {
-  const auto& info = block.GetInfo();
-  if (!info) return;
+  const CentInfo* const info = block.GetInfo();
+  if (info == nullptr) return;
   Listing list(window);
   list.Right(6, "VNum").Right(26, "VNam").Right(14, info->reference.GetName()).Right(14, "Weig");
   list.Right(14, info->centred.ssv.GetName()).Right(14, info->centred.s2v.GetName()).EndLine();

@@ -36,11 +36,18 @@ class VariableTable : public ItmInfo {
   // The row at a position, the table's own; null for a bad one.
   const Row* GetItm(short i) const { return static_cast<const Row*>(ItmInfo::GetItm(i)); }
   // The position of the row of a variable, 0 if it has none. Look-ups come in the order of the
-  // rows: the row found last and the one behind it are looked at first.
+  // rows: the search starts at the row found last and, where numbers do not ascend, goes round.
   short FindVar(short vnum) const {
     const auto matches = [&](const ItmData& row) { return row.GetINum() == vnum; };
     short found = FindItm(cursor_, std::min<int>(cursor_ + 1, GetNItm()), matches);
-    if (found == 0) found = GetIx(vnum);
+    if (found == 0) {
+      if (const auto only = FindAscending(vnum)) {
+        found = *only;
+      } else {
+        found = FindItm(cursor_, GetNItm(), matches);
+        if (found == 0) found = FindItm(1, std::min<int>(cursor_ - 1, GetNItm()), matches);
+      }
+    }
     if (found != 0) cursor_ = found;
     return found;
   }
