@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <random>
 #include <vector>
 
@@ -187,51 +186,6 @@ TEST(Nipals, TakesCompleteDataTheSameWayBesideAnEmptyRowAndAnExcludedColumn) {
   EXPECT_EQ(beside, complete);
 }
 
-TEST(Nipals, RecoversATableOfRankOneFromWhatIsLeftOfIt) {
-  Table table(12, std::vector<float>(6));
-  for (std::size_t i = 0; i < 12; ++i) {
-    for (std::size_t k = 0; k < 6; ++k) {
-      table[i][k] = (i + 2 * k) % 4 == 0 ? kMissing : float(int(i) - 5) * float(k + 1);
-    }
-  }
-  const Fit fit = FitOf(ResidualMatrix(MatrixOf(table)), LeftOut());
-  for (std::size_t i = 0; i < 12; ++i) {
-    for (std::size_t k = 0; k < 6; ++k) {
-      EXPECT_NEAR(fit.t[i] * fit.p[k], double(int(i) - 5) * double(k + 1), 1e-5 * 36);
-    }
-  }
-}
-
-TEST(Nipals, ComponentsAreOrthogonalAndAddUpToTheTable) {
-  const Table table = RandomTable(40, 10, 0);
-  ResidualMatrix residuals(MatrixOf(table));
-  std::vector<Fit> fits;
-  for (int a = 0; a < 3; ++a) {
-    const auto total = [&](const std::vector<double>& squares) {
-      return std::accumulate(squares.begin(), squares.end(), 0.0);
-    };
-    const double before = total(residuals.ColumnSquares());
-    fits.push_back(FitOf(residuals, LeftOut()));
-    const Fit& fit = fits.back();
-    residuals.Subtract(fit.t, fit.p);
-    const auto dot = [](const std::vector<float>& x, const std::vector<float>& y) {
-      return std::inner_product(x.begin(), x.end(), y.begin(), 0.0);
-    };
-    EXPECT_NEAR(dot(fit.p, fit.p), 1, 1e-6);
-    EXPECT_NEAR(before - total(residuals.RowSquares()), dot(fit.t, fit.t), 1e-5 * before);
-    EXPECT_NEAR(dot(fit.t, fits[0].t), a ? 0 : dot(fit.t, fit.t), 1e-4 * before);
-  }
-  XFMatrix left("X", 40, 10, 0.0f);
-  residuals.CopyTo(left);
-  for (std::size_t i = 0; i < 40; ++i) {
-    std::vector<float> sum{left.Row(int(i) + 1).begin(), left.Row(int(i) + 1).end()};
-    for (const Fit& fit : fits) {
-      for (std::size_t k = 0; k < 10; ++k) sum[k] += fit.t[i] * fit.p[k];
-    }
-    ExpectNear(sum, table[i]);
-  }
-}
-
 TEST(Nipals, StopsOneIterationPastTheLimit) {
   const ResidualMatrix residuals(MatrixOf(RandomTable(20, 6, 0.1)));
   EXPECT_EQ(FitOf(residuals, LeftOut(), {0}).result.iterations, 1);
@@ -326,27 +280,6 @@ TEST(Projection, RefusesAColumnThatNoScoreSupports) {
     Projected e(c.table, c.left_out);
     std::vector<double> loadings(2);
     EXPECT_EQ(e.projection.OntoColumns(c.scores, {3.0, {}}, loadings), c.status);
-  }
-}
-
-TEST(Projection, LeavesOutWholeRows) {
-  const Table table = RandomTable(11, 6, 0.1);
-  Table others;
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    if ((i + 1) % 3 != 2) others.push_back(table[i]);
-  }
-  const Fit expected = FitOf(ResidualMatrix(MatrixOf(others)), LeftOut());
-  const ResidualMatrix residuals(MatrixOf(table));
-  Fit fit = FitOf(residuals, LeftOut::Rows(3, 5));
-  ExpectNear(fit.p, expected.p);
-  std::vector<float> all(11), left(11, kNone);
-  Projection(residuals, LeftOut()).OntoRows(fit.p, 1, {}, all);
-  const LeftOut other_rows = LeftOut::OtherRows(3, 5);
-  Projection(residuals, other_rows).OntoRows(fit.p, 1, {}, left);
-  for (std::size_t i = 0; i < 11; ++i) {
-    const bool is_left_out = (i + 1) % 3 == 2;
-    EXPECT_EQ(IsMissing(fit.t[i]), is_left_out);
-    EXPECT_EQ(left[i], is_left_out ? all[i] : kNone);
   }
 }
 

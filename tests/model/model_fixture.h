@@ -43,6 +43,18 @@ class Owner : public ModelOwner {
   std::size_t stops_at = static_cast<std::size_t>(-1);
 };
 
+inline double D(float value) {
+  return static_cast<double>(value);
+}
+
+// Of term(1) to term(count).
+template <typename Term>
+double Sum(int count, Term term) {
+  double sum = 0.0;
+  for (const short i : PositionsUpTo(count)) sum += D(term(i));
+  return sum;
+}
+
 // Names "a", "b" and so on.
 inline std::string Letters(int count) {
   std::string letters;
@@ -108,6 +120,16 @@ struct PLSBench : BenchOf<PLSModel> {
     for (const short j : PositionsUpTo(workset.GetNVar())) workset.SetScaling(j, EScaType::kNone);
   }
 };
+
+// A listing but for the times at which models were made.
+inline std::string WithoutDates(std::string listing) {
+  const std::string created = " Created       : ";
+  for (std::size_t at = 0; (at = listing.find(created, at)) != std::string::npos;) {
+    at += created.size();
+    listing.erase(at, listing.find('\n', at) - at);
+  }
+  return listing;
+}
 
 inline std::unique_ptr<Dataset> Sample(const std::string& name) {
   auto dataset = std::make_unique<Dataset>("Sample", (ZEMVA_SAMPLES "/" + name + ".vdo").c_str(),

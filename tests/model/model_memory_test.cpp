@@ -12,15 +12,8 @@
 namespace zemva {
 namespace {
 
-// But for the time of its making.
 std::string AnswersOf(Model& model) {
-  std::string answers = test::AnswersOf(model);
-  const std::string created = " Created       : ";
-  for (std::size_t at = 0; (at = answers.find(created, at)) != std::string::npos;) {
-    at += created.size();
-    answers.erase(at, answers.find('\n', at) - at);
-  }
-  return answers;
+  return test::WithoutDates(test::AnswersOf(model));
 }
 
 // Fits a model, executes it on both sets, saves it and reads it again. The status.

@@ -2,17 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "model/model_fixture.h"
-#include "support/temp_folder.h"
 
 namespace zemva {
 namespace {
 
 using test::Bench;
+using test::D;
 using test::Noise;
 using test::Rows;
 
@@ -38,10 +37,11 @@ TEST(Model, TellsEachComponentAndItsVerdict) {
             " R2X(cum)[3] = 0.957\n");
   EXPECT_TRUE(bench.model.IsLogWritten());
   const PCModel& model = bench.model;
-  EXPECT_NEAR(static_cast<double>(model.GetQ2X(3)), 0.6593, 1e-4);
-  EXPECT_NEAR(static_cast<double>(model.GetQ2VAX(1, 2)), 0.620, 5e-4);
-  EXPECT_NEAR(static_cast<double>(model.GetQ2VAX(2, 4)), -0.124, 5e-4);
-  EXPECT_NEAR(static_cast<double>(model.GetQ2VX(2, 1)), 1 - (1 - 0.409) * (1 - 0.371), 1e-3);
+  EXPECT_NEAR(D(model.GetQ2X(3)), 0.6593, 1e-4);
+  EXPECT_NEAR(D(model.GetQ2VAX(1, 2)), 0.620, 5e-4);
+  EXPECT_NEAR(D(model.GetQ2VAX(2, 4)), -0.124, 5e-4);
+  EXPECT_NEAR(D(model.GetQ2VX(2, 1)), 1 - (1 - 0.409) * (1 - 0.371), 1e-3);
+  EXPECT_EQ(model.GetQ2Limit(5), 1.0f);
   EXPECT_STREQ(model.GetSignRule(1), "R1");
   EXPECT_STREQ(model.GetSignRule(2), "N5");
   EXPECT_STREQ(model.GetSignRule(3), "N3");
@@ -70,8 +70,7 @@ TEST(Model, WithTheRulesARefusedComponentIsNotKept) {
   Bench one(test::Sample("airquality"));
   ASSERT_EQ(one.Compute(1), 0);
   for (short k = 1; k <= 6; ++k) {
-    EXPECT_NEAR(static_cast<double>(model.GetXResLS(1, 1, k)),
-                static_cast<double>(one.model.GetXResLS(1, 1, k)), 1e-5);
+    EXPECT_NEAR(D(model.GetXResLS(1, 1, k)), D(one.model.GetXResLS(1, 1, k)), 1e-5);
   }
 }
 
@@ -83,40 +82,24 @@ TEST(Model, JudgesByEigenvalueAndSize) {
   EXPECT_EQ(bench.model.GetA(), 1);
   EXPECT_EQ(bench.window.log, " R2X(cum)[1] = 0.730\n R2X(cum)[2] = 0.958\n");
 
-  // 9 observations: a component beyond 9 / 3 + 1.
+  // 9 observations: a component beyond 9 / 3 + 1. With the rules it is refused before it is fitted,
+  // here behind four contrasts of equal size, each in five columns.
+  Rows contrasts(9, std::vector<float>(20));
+  for (std::size_t k = 0; k < 20; ++k) {
+    contrasts[k % 4 * 2][k] = 1;
+    contrasts[k % 4 * 2 + 1][k] = -1;
+  }
   for (const bool is_rule : {false, true}) {
-    Bench wide(test::Letters(20), Noise().Table(9, 20));
+    Bench wide(test::Letters(20), is_rule ? contrasts : Noise().Table(9, 20));
     wide.options.SetIsRule(is_rule);
     wide.options.SetRuleValidate(EValidate::Eig);
     EXPECT_EQ(wide.Compute(5), is_rule ? 8029 : 0);
-    if (is_rule) continue;
+    EXPECT_EQ(wide.model.GetA(), is_rule ? 4 : 5);
     EXPECT_EQ(wide.model.GetVerdict(4), EVerdict::kNone);
-    EXPECT_EQ(wide.model.GetVerdict(5), EVerdict::kRule3);
+    EXPECT_EQ(wide.model.GetVerdict(5), is_rule ? EVerdict::kNone : EVerdict::kRule3);
+    if (!is_rule) continue;
+    EXPECT_TRUE(wide.window.log.ends_with("\nNot significant component acc. to rule 3.\n"));
   }
-}
-
-TEST(Model, WithTheRulesRefusesByRule3BeforeFitting) {
-  // Six directions of falling size in 9 observations: four are significant, and a fifth is one more
-  // than 9 / 3 + 1.
-  Noise noise;
-  const Rows scores = noise.Table(9, 6);
-  const Rows loadings = noise.Table(6, 20);
-  Rows rows(9, std::vector<float>(20));
-  for (std::size_t i = 0; i < 9; ++i) {
-    for (std::size_t k = 0; k < 20; ++k) {
-      float size = 1.0f;
-      for (std::size_t r = 0; r < 6; ++r, size *= 0.6f) {
-        rows[i][k] += size * scores[i][r] * loadings[r][k];
-      }
-    }
-  }
-  Bench bench(test::Letters(20), rows);
-  bench.options.SetIsRule(true);
-  EXPECT_EQ(bench.Compute(), 8029);
-  EXPECT_EQ(bench.model.GetA(), 4);
-  EXPECT_NE(bench.window.log.find("\n R2X(cum)[4] = "), std::string::npos);
-  EXPECT_TRUE(bench.window.log.ends_with("\nNot significant component acc. to rule 3.\n"))
-      << bench.window.log;
 }
 
 TEST(Model, CountsQ2OfTheTotalWithTheOtherDefinition) {
@@ -125,9 +108,9 @@ TEST(Model, CountsQ2OfTheTotalWithTheOtherDefinition) {
   bench.options.SetSeqValidate(EValidate::CV);
   bench.options.SetXOpt1(1);
   ASSERT_EQ(bench.Compute(2), 0);
-  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2AX(1)), 0.6162, 1e-4);
-  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2AX(2)), 0.5135 * 0.27038, 1e-4);
-  EXPECT_NEAR(static_cast<double>(bench.model.GetQ2X(2)), 0.6162 + 0.5135 * 0.27038, 1e-4);
+  EXPECT_NEAR(D(bench.model.GetQ2AX(1)), 0.6162, 1e-4);
+  EXPECT_NEAR(D(bench.model.GetQ2AX(2)), 0.5135 * 0.27038, 1e-4);
+  EXPECT_NEAR(D(bench.model.GetQ2X(2)), 0.6162 + 0.5135 * 0.27038, 1e-4);
 }
 
 TEST(Model, TellsTheCriticalDistances) {
@@ -139,12 +122,11 @@ TEST(Model, TellsTheCriticalDistances) {
   bench.window.log.clear();
   ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
   EXPECT_EQ(bench.window.log, "Executing WS: Model UnNamed\nDCritWS = 1.755 DCritTS = 1.749\n");
-  EXPECT_NEAR(static_cast<double>(bench.model.GetDCritTrSLS()),
+  EXPECT_NEAR(D(bench.model.GetDCritTrSLS()),
               std::sqrt(147.0 / 2 * (std::pow(0.05, -2.0 / 147) - 1)), 1e-4);
   bench.options.SetIsNormDistLS(false);
   ASSERT_EQ(bench.model.ExecLS(char{2}), 0);
-  EXPECT_NEAR(static_cast<double>(bench.model.GetDCritTrSLS()),
-              1.74860 * std::sqrt(static_cast<double>(bench.model.GetS2X(2))), 1e-4);
+  EXPECT_NEAR(D(bench.model.GetDCritTrSLS()), 1.74860 * std::sqrt(D(bench.model.GetS2X(2))), 1e-4);
 }
 
 TEST(Model, RefusesASmallComponentByRule4) {
@@ -199,15 +181,6 @@ TEST(Model, RefusesSettingsThatThereAreNot) {
   }
 }
 
-TEST(Model, EndsWhereNoFurtherComponentIsPossible) {
-  Bench bench("ab", Noise().Table(6, 2));
-  bench.options.SetNComp(5);
-  EXPECT_EQ(bench.model.Compute(), 8012);
-  EXPECT_EQ(bench.model.Compute(), 8012);
-  EXPECT_EQ(bench.model.Compute(), 0);
-  EXPECT_EQ(bench.model.GetA(), 2);
-}
-
 TEST(Model, AdjustsTheNumberOfGroups) {
   Bench many("ab", Noise().Table(6, 2));
   many.options.SetNCV(100);
@@ -229,12 +202,19 @@ TEST(Model, RefusesWhatItCannotBeMadeOf) {
   for (auto& row : constant) row[1] = 7;
   Rows empty = rows;
   for (auto& row : empty) row[0] = kM;
+  // b is there only where a is at its average; c in every second observation, which one of two
+  // rounds leaves out.
+  const Rows unreached = {{-1, kM}, {1, kM}, {-1, kM}, {1, kM}, {0, 1}, {0, 2}, {0, 3}, {0, 5}};
+  Rows sparse = Noise().Table(8, 3);
+  for (std::size_t i = 1; i < 8; i += 2) sparse[i][2] = kM;
   const struct {
     Rows rows;
     int status;
     std::string log;
   } cases[] = {
       {Rows(rows.begin(), rows.begin() + 3), 8020, ""},
+      {unreached, 8042, ""},
+      {sparse, 8043, ""},
       {rows, 0, " R2X(cum)[1] = "},
       {missing, 8039,
        "X variable 200, b has less than 4 non-missing values.\n"
@@ -252,7 +232,9 @@ TEST(Model, RefusesWhatItCannotBeMadeOf) {
        "Undefined scaling weight for X-variable 200 b\n"},
   };
   for (const auto& c : cases) {
-    Bench bench(test::Letters(2), c.rows);
+    Bench bench(test::Letters(static_cast<int>(c.rows[0].size())), c.rows);
+    bench.options.SetNCV(2);
+    bench.options.SetSeqValidate(c.status == 8043 ? EValidate::CV : EValidate::NoCV);
     EXPECT_EQ(bench.Compute(), c.status);
     EXPECT_EQ(bench.window.log.substr(0, c.log.size()), c.log);
     if (c.status == 0) continue;
@@ -297,27 +279,6 @@ TEST(Model, GoesOnOverTheLimitsUnlessToldNotTo) {
         "Continue model computation?";
     EXPECT_EQ(bench.owner.questions, is_refused ? first : first + second);
   }
-}
-
-TEST(Model, RefusesAVariableThatNoScoreReaches) {
-  // b is there only where a is at its average.
-  Rows rows = {{-1, kM}, {1, kM}, {-1, kM}, {1, kM}, {0, 1}, {0, 2}, {0, 3}, {0, 5}};
-  Bench bench("ab", rows);
-  EXPECT_EQ(bench.Compute(), 8042);
-  EXPECT_EQ(bench.model.GetA(), 0);
-
-  // c is there in every second observation, which one of two rounds leaves out.
-  Rows sparse = Noise().Table(8, 3);
-  for (std::size_t i = 1; i < 8; i += 2) sparse[i][2] = kM;
-  Bench validated("abc", sparse);
-  validated.options.SetNCV(2);
-  validated.options.SetSeqValidate(EValidate::CV);
-  EXPECT_EQ(validated.Compute(), 8043);
-  EXPECT_EQ(validated.model.GetA(), 0);
-  // Without the validation nothing stands against it.
-  EXPECT_EQ(validated.model.Reset(0), 0);
-  validated.options.SetSeqValidate(EValidate::NoCV);
-  EXPECT_EQ(validated.Compute(), 0);
 }
 
 TEST(Model, ReportsCorrectionsThatAreCut) {
@@ -377,84 +338,6 @@ TEST(Model, RefusesALevelWithoutCriticalValue) {
   EXPECT_EQ(bench.model.ExecLS(char{1}), 0);
   EXPECT_EQ(bench.model.GetDCritTrSLS(), kM);
   EXPECT_EQ(bench.model.ExecLS(char{2}), 8003);
-}
-
-TEST(Model, HasTheQ2LimitOfItsKind) {
-  // (4 - 1)(50 - 1 - 1) / ((4 - 1 + 1)(50 - 1)) = 144 / 196.
-  Bench bench(test::Sample("USArrests"));
-  ASSERT_EQ(bench.Compute(), 0);
-  EXPECT_FLOAT_EQ(bench.model.GetQ2Limit(2), 1.0f - 144.0f / 196.0f);
-  EXPECT_EQ(bench.model.GetQ2Limit(5), 1.0f);
-  EXPECT_EQ(bench.model.GetQ2Limit(0), kM);
-}
-
-TEST(Model, ListsItself) {
-  Bench bench(test::Sample("iris"));
-  bench.owner.options.SetVariMode(EVariType::R2);
-  bench.options.SetSeqValidate(EValidate::CV);
-  ASSERT_EQ(bench.Compute(2), 0);
-  bench.model.SetModNam("M3");
-  bench.model.SetModNum(3);
-  test::RecordingWindow list;
-  bench.model.Show(list);
-  const std::string table = list.log.substr(list.log.find("  Components"));
-  EXPECT_EQ(table,
-            "  Components = 2\n"
-            "           R2X  R2X(c)   Eig   Q2  Q2(c) Iter  S\n"
-            "Center    0.000  0.000     -     -     -    -  -\n"
-            "Comp[1]   0.730  0.730  2.92  0.62  0.62   12 R1\n"
-            "Comp[2]   0.229  0.958  0.91  0.51  0.81    6 R1\n");
-  EXPECT_TRUE(
-      list.log.starts_with("PC-1   Model number: 3 name: M3\n"
-                           "Address: NoAddress Title: Untitled\n"
-                           " From data set: "));
-  // 1 - (1 - R2) 149 4 / (148 3) for a component, 1 - (1 - R2) 149 4 / (147 2) for both.
-  bench.owner.options.SetVariMode(EVariType::R2adj);
-  list.log.clear();
-  bench.model.Show(list);
-  EXPECT_NE(list.log.find("          R2Xa R2Xa(c)   Eig"), std::string::npos);
-  EXPECT_NE(list.log.find("Comp[1]   0.637  0.637"), std::string::npos) << list.log;
-  EXPECT_NE(list.log.find("Comp[2]   0.278  0.915"), std::string::npos) << list.log;
-}
-
-TEST(Model, ListsItsPartsAndKeepsThemInAFile) {
-  Bench bench(test::Sample("iris"));
-  bench.options.SetSeqValidate(EValidate::CV);
-  test::RecordingWindow list;
-  bench.model.ShowCent(list);
-  EXPECT_EQ(list.log, "Data not centered.\n");
-  ASSERT_EQ(bench.Compute(2), 0);
-  ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
-  list.log.clear();
-  bench.model.ShowAll(list);
-  for (const char* const part : {
-           "PC-1   Model number: 0 name: UnNamed\n",
-           " NObs = 150, NVarX= 4\nS2X[-1]= 15.8988, DFX[-1]=  600\n",
-           "Data for centering.\n",
-           // The average, 1/s, N - 1 and 1.
-           "     1              Sepal.Length       5.84333       1.20763           149             "
-           "1",
-           "Component[1]\nSignificant comp. acc. to rule 1. Q2= 0.616, Q2(cum)= 0.616\n",
-           "Component[2]\nSignificant comp. acc. to rule 1. Q2= 0.513, Q2(cum)= 0.813\n",
-           "R2X(cum)= 0.958, Eig= 0.914, S2X= ",
-           ", DFX= 294, Iter= 6\n",
-           "tMin= ",
-           "Executing WS: Model UnNamed\n  ONum                      ONam      DModX[2]      "
-           "PModX[2]"
-           "       Tsquare\n",
-       }) {
-    EXPECT_NE(list.log.find(part), std::string::npos) << part << list.log.substr(0, 2000);
-  }
-
-  const test::TempFolder folder;
-  bench.model.SetModAddr(folder.File("model.mdl").c_str());
-  EXPECT_EQ(bench.model.Save(7), 0);
-  EXPECT_EQ(bench.model.SaveRes(folder.File("results.txt").c_str()), 0);
-  EXPECT_TRUE(test::ReadBytes(folder.File("results.txt")).starts_with("Executing WS: Model"));
-  EXPECT_EQ(bench.model.DeleteFiles(), 0);
-  EXPECT_FALSE(std::filesystem::exists(folder.File("model.mdl")));
-  EXPECT_EQ(bench.model.DeleteFiles(), 0);
-  EXPECT_EQ(bench.model.SaveRes(nullptr), 8022);
 }
 
 }  // namespace

@@ -13,13 +13,10 @@ namespace zemva {
 namespace {
 
 using test::Bench;
+using test::D;
 using test::Rows;
 
 constexpr float kM = kMissing;
-
-double D(float value) {
-  return static_cast<double>(value);
-}
 
 struct NewRows {
   explicit NewRows(const Rows& rows, char kind = Model::kNewRow)
@@ -113,6 +110,8 @@ TEST(PCPrediction, HasNoDistanceOfObservationsWithTooFewValues) {
       EXPECT_EQ(IsMissing(bench.model.GetDModXLS(1, i)), has_too_few);
       EXPECT_EQ(IsMissing(bench.model.GetPModXLS(1, i)), has_too_few);
       EXPECT_EQ(IsMissing(bench.model.GetDModXPS(1, i)), has_too_few);
+      EXPECT_EQ(IsMissing(bench.model.GetT2LS(1, i)), i == 5);
+      EXPECT_EQ(IsMissing(bench.model.GetOLevX(1, i)), i == 5);
     }
   }
 }

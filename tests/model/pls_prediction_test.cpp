@@ -11,15 +11,12 @@
 namespace zemva {
 namespace {
 
+using test::D;
 using test::Noise;
 using test::PLSBench;
 using test::Rows;
 
 constexpr float kM = kMissing;
-
-double D(float value) {
-  return static_cast<double>(value);
-}
 
 TEST(PLSPrediction, MeasuresMembersAsTheWorkSetAndOthersByTheirErrors) {
   PLSBench bench(test::Sample("mtcars"), {"mpg", "qsec"});
@@ -65,10 +62,6 @@ TEST(PLSPrediction, MeasuresMembersAsTheWorkSetAndOthersByTheirErrors) {
   }
   test::RecordingWindow list;
   model.ShowRes(list);
-  const std::string summary = list.log.substr(list.log.rfind("For Y-variable 7 qsec\n"));
-  EXPECT_NE(summary.find(" (n=24) Corr.d sqrt(RSS/n) ="), std::string::npos) << summary;
-  EXPECT_NE(summary.find("\n  PRESS (test set)   ="), std::string::npos);
-  EXPECT_NE(summary.find(" (n=8) sqrt(PRESS/n)      ="), std::string::npos);
   EXPECT_NE(list.log.find(" WS-memb.\n"), std::string::npos);
 }
 

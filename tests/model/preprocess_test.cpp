@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/small_dataset.h"
 #include "support/recording_window.h"
 #include "zemva/data/selection.h"
 #include "zemva/model/preprocess/columns.h"
@@ -15,6 +16,8 @@
 namespace zemva {
 namespace {
 
+using test::Rows;
+using test::RowsOf;
 using enum ETraType;
 
 constexpr float kM = kMissing;
@@ -280,16 +283,6 @@ TEST(PreprocessTables, RowsBelongToVariablesAndExtractsAreCopies) {
   EXPECT_EQ(table.FindVar(7), 0);
 }
 
-using Values = std::vector<std::vector<float>>;
-
-Values Content(const XFMatrix& matrix) {
-  Values rows;
-  for (int i = 1; i <= matrix.NRow(); ++i) {
-    rows.emplace_back(matrix[i] + 1, matrix[i] + 1 + matrix.NCol());
-  }
-  return rows;
-}
-
 // Three rows of the variables 10 and 20, and tables that refer to them.
 class Columns : public testing::Test {
  protected:
@@ -309,7 +302,7 @@ class Columns : public testing::Test {
     terms.AddItm({43, "cube", 20, 20, 20, kM});
   }
 
-  const Values values = {{100, 1e20f}, {-1, kM}, {1000, 3}};
+  const Rows values = {{100, 1e20f}, {-1, kM}, {1000, 3}};
   XFMatrix matrix{"X", 3, 2, 0.0f};
   VarInfo variables{"Var"};
   XI1Vector excluded{"Excluded", 3, kNotSelected};
@@ -320,18 +313,18 @@ class Columns : public testing::Test {
 
 TEST_F(Columns, AreLaggedThenTransformedThenExpanded) {
   ASSERT_EQ(AppendLagged(lags, matrix, variables), 0);
-  EXPECT_EQ(Content(matrix),
-            (Values{{100, 1e20f, kM, kM, kM}, {-1, kM, 1e20f, kM, kM}, {1000, 3, kM, 100, kM}}));
+  EXPECT_EQ(RowsOf(matrix),
+            (Rows{{100, 1e20f, kM, kM, kM}, {-1, kM, 1e20f, kM, kM}, {1000, 3, kM, 100, kM}}));
   ASSERT_EQ(TransformColumns(transformations, variables, matrix, excluded), 0);
-  EXPECT_EQ(Content(matrix),
-            (Values{{2, 1e20f, kM, kM, kM}, {kM, kM, 2e20f, kM, kM}, {3, 3, kM, 100, kM}}));
+  EXPECT_EQ(RowsOf(matrix),
+            (Rows{{2, 1e20f, kM, kM, kM}, {kM, kM, 2e20f, kM, kM}, {3, 3, kM, 100, kM}}));
   // The logarithm of -1.
   EXPECT_EQ(excluded[2], kSelected);
   EXPECT_EQ(excluded[1], kNotSelected);
   ASSERT_EQ(AppendExpanded(terms, matrix, variables, excluded), 0);
-  EXPECT_EQ(Content(matrix), (Values{{2, 1e20f, kM, kM, kM, 4, kM, kM},
-                                     {kM, kM, 2e20f, kM, kM, kM, kM, kM},
-                                     {3, 3, kM, 100, kM, 9, kM, 27}}));
+  EXPECT_EQ(RowsOf(matrix), (Rows{{2, 1e20f, kM, kM, kM, 4, kM, kM},
+                                  {kM, kM, 2e20f, kM, kM, kM, kM, kM},
+                                  {3, 3, kM, 100, kM, 9, kM, 27}}));
   // The cube of 1e20.
   EXPECT_EQ(excluded[1], kSelected);
   EXPECT_EQ(excluded[3], kNotSelected);
@@ -344,7 +337,7 @@ TEST_F(Columns, RefusalsChangeNothing) {
   EXPECT_EQ(TransformColumns(transformations, variables, matrix, excluded), 8015);
   lags.AddItm({34, "001c", 30, 1, 1.0f, 0});
   EXPECT_EQ(AppendLagged(lags, matrix, variables), 8032);
-  EXPECT_EQ(Content(matrix), values);
+  EXPECT_EQ(RowsOf(matrix), values);
   EXPECT_EQ(variables.GetNVar(), 2);
   variables.AddVar(30, "without column");
   EXPECT_EQ(AppendLagged(lags, matrix, variables), 8021);
