@@ -272,6 +272,7 @@ TEST(Projection, RefusesAColumnThatNoScoreSupports) {
       {{{1, kNone}, {2, kNone}, {3, kNone}}, {}, {0.1f, 0.2f, 0.3f}, 8042},
       {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, 0, 0.3f}, 8042},
       {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, kNone, 0.3f}, 8042},
+      {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {1000.1f, 0, 999.7f}, 8042},
       {{{1, kNone}, {2, 5}, {3, kNone}}, {}, {0.1f, 1e-12f, 0.3f}, 0},
       {{{1, 2}, {kNone, 4}, {3, 6}, {kNone, 8}}, odd_rows, {0.1f, 0.2f, 0.3f, 0.7f}, 8043},
       {{{1, 2}, {kNone, 4}, {3, 6}, {7, 8}}, odd_rows, {0.1f, 0.2f, 0.3f, 0.7f}, 0},

@@ -192,6 +192,18 @@ TEST(Model, AdjustsTheNumberOfGroups) {
       "Q2[1]= "))
       << many.window.log;
   EXPECT_EQ(many.options.GetNCV(), 13);
+
+  test::PLSBench pls(Noise().Table(6, 2), 1);
+  pls.options.SetNCV(100);
+  EXPECT_EQ(pls.model.LoadWS(), 0);
+  EXPECT_EQ(pls.window.log, "NCV is reduced to NObs: 6\n");
+  pls.options.SetSeqValidate(EValidate::CV);
+  pls.options.SetNCV(7);
+  EXPECT_EQ(pls.Compute(), 0);
+  EXPECT_TRUE(
+      pls.window.log.starts_with("NCV is reduced to NObs: 6\nNCV is reduced to NObs: 6\nQ2[1]= "))
+      << pls.window.log;
+  EXPECT_EQ(pls.options.GetNCV(), 6);
 }
 
 TEST(Model, RefusesWhatItCannotBeMadeOf) {
@@ -338,6 +350,134 @@ TEST(Model, RefusesALevelWithoutCriticalValue) {
   EXPECT_EQ(bench.model.ExecLS(char{1}), 0);
   EXPECT_EQ(bench.model.GetDCritTrSLS(), kM);
   EXPECT_EQ(bench.model.ExecLS(char{2}), 8003);
+}
+
+// --- What is not there ---
+
+using OfComponent = float (Model::*)(char) const;
+using OfElement = float (Model::*)(char, short) const;
+
+// Functions of stages, and of an element of a stage, by the first stage that has them.
+struct Answers {
+  char first;
+  std::vector<OfComponent> of_all;
+  std::vector<OfElement> of_elements;
+};
+
+const std::vector<Answers> kAnswersOfX = {
+    {-1,
+     {&Model::GetDFX, &Model::GetSSX, &Model::GetS2X},
+     {&Model::GetSSVX, &Model::GetS2VX, &Model::GetSSOX, &Model::GetS2OX}},
+    {0,
+     {&Model::GetR2X, &Model::GetR2Xadj},
+     {&Model::GetMPowX, &Model::GetR2VX, &Model::GetR2VXadj, &Model::GetDModXLS,
+      &Model::GetPModXLS}},
+    {1,
+     {&Model::GetR2AX, &Model::GetR2AXadj, &Model::GetEig, &Model::GetS2T, &Model::GetS2WX,
+      &Model::GetTMin, &Model::GetTMax},
+     {&Model::GetR2VAX, &Model::GetR2VAXadj, &Model::GetP, &Model::GetT, &Model::GetOLevX,
+      &Model::GetT2LS, &Model::GetTPredPS, &Model::GetT2PS}},
+    {2, {}, {&Model::GetDModXPS, &Model::GetPModXPS}},  // of the components that were executed
+};
+const std::vector<Answers> kAnswersWithoutY = {
+    {1, {&Model::GetQ2X, &Model::GetQ2AX}, {&Model::GetQ2VX, &Model::GetQ2VAX}}};
+const std::vector<Answers> kAnswersOfY = {
+    {-1,
+     {&Model::GetDFY, &Model::GetSSY, &Model::GetS2Y},
+     {&Model::GetSSVY, &Model::GetS2VY, &Model::GetSSOY, &Model::GetS2OY}},
+    {0,
+     {OfComponent{&Model::GetR2Y}, OfComponent{&Model::GetR2Yadj}},
+     {&Model::GetR2VY, &Model::GetR2VYadj, &Model::GetDModYLS, &Model::GetPModYLS}},
+    {1,
+     {&Model::GetQ2Y, &Model::GetQ2AY, &Model::GetR2AY, &Model::GetR2AYadj},
+     {&Model::GetQ2VY, &Model::GetQ2VAY, &Model::GetR2VAY, &Model::GetR2VAYadj, &Model::GetU,
+      &Model::GetW, &Model::GetWStar, &Model::GetC, &Model::GetVIP, &Model::GetOLevY,
+      &Model::GetB0}},
+    {2, {}, {&Model::GetDModYPS, &Model::GetPModYPS}},
+};
+
+// The first alone is there.
+constexpr short kPositions[] = {1, -1, 0, 7, 32767};
+
+void ExpectAnswers(const Model& model, bool is_fitted, const std::vector<Answers>& groups) {
+  for (const Answers& group : groups) {
+    for (const int a : {-128, -2, -1, 0, 1, 2, 3, 127}) {
+      const auto component = static_cast<char>(a);
+      const bool is_there = is_fitted && a >= group.first && a <= 2;
+      for (const OfComponent& get : group.of_all) {
+        EXPECT_EQ((model.*get)(component) != kM, is_there) << a << " " << &get - &group.of_all[0];
+      }
+      for (const OfElement& get : group.of_elements) {
+        SCOPED_TRACE(&get - &group.of_elements[0]);
+        for (const short i : kPositions) {
+          EXPECT_EQ((model.*get)(component, i) != kM, is_there && i == 1) << a << " " << i;
+        }
+      }
+    }
+  }
+}
+
+template <typename TBench>
+void ExpectAnswers(TBench& bench, const std::vector<Answers>& further) {
+  bench.options.SetSeqValidate(EValidate::CV);
+  bench.options.SetNCV(4);
+  Model& model = bench.model;
+  EXPECT_EQ(model.GetNObs(), 0);
+  for (const bool is_fitted : {false, true}) {
+    if (is_fitted) {
+      ASSERT_EQ(bench.Compute(2), 0);
+      ASSERT_EQ(model.ExecLS(char{0}), 0);
+      Predset predset("PS", *bench.dataset, bench.workset);
+      bench.owner.predset = &predset;
+      ASSERT_EQ(model.ExecPS(), 0);
+    }
+    ExpectAnswers(model, is_fitted, kAnswersOfX);
+    ExpectAnswers(model, is_fitted, further);
+    const bool has_y = is_fitted && model.HasY();
+    for (const short i : kPositions) {
+      EXPECT_EQ(model.GetWeigX(i) != kM, is_fitted && i == 1);
+      for (const auto get :
+           {&Model::GetWeigY, &Model::GetMaxIY, &Model::GetMinIY, &Model::GetRMSEE}) {
+        EXPECT_EQ((model.*get)(i) != kM, has_y && i == 1) << i;
+      }
+      for (const short m : kPositions) {
+        SCOPED_TRACE(std::to_string(i) + " " + std::to_string(m));
+        const bool is_element = i == 1 && m == 1;
+        EXPECT_EQ(model.GetXResPS(i, m) != kM, is_fitted && is_element);
+        for (const auto get :
+             {&Model::GetYObsLS, &Model::GetYPredLS, &Model::GetYPredErrLS, &Model::GetSEYPredLLS,
+              &Model::GetSEYPredULS, &Model::GetYObsPS, &Model::GetYPredPS, &Model::GetYPredErrPS,
+              &Model::GetSEYPredLPS, &Model::GetSEYPredUPS}) {
+          EXPECT_EQ((model.*get)(i, m) != kM, has_y && is_element);
+        }
+        for (const int a : {-1, 0, 1, 3}) {
+          const auto component = static_cast<char>(a);
+          const bool is_stage = is_fitted && a >= 0 && a <= 2;
+          EXPECT_EQ(model.GetXResLS(component, i, m) != kM, is_stage && is_element) << a;
+          for (const auto get : {&Model::GetCoeff, &Model::GetCoeffCS}) {
+            EXPECT_EQ((model.*get)(component, i, m) != kM, has_y && a == 1 && is_element) << a;
+          }
+        }
+      }
+    }
+  }
+  for (const float value : {model.GetAvgX(1, 1), model.GetAvgX(-2, 1), model.GetAvgY(1, 1),
+                            model.GetQ2Limit(0), model.GetTCritAxisLen(3, 0.05f)}) {
+    EXPECT_EQ(value, kM);
+  }
+  EXPECT_EQ(model.GetNIter(3), 0);
+  EXPECT_STREQ(model.GetSignRule(3), "");
+}
+
+TEST(Model, AnswersWithTheMissingValueForWhatIsNotThere) {
+  const Rows rows = Noise().Table(6, 5);
+  Bench pc("abcde", rows);
+  ExpectAnswers(pc, kAnswersWithoutY);
+  ExpectAnswers(pc.model, false, {{-1, {}, {&Model::GetC, &Model::GetU, &Model::GetSSVY}}});
+  EXPECT_EQ(pc.model.GetR2Y(1), 0.0f);
+  EXPECT_EQ(pc.model.GetNVarY(), 0);
+  test::PLSBench pls(rows, 2);
+  ExpectAnswers(pls, kAnswersOfY);
 }
 
 }  // namespace

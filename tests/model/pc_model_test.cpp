@@ -169,74 +169,6 @@ TEST(PCModel, CountsDegreesOfFreedomOfWhatIsPresent) {
   }
 }
 
-TEST(PCModel, AnswersWithTheMissingValueForWhatIsNotThere) {
-  using OfComponent = float (Model::*)(char) const;
-  using OfElement = float (Model::*)(char, short) const;
-  const struct {
-    char first;  // the first stage that there is
-    std::vector<OfComponent> of_all;
-    std::vector<OfElement> of_elements;
-  } groups[] = {
-      {-1,
-       {&Model::GetDFX, &Model::GetSSX, &Model::GetS2X},
-       {&Model::GetSSVX, &Model::GetS2VX, &Model::GetSSOX, &Model::GetS2OX}},
-      {0,
-       {&Model::GetR2X, &Model::GetR2Xadj},
-       {&Model::GetMPowX, &Model::GetR2VX, &Model::GetR2VXadj, &Model::GetDModXLS,
-        &Model::GetPModXLS}},
-      {1,
-       {&Model::GetR2AX, &Model::GetR2AXadj, &Model::GetEig, &Model::GetS2T, &Model::GetS2WX,
-        &Model::GetTMin, &Model::GetTMax, &Model::GetQ2X, &Model::GetQ2AX, &Model::GetQ2Limit},
-       {&Model::GetR2VAX, &Model::GetR2VAXadj, &Model::GetQ2VX, &Model::GetQ2VAX, &Model::GetP,
-        &Model::GetT, &Model::GetOLevX, &Model::GetT2LS, &Model::GetTPredPS, &Model::GetT2PS,
-        &Model::GetDModXPS, &Model::GetPModXPS}},
-  };
-  Bench bench("abc", test::Noise().Table(6, 3));
-  bench.options.SetSeqValidate(EValidate::CV);
-  const PCModel& model = bench.model;
-  EXPECT_EQ(model.GetNObs(), 0);
-  for (const bool is_fitted : {false, true}) {
-    if (is_fitted) {
-      ASSERT_EQ(bench.Compute(2), 0);
-      ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
-      I1Vector all(6, Model::kNewRow);
-      ASSERT_EQ(bench.model.ExecPS(model.GetObsInfo(), bench.dataset->GetDMPtr(), &all), 0);
-    }
-    for (const auto& group : groups) {
-      for (const int a : {-128, -2, -1, 0, 1, 2, 3, 127}) {
-        const auto component = static_cast<char>(a);
-        const bool is_there = is_fitted && a >= group.first && a <= 2;
-        for (const OfComponent& get : group.of_all) {
-          const bool is_limit = &get == &group.of_all.back() && group.first == 1;
-          if (is_limit && a > 0) continue;  // known beforehand
-          EXPECT_EQ((model.*get)(component) != kM, is_there) << a << " " << &get - &group.of_all[0];
-        }
-        for (const OfElement& get : group.of_elements) {
-          const auto which = &get - &group.of_elements[0];
-          for (const int ix : {-1, 0, 7, 32767}) {
-            EXPECT_EQ((model.*get)(component, static_cast<short>(ix)), kM) << a << " " << which;
-          }
-          // Distances to be had are those of the components in use.
-          if (group.first == 1 && which >= 10 && a == 1) continue;
-          EXPECT_EQ((model.*get)(component, 1) != kM, is_there) << a << " " << which;
-        }
-      }
-    }
-  }
-  for (const float value : {model.GetAvgX(1, 1), model.GetAvgX(-2, 1), model.GetXResLS(1, 1, 4),
-                            model.GetXResLS(3, 1, 1), model.GetXResLS(1, 7, 1),
-                            model.GetTCritAxisLen(3, 0.05f), model.GetAvgY(0, 1)}) {
-    EXPECT_EQ(value, kM);
-  }
-  EXPECT_EQ(model.GetR2Y(1), 0.0f);
-  EXPECT_EQ(model.GetNVarY(), 0);
-  EXPECT_EQ(model.GetNIter(3), 0);
-  EXPECT_STREQ(model.GetSignRule(3), "");
-  // Three components leave nothing of three variables, and no freedom for a distance.
-  ASSERT_EQ(bench.Compute(3), 0);
-  EXPECT_EQ(model.GetDModXLS(3, 1), kM);
-}
-
 TEST(PCModel, HasTheEllipseAndTheLimitsOfThePublishedTable) {
   // F(2, 48) at 5 % is 3.1907: sqrt(S2t 2 3.1907 49/48). F(1, 49) is 4.0384, F(3, 47) at 1
   // % 4.2180.
@@ -276,6 +208,13 @@ TEST(PCModel, GoesBackToFewerComponents) {
   // The copy goes its own way.
   EXPECT_EQ(copy.GetA(), 3);
   EXPECT_NEAR(D(copy.GetXResLS(3, 1, 1)), D(model.GetXResLS(3, 1, 1)), 1e-5);
+}
+
+TEST(PCModel, HasNoDistanceWhereNoFreedomIsLeft) {
+  Bench bench("abc", test::Noise().Table(6, 3));
+  ASSERT_EQ(bench.Compute(3), 0);
+  EXPECT_EQ(bench.model.GetDModXLS(3, 1), kM);
+  EXPECT_EQ(bench.model.GetTCritAxisLen(4, 0.05f), kM);
 }
 
 TEST(PCModel, EndsOnAnyTable) {

@@ -139,11 +139,18 @@ TEST(ScaInfo, WeightsAndCentresFollowTheOrderOfTheVariables) {
   variables.AddVar(3, "c");
   variables.AddVar(1, "a");
   EXPECT_EQ((*std::unique_ptr<XFVector>(table.ExtWeig(&variables, 2, 0)))[2], 2.0f);
+  EXPECT_EQ((*std::unique_ptr<XFVector>(table.ExtWeig(&variables, 2, 1)))[2], 20.0f);
+  EXPECT_EQ(table.ExtWeig(&variables, 3, 0), nullptr);
+  EXPECT_EQ(table.GetStatus(), 8021);
   XFVector averages("Avg", 2, 5.0f);
   EXPECT_EQ(table.SetNCRef(&variables, &averages), 0);
   EXPECT_EQ(averages[1], 5.0f);
   EXPECT_EQ(averages[2], 0.0f);
   variables.AddVar(9, "unknown");
+  EXPECT_EQ(table.SetNCRef(&variables, &averages), 8021);
+  XFVector longer("Avg", 3, 5.0f);
+  EXPECT_EQ(table.SetNCRef(&variables, &longer), 8015);
+  EXPECT_EQ(longer[2], 5.0f);
   EXPECT_EQ(table.ExtWeig(&variables, 3, 0), nullptr);
   EXPECT_EQ(table.GetStatus(), 8015);
 }
@@ -339,8 +346,13 @@ TEST_F(Columns, RefusalsChangeNothing) {
   EXPECT_EQ(AppendLagged(lags, matrix, variables), 8032);
   EXPECT_EQ(RowsOf(matrix), values);
   EXPECT_EQ(variables.GetNVar(), 2);
+  XI1Vector too_short("Excluded", 2, kNotSelected);
+  EXPECT_EQ(TransformColumns(transformations, variables, matrix, too_short), 8021);
+  EXPECT_EQ(AppendExpanded(terms, matrix, variables, too_short), 8021);
   variables.AddVar(30, "without column");
   EXPECT_EQ(AppendLagged(lags, matrix, variables), 8021);
+  EXPECT_EQ(TransformColumns(transformations, variables, matrix, excluded), 8021);
+  EXPECT_EQ(AppendExpanded(terms, matrix, variables, excluded), 8021);
 }
 
 }  // namespace

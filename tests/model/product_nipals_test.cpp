@@ -15,7 +15,7 @@ namespace zemva::test {
 namespace {
 
 // Rank 3 and as much noise, so that an iteration takes long.
-XFMatrix NoisyTable(int row_count, int column_count) {
+XFMatrix NoisyTable(int row_count, int column_count, float size = 1.0f) {
   Noise noise;
   const Rows scores = noise.Table(row_count, 3);
   const Rows loadings = noise.Table(column_count, 3);
@@ -27,6 +27,7 @@ XFMatrix NoisyTable(int row_count, int column_count) {
         table[i][k] += scores[static_cast<std::size_t>(i - 1)][a] *
                        loadings[static_cast<std::size_t>(k - 1)][a];
       }
+      table[i][k] *= size;
     }
   }
   table.SetActValInfo();
@@ -68,51 +69,47 @@ void ExpectSame(const Fitted& one, const Fitted& other, const std::string& what)
 
 TEST(ProductNipals, GivesWhatThePassesOverTheMatrixGive) {
   struct Case {
-    int rows;
-    int columns;
-    int groups;
+    int rows, columns, groups;
     double cap;
+    float size;
   };
   // Columns that are and are no multiple of the lanes; caps that cut every correction, and none.
-  for (const Case& c : {Case{12, 90, 7, 100.0}, Case{90, 12, 7, 100.0}, Case{17, 40, 3, 1.2},
-                        Case{40, 17, 3, 1.2}, Case{16, 65, 4, 100.0}}) {
-    const int rows = c.rows;
-    const int columns = c.columns;
-    const int group_count = c.groups;
-    const double cap = c.cap;
-    const XFMatrix table = NoisyTable(rows, columns);
-    ResidualMatrix residuals(table);
-    const std::vector<char> takes_part(static_cast<std::size_t>(columns), 1);
-    GroupLabels groups(group_count, takes_part);
-    const auto products =
-        ProductNipals::Make(residuals, groups.GetLeftOut(static_cast<std::size_t>(rows)));
+  for (const Case& c :
+       {Case{12, 90, 7, 100.0, 1.0f}, Case{90, 12, 7, 100.0, 1.0f}, Case{17, 40, 3, 1.2, 1e-4f},
+        Case{40, 17, 3, 1.2, 1e-4f}, Case{16, 65, 4, 100.0, 1.0f}}) {
+    const auto rows = static_cast<std::size_t>(c.rows);
+    const auto columns = static_cast<std::size_t>(c.columns);
+    ResidualMatrix residuals(NoisyTable(c.rows, c.columns, c.size));
+    const std::vector<char> takes_part(columns, 1);
+    GroupLabels groups(c.groups, takes_part);
+    const auto products = ProductNipals::Make(residuals, groups.GetLeftOut(rows));
     const auto start = [&](Fitted& fitted, const std::vector<float>& t) {
       fitted.t = t;
-      fitted.p.assign(static_cast<std::size_t>(columns), 0.0f);
+      fitted.p.assign(columns, 0.0f);
     };
     for (int a = 1; a <= 3; ++a) {
       const std::string what = std::to_string(rows) + " x " + std::to_string(columns) +
                                ", component " + std::to_string(a);
       ASSERT_TRUE(products->IsUpToDate(residuals)) << what;
-      std::vector<float> t(static_cast<std::size_t>(rows));
+      std::vector<float> t(rows);
       residuals.CopyStart(static_cast<std::size_t>(a), t);
       Fitted whole;
       Fitted by_products;
       start(whole, t);
       start(by_products, t);
-      whole.result = Nipals(residuals, LeftOut(), whole.Settings(cap), whole.t, whole.p);
+      whole.result = Nipals(residuals, LeftOut(), whole.Settings(c.cap), whole.t, whole.p);
       by_products.result =
-          products->Fit(by_products.Settings(cap), 0, by_products.t, by_products.p);
+          products->Fit(by_products.Settings(c.cap), 0, by_products.t, by_products.p);
       ExpectSame(whole, by_products, what);
-      for (int round = 1; round <= group_count; ++round) {
+      for (int round = 1; round <= c.groups; ++round) {
         if (round > 1 || a > 1) groups.Rotate();
-        const LeftOut left_out = groups.GetLeftOut(static_cast<std::size_t>(rows));
+        const LeftOut left_out = groups.GetLeftOut(rows);
         Fitted one;
         Fitted other;
         start(one, whole.t);
         start(other, whole.t);
-        one.result = Nipals(residuals, left_out, one.Settings(cap), one.t, one.p);
-        other.result = products->FitRound(left_out, other.Settings(cap), other.t, other.p);
+        one.result = Nipals(residuals, left_out, one.Settings(c.cap), one.t, one.p);
+        other.result = products->FitRound(left_out, other.Settings(c.cap), other.t, other.p);
         ExpectSame(one, other, what + ", round " + std::to_string(round));
       }
       residuals.Subtract(by_products.t, by_products.p);
@@ -141,6 +138,20 @@ TEST(ProductNipals, StopsWhereTheSettingsSay) {
       EXPECT_EQ(result.status, status::mva::kCancelled) << rows;
       EXPECT_EQ(result.iterations, 2) << rows;
     }
+  }
+}
+
+// What is left of a table of low rank, at the end.
+TEST(ProductNipals, FindsNothingWhereNothingIsLeft) {
+  for (const int rows : {12, 60}) {
+    const ResidualMatrix residuals(NoisyTable(rows, 72 - rows, 0.0f));
+    Fitted fitted;
+    fitted.t.resize(residuals.RowCount());
+    fitted.p.resize(residuals.ColumnCount());
+    const auto products = ProductNipals::Make(residuals, LeftOut());
+    EXPECT_EQ(products->Fit(fitted.Settings(100.0), 0, fitted.t, fitted.p).status, status::kOk);
+    EXPECT_EQ(fitted.t, std::vector<float>(residuals.RowCount()));
+    EXPECT_EQ(fitted.p, std::vector<float>(residuals.ColumnCount()));
   }
 }
 

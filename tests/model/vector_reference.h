@@ -15,7 +15,9 @@
 
 namespace zemva::test {
 
-// Observations of the data set and of the prediction set, X variables, responses, components.
+// Rows of the data set; observations of the models and of the prediction set, X variables,
+// responses, components.
+inline constexpr int kNDS = 13;
 inline constexpr int kN = 12;
 inline constexpr int kNPS = 5;
 inline constexpr int kK = 3;
@@ -47,7 +49,7 @@ struct Reference {
       };
       const std::string object = next();
       if (object == "data") {
-        (rows.size() < kN ? rows : ps_rows).push_back(rest());
+        (rows.size() < kNDS ? rows : ps_rows).push_back(rest());
         continue;
       }
       Expected& expected = vectors[next()][object];
@@ -67,6 +69,7 @@ template <typename TBench>
 void Fit(TBench& bench) {
   bench.workset.SetTransformation(2, ETraType::kLog, 1, 0, 0);
   bench.workset.SetTransformation(5, ETraType::kLog, 1, 0, 0);
+  bench.workset.SetIsObsIn(4, false);
   bench.options.SetSeqValidate(EValidate::CV);
   ASSERT_EQ(bench.Compute(kA), 0);
   ASSERT_EQ(bench.model.ExecLS(char{0}), 0);
@@ -81,6 +84,7 @@ struct Models {
 
   Models() {
     for (short j = 4; j <= 5; ++j) pc.workset.SetRole(j, EVarRole::kY);
+    predset.SetIsObsIn(2, false);
     Fit(pc);
     Fit(pls);
   }
@@ -88,6 +92,7 @@ struct Models {
     Predset of_pc("PS", *ps_data, pc.workset);
     pc.owner.predset = &of_pc;
     pls.owner.predset = &predset;
+    of_pc.SetIsObsIn(2, false);
     ASSERT_EQ(pc.model.ExecPS(), 0);
     ASSERT_EQ(pls.model.ExecPS(), 0);
   }

@@ -122,9 +122,12 @@ TEST(Workset, AddedVariablesAreMadeInOrderAndGoAgain) {
   EXPECT_EQ(workset.GetStatus(), 0);
   EXPECT_EQ(Own(workset.ExtExpInfo(kPLS12, EBlock::kY, 0))->GetItm(1)->GetVNum2(), 201);
 
+  EXPECT_EQ(workset.SetTransformation(3, ETraType::kLinear, 2, 0, 0), 0);
   EXPECT_EQ(workset.DelAdded(3), 8035);
   EXPECT_EQ(workset.DelAdded(5), 0);
+  EXPECT_EQ(workset.GetTransformations().GetNItm(), 1);
   EXPECT_EQ(workset.DelAdded(3), 0);
+  EXPECT_EQ(workset.GetTransformations().GetNItm(), 0);
   EXPECT_EQ(workset.AddTerm(1, 1, 1), 0);
   EXPECT_EQ(workset.GetScalings().GetNItm(), workset.GetNVar());
   EXPECT_EQ(RowsOf(*Own(workset.ExtMatrix(kPC1, EBlock::kX, 0))),
@@ -154,6 +157,14 @@ TEST(Workset, RefusedChangesChangeNothing) {
       {8015, [&] { return ws.DelAdded(3); }},
       {8015, [&] { return ws.DelAdded(6); }},
       {8035, [&] { return ws.DelAdded(4); }},
+      {8015, [&] { return ws.SetRole(0, EVarRole::kY); }},
+      {8015, [&] { return ws.SetRole(6, EVarRole::kY); }},
+      {8021, [&] { return ws.SetRole(1, static_cast<EVarRole>(3)); }},
+      {8037, [&] { return ws.SetIsObsIn(0, false); }},
+      {8037, [&] { return ws.SetIsObsIn(4, false); }},
+      {8037, [&] { return ws.SetOClass(4, 1); }},
+      {8021, [&] { return ws.SetOClass(1, -1); }},
+      {8021, [&] { return ws.SetOClass(1, ClaInfo::kMaxClass + 1); }},
       {8015, [&] { return ws.SetScaling(0, EScaType::kUV); }},
       {8021, [&] { return ws.SetScaling(1, EScaType::kFW); }},
       {8021, [&] { return ws.SetScaling(1, bad_type); }},

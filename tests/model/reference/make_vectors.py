@@ -3,28 +3,34 @@
     python3 make_vectors.py
 
 It follows the definitions in double precision with NumPy and SciPy. The data are x1, x2, x3, y1 and y2; of x2 and y2 the models
-take the logarithm. Both have two components, are centred and scaled to unit variance and cross-validated in seven groups. Lines of
-vectors.csv: "data" and a row, first the twelve of the data set, then the five of the prediction set; an object, a vector, its first
-and its last label and its elements; an object, a vector and the status with which it is refused, where that is not 8016.
+take the logarithm. The fourth observation is left out, and the second of the prediction set. Both models have two components, are
+centred and scaled to unit variance and cross-validated in seven groups. Lines of vectors.csv: "data" and a row, first the thirteen
+of the data set, then the six of the prediction set; an object, a vector, its first and its last label and its elements, -99 for
+what is missing; an object, a vector and the status with which it is refused, where that is not 8016.
 """
 import pathlib
 
 import numpy
 from scipy import stats
 
-N, NPS, K, M, A, GROUPS, CAP = 12, 5, 3, 2, 2, 7, 3.0
+N_DS, N_PSDS, LEFT_OUT, LEFT_OUT_PS = 13, 6, 3, 1
+N, NPS, K, M, A, GROUPS, CAP = N_DS - 1, N_PSDS - 1, 3, 2, 2, 7, 3.0
+OBS_DS, OBS_PSDS = f"o1,o{N_DS}", f"o1,o{N_PSDS}"
 
 random = numpy.random.default_rng(2)
-a, b = random.uniform(-1, 1, (2, N + NPS))
-noise = random.uniform(-1, 1, (4, N + NPS))
+a, b = random.uniform(-1, 1, (2, N_DS + N_PSDS))
+noise = random.uniform(-1, 1, (4, N_DS + N_PSDS))
 table = numpy.column_stack([a + 0.2 * noise[0], numpy.exp(b), a - b + 0.3 * noise[1], 2 * a + b + 0.2 * noise[2] + 4,
                             numpy.exp(a + 0.5 * b + 0.2 * noise[3]) + 0.1])
 table = numpy.round(table, 3).astype(numpy.float32).astype(float)
-lines = ["data," + ",".join(f"{value:.3f}" for value in row) for row in table]
+table[-1, 0] = table[-2, 4] = numpy.nan
+rows_of_models = numpy.delete(numpy.arange(N_DS), LEFT_OUT)
+rows_of_set = N_DS + numpy.delete(numpy.arange(N_PSDS), LEFT_OUT_PS)
+lines = ["data," + ",".join("-99" if numpy.isnan(value) else f"{value:.3f}" for value in row) for row in table]
 
 
 def squares(values, axis=None):
-    return (numpy.asarray(values) ** 2).sum(axis)
+    return numpy.nansum(numpy.asarray(values) ** 2, axis)
 
 
 class Block:
@@ -32,20 +38,21 @@ class Block:
 
     def __init__(self, name, first, log, training=None):
         self.name, self.log = name, log
-        of_set = slice(0, N) if training is None else slice(N, None)
-        self.raw = table[of_set, first]
+        self.raw = table[rows_of_models if training is None else rows_of_set, first]
         self.taken = numpy.where(self.log, numpy.log10(numpy.abs(self.raw)), self.raw)
         own = training or self
         if training is None:
             self.centre, self.weight = self.taken.mean(0), 1 / self.taken.std(0, ddof=1)
         self.centre, self.weight = own.centre, own.weight
         self.left = [(self.taken - self.centre) * self.weight]
+        self.fitted = [numpy.zeros(self.taken.shape)]
 
     def at(self, stage):
         return self.taken if stage < 0 else self.left[stage]
 
     def take_off(self, t, p):
         self.left.append(self.left[-1] - numpy.outer(t, p))
+        self.fitted.append(self.fitted[-1] + numpy.outer(t, p))
 
     def units(self, scaled, units):
         if units == "Sc":
@@ -57,7 +64,7 @@ class Block:
         return {"": self.raw, "Tr": self.taken, "Sc": self.left[0]}[units]
 
     def predicted(self, stage, units):
-        return self.units(self.left[0] - self.left[stage], units)
+        return self.units(self.fitted[stage], units)
 
     def residual(self, stage, units):
         return self.value(units) - self.predicted(stage, units)
@@ -73,6 +80,7 @@ class Model:
         self.press = []
         for _ in range(A):
             self.fit()
+        self.predict()
 
     def fit(self):
         e, f = self.x.left[-1], self.y.left[-1]
@@ -80,7 +88,6 @@ class Model:
             start = f[:, squares(f, 0).argmax()]
             t, u, w, c, iterations = pls(e, f, start)
             p = e.T @ t / squares(t)
-            of_new = w
             errors = numpy.zeros(M)
             for group in range(GROUPS):
                 out = numpy.arange(N) % GROUPS == group
@@ -91,7 +98,6 @@ class Model:
         else:
             everything = numpy.ones(e.shape, bool)
             t, p, iterations = principal(e, everything, e[:, squares(e, 0).argmax()], CAP)
-            of_new = p
             labels = numpy.zeros(K, int)
             for step in range(0, K * GROUPS, GROUPS):
                 labels[step % K] = (step // K + 1) % GROUPS
@@ -104,10 +110,26 @@ class Model:
             self.u, self.w, self.c = [], [], []
         self.press.append(errors)
         self.iterations.append(iterations)
-        self.t.append(t), self.p.append(p), self.t_ps.append(self.x_ps.left[-1] @ of_new)
-        self.x.take_off(t, p), self.x_ps.take_off(self.t_ps[-1], p)
+        self.t.append(t), self.p.append(p)
+        self.x.take_off(t, p)
         if self.is_pls:
-            self.y.take_off(t, c), self.y_ps.take_off(self.t_ps[-1], c)
+            self.y.take_off(t, c)
+
+    def predict(self):
+        """Least squares on the loadings of what is present, or with weights what is present made up to the whole."""
+        rows = self.x_ps.left[0]
+        is_present = ~numpy.isnan(rows)
+        loadings = numpy.array(self.p).T
+        by_row = [numpy.linalg.lstsq(loadings[here], row[here], rcond=None)[0] for row, here in zip(rows, is_present)]
+        for stage in range(A):
+            t = numpy.array(by_row)[:, stage]
+            if self.is_pls:
+                weights = self.w[stage]
+                usable = is_present @ weights**2
+                t = numpy.nansum(self.x_ps.left[-1] * weights, 1) * numpy.minimum(1 / usable, CAP)
+                self.y_ps.take_off(t, self.c[stage])
+            self.t_ps.append(t)
+            self.x_ps.take_off(t, self.p[stage])
 
     def df(self, block, stage):
         columns = block.left[0].shape[1]
@@ -141,8 +163,9 @@ class Model:
         """Over that of all, and its probability."""
         lost = A if block.name == "X" else 0
         columns = block.left[0].shape[1]
+        free = (~numpy.isnan(of_rows.left[A])).sum(1) - lost
         r = N / (N - 1 - A) if is_member else 1.0
-        ratio = squares(of_rows.left[A], 1) / (columns - lost) * r / self.s2(block, A)
+        ratio = numpy.where(free > 0, squares(of_rows.left[A], 1) / numpy.maximum(free, 1), numpy.nan) * r / self.s2(block, A)
         v2 = max(self.df(block, A) / (columns - lost), 1)
         v1 = max(min(columns, 100, v2) + max(columns - v2, 0) ** 0.5 - lost, 1)
         return ratio**0.5, stats.f.sf(ratio, v1 / r, v2)
@@ -187,16 +210,18 @@ def pls(e, f, u):
 
 
 def write(owner, name, labels, values):
-    lines.append(f"{owner},{name},{labels}," + ",".join(f"{float(value):.7g}" for value in values))
+    values = numpy.nan_to_num(numpy.array(values, float), nan=-99)
+    lines.append(f"{owner},{name},{labels}," + ",".join(f"{value:.7g}" for value in values))
 
 
-def write_set(owner, count, vectors):
-    for name, values in {"Num": 10 * numpy.arange(1, count + 1), "Time": numpy.arange(1, count + 1), **vectors}.items():
-        write(owner, name, "a,e" if name.startswith("Obs") else f"o1,o{count}", values)
+def write_set(owner, labels, rows, vectors):
+    """Those of the observations at these positions."""
+    for name, values in {"Num": 10 * rows, "Time": rows, **vectors}.items():
+        write(owner, name, "a,e" if name.startswith("Obs") else labels, values)
 
 
 def write_block(owner, model, block, ps, labels):
-    o, v, obs, obs_ps = block.name, "V" + block.name, f"o1,o{N}", f"o1,o{NPS}"
+    o, v, obs, obs_ps = block.name, "V" + block.name, OBS_DS, OBS_PSDS
     stages, components = range(-1, A + 1), range(1, A + 1)
     of_stages, of_components = "Initial,Comp[2]", "Comp[1],Comp[2]"
     ss, s2 = lambda stage: squares(block.at(stage)), lambda stage: model.s2(block, stage)
@@ -246,7 +271,7 @@ def write_block(owner, model, block, ps, labels):
     for name, (of_name, values) in rows.items():
         write(owner, name, of_name, values)
     first = 0 if o == "X" else K
-    for units in ("", "Sc"):
+    for units in ("", "Tr", "Sc"):
         for k in range(1, block.left[0].shape[1] + 1):
             for stage in (0, 2):
                 suffix = f"{units}{first + k}[{stage}]"
@@ -258,8 +283,8 @@ def write_block(owner, model, block, ps, labels):
 
 
 def write_model(owner, model):
-    obs, obs_ps, x, y, components = f"o1,o{N}", f"o1,o{NPS}", "a,c", "d,e", "Comp[1],Comp[2]"
-    write_set(owner, N, {})
+    obs, obs_ps, x, y, components = OBS_DS, OBS_PSDS, "a,c", "d,e", "Comp[1],Comp[2]"
+    write_set(owner, obs, rows_of_models + 1, {})
     write_block(owner, model, model.x, model.x_ps, x)
     q2, q2_cum, q2v, q2v_cum = model.q2()
     ss = lambda stage: squares(model.x.left[stage])
@@ -319,10 +344,11 @@ def write_model(owner, model):
 
 
 pc, pls_model = Model(False), Model(True)
-raw, taken = table, numpy.where([False, True, False, False, True], numpy.log10(numpy.abs(table)), table)
-write_set("DS", N, {"VarDS2": raw[:N, 1], "ObsDS3": raw[2]})
-write_set("WS", N, {"VarTr2": taken[:N, 1], "Obs3": raw[2]})
-write_set("PS", NPS, {"VarPS2": raw[N:, 1], "ObsPSTr3": taken[N + 2]})
+taken = numpy.where([False, True, False, False, True], numpy.log10(numpy.abs(table)), table)
+kept, kept_ps = rows_of_models, rows_of_set
+write_set("DS", OBS_DS, numpy.arange(1, N_DS + 1), {"VarDS2": table[:N_DS, 1], "ObsDS5": table[4]})
+write_set("WS", OBS_DS, kept + 1, {"Var2": table[kept, 1], "VarTr2": taken[kept, 1], "Obs5": table[5], "ObsTr5": taken[5]})
+write_set("PS", OBS_PSDS, kept_ps - N_DS + 1, {"VarPS2": table[kept_ps, 1], "VarPSTr5": taken[kept_ps, 4], "ObsPSTr5": taken[-1]})
 write_model("PC", pc)
 write_model("PLS", pls_model)
 # What counts X variables and responses has none of these where there are no responses.

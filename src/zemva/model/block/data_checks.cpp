@@ -81,9 +81,8 @@ void DataBlock::CheckVariance(ModelLog& log) const {
   for (int k = 1; k <= values_->NCol(); ++k) {
     const double largest = static_cast<double>(info_->largest[k]);
     const double smallest = static_cast<double>(info_->smallest[k]);
-    const bool is_zero = largest == 0.0 && smallest == 0.0;
     const double size = std::abs(smallest) + std::abs(largest);
-    if (!is_zero && std::abs(largest - smallest) / size >= kNoVariation) continue;
+    if (largest - smallest > kNoVariation * size) continue;
     log.Write(std::string("Variance for ") + GetLetter() + "-variable " +
               std::to_string(GetNumber(k)) + " " + GetName(k) + " is (close to) zero.\n");
   }

@@ -214,12 +214,9 @@ class RowProducts : public ProductNipals {
     return static_cast<std::ptrdiff_t>(values.size());
   }
 
-  // Missing scores take no part.
   Vector Widen(std::span<const float> scores) const {
     Vector t = MakeVector();
-    std::ranges::transform(scores, t.begin(), [](float score) {
-      return IsMissing(score) ? 0.0 : static_cast<double>(score);
-    });
+    std::ranges::copy(scores, t.begin());
     return t;
   }
 
@@ -362,7 +359,7 @@ class ColumnProducts : public ProductNipals {
     for (std::size_t c = 0; c < group_count; ++c) {
       AddRows(left_out, c, scores, products[c]);
       for (std::size_t i = left_out.FirstRowOf(c); i < scores.size(); i += group_count) {
-        if (!IsMissing(scores[i])) row_squares[c] += Square(static_cast<double>(scores[i]));
+        row_squares[c] += Square(static_cast<double>(scores[i]));
       }
     }
     bool is_first = true;
@@ -421,9 +418,8 @@ class ColumnProducts : public ProductNipals {
 
  private:
   static double Squares(std::span<const float> scores) {
-    return SumInLanes(scores.size(), [&](std::size_t i) {
-      return IsMissing(scores[i]) ? 0.0 : Square(static_cast<double>(scores[i]));
-    });
+    return SumInLanes(scores.size(),
+                      [&](std::size_t i) { return Square(static_cast<double>(scores[i])); });
   }
 
   // (a - b)'(c - d)
@@ -441,7 +437,7 @@ class ColumnProducts : public ProductNipals {
       std::size_t count = 0;
       for (; count < kBlockRows && i < scores.size(); i += step) {
         rows[count] = residuals_.Row(i).data();
-        factors[count++] = IsMissing(scores[i]) ? 0.0 : static_cast<double>(scores[i]);
+        factors[count++] = static_cast<double>(scores[i]);
       }
       loops_.add[count - 1](rows, factors, residuals_.PaddedLength(), product.data(), 0);
     }

@@ -15,10 +15,10 @@
 
 namespace zemva {
 
-// What Nipals does to a matrix E without gaps, N by K, with the same scores, iteration by
-// iteration, to double precision: where N is the smaller dimension from E E', since t goes over
-// into E E't / |E't|, and else from E'E, since p goes over into E'E p / |E'E p|. Only the loadings,
-// or the scores, need a pass over E at the end.
+// What Nipals does to a matrix E, N by K, and to scores, both without gaps: the same scores,
+// iteration by iteration, to double precision: where N is the smaller dimension from E E', since t
+// goes over into E E't / |E't|, and else from E'E, since p goes over into E'E p / |E'E p|. Only the
+// loadings, or the scores, need a pass over E at the end.
 //
 // For the rounds of a cross-validation by elements the products are kept by group: those of the
 // columns, or of the rows, of each label, so that a round takes but sums of them.
