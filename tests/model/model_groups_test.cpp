@@ -1,7 +1,6 @@
 // What a model takes of the tables of a work set, and other tables take of a model.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <string>
 
 #include "model/model_fixture.h"

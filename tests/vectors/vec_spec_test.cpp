@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 
 #include "zemva/vectors/vec_catalogue.h"
@@ -71,35 +72,12 @@ TEST(VecSpec, EveryTypeIsFoundAgainInEveryFormOfItsName) {
 }
 
 TEST(VecSpec, WhatIsNoNameChangesNothing) {
-  for (const char* const name : {"",
-                                 "T",
-                                 "tt",
-                                 "t ",
-                                 " t",
-                                 "t[]",
-                                 "t[2",
-                                 "t2]",
-                                 "t[2]x",
-                                 "t[+2]",
-                                 "t[02]",
-                                 "t[2][3]",
-                                 "t[40000]",
-                                 "t[-32768]",
-                                 "t[1.5]",
-                                 "VarDS0",
-                                 "VarDS-3",
-                                 "VarDS 3",
-                                 "t1:3",
-                                 "t1:3[]",
-                                 "t1:1[2]",
-                                 "t1:2[-1]",
-                                 "CoeffCSLag2[-1]",
-                                 "t:3[2]",
-                                 "t1:[2]",
-                                 "tTrSc[2]",
-                                 "tTr2Sc[2]",
-                                 "tTR",
-                                 "Undefined"}) {
+  std::istringstream names(
+      "|T|tt|t | t|t[]|t[2|t2]|t[2]x|t[+2]|t[02]|t[2][3]|t[40000]|t[-32768]|t[1.5]|VarDS0|VarDS-3|"
+      "VarDS 3|t1:3|t1:3[]|t1:1[2]|t1:2[-1]|CoeffCSLag2[-1]|t:3[2]|t1:[2]|tTrSc[2]|tTr2Sc[2]|tTR|"
+      "Undefined");
+  for (std::string no_name; std::getline(names, no_name, '|');) {
+    const char* const name = no_name.c_str();
     VecSpec spec(CEVecType::P, 1, 2);
     EXPECT_EQ(spec.SetName(name), 8016) << name;
     EXPECT_EQ(spec.GetName(), "p1[2]") << name;
