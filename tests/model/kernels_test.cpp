@@ -302,13 +302,14 @@ TEST(ResidualMatrix, StartsFromAColumnWithAlternatingSubstitutes) {
 }
 
 TEST(ResidualMatrix, LeavesMissingAndExcludedElementsAsTheyAre) {
-  XFMatrix matrix = MatrixOf({{1, kNone, 7}, {kNone, 4, kNone}, {5, 6, 9}});
-  ResidualMatrix residuals(matrix, std::vector<char>{1, 1, 0});
-  residuals.Subtract(std::vector<float>{1, 2, kNone}, std::vector<float>{1, 3, 1});
+  XFMatrix matrix = MatrixOf({{8, 1, kNone, 7}, {kNone, kNone, 4, kNone}, {9, 5, 6, 9}});
+  ResidualMatrix residuals(matrix, std::vector<char>{0, 1, 1, 0});
+  EXPECT_EQ(residuals.RowSquares(), (std::vector<double>{1, 16, 61}));
+  residuals.Subtract(std::vector<float>{1, 2, kNone}, std::vector<float>{0, 1, 3, 0});
   EXPECT_EQ(residuals.RowSquares(), (std::vector<double>{0, 4, 61}));
-  EXPECT_EQ(residuals.ColumnSquares(), (std::vector<double>{25, 40, 0}));
+  EXPECT_EQ(residuals.ColumnSquares(), (std::vector<double>{0, 25, 40, 0}));
   residuals.CopyTo(matrix);
-  const Table expected{{0, kNone, 7}, {kNone, -2, kNone}, {5, 6, 9}};
+  const Table expected{{8, 0, kNone, 7}, {kNone, kNone, -2, kNone}, {9, 5, 6, 9}};
   for (int i = 1; i <= 3; ++i) {
     EXPECT_TRUE(std::ranges::equal(matrix.Row(i), expected[std::size_t(i) - 1]));
   }
