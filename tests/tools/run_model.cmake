@@ -13,6 +13,20 @@ function(expect_in table regex)
   expect("${text}" "${regex}")
 endfunction()
 
+# expect_all(NAME): the listing, the messages and the tables of the last fit, as golden/NAME has them.
+function(expect_all name)
+  string(REGEX REPLACE "\n Created[^\n]*" "" all "${out}\n${err}")
+  string(REPLACE "\r\n" "\n" all "${all}")
+  file(GLOB tables ${WORK}/out/*.csv)
+  foreach(table IN LISTS tables)
+    file(READ ${table} text)
+    string(APPEND all "\n${text}")
+  endforeach()
+  string(REPLACE "${SAMPLES}/" "" all "${all}")
+  string(REPLACE "${WORK}/" "" all "${all}")
+  expect_golden(${name} "${all}")
+endfunction()
+
 # fails(STATUS ARGUMENTS MESSAGE): what stands against a model, which is then not listed.
 function(fails status arguments message)
   run(${status} ${MODEL} ${arguments})

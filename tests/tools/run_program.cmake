@@ -35,3 +35,9 @@ macro(expect_same_files a b)
     message(SEND_ERROR "${a} is not ${b}")
   endif()
 endmacro()
+
+# expect_golden(NAME TEXT): the text is that of golden/NAME. What it is instead is left in WORK.
+function(expect_golden name text)
+  file(WRITE ${WORK}/${name} "${text}")
+  expect_same_files(${WORK}/${name} ${CMAKE_CURRENT_LIST_DIR}/golden/${name})
+endfunction()

@@ -1,13 +1,12 @@
 include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 
-# Means and standard deviations as other statistics programs give them for these tables.
-run(0 stats ${SAMPLES}/iris.vdo)
-expect("${out}" "^  Var  Name  +N +% MisVal +Min +Max +Min/Max +Mean +StdDev\n")
-expect("${out}" "\n    1  Sepal.Length +150 +0 +4.3 +7.9 +0.544304 +5.84333 +0.828066\n")
-expect("${out}" "\n    4  Petal.Width +150 +0 +0.1 +2.5 +0.04 +1.19933 +0.762238\n")
-run(0 stats --all ${SAMPLES}/airquality.vdo)
-expect("${out}" "% MisVal +Min +Max +Min/Max +Mean +Median +25% +75% +StdDev +Skewness +Kurtosis +Prob")
-expect("${out}" "\n    1  Ozone +116 +24.183 +1 +168 +0.00595238 +42.1293 +31.5 +18 +63.5 +32.9879 ")
+# The statistics are those that other programs give.
+set(statistics "")
+foreach(arguments "iris.vdo" "airquality.vdo;--all" "airquality.vdo;--all;--json")
+  run(0 stats ${SAMPLES}/${arguments})
+  string(APPEND statistics "${out}\n")
+endforeach()
+expect_golden(stats.txt "${statistics}")
 
 file(WRITE ${WORK}/missing.csv ",,x,y\n1,a,,1\n2,b,,2\n")
 run(0 convert ${WORK}/missing.csv ${WORK}/missing.vdo)
@@ -27,8 +26,6 @@ execute_process(COMMAND ${PROGRAM} stats - --drop x INPUT_FILE ${WORK}/missing.c
 expect("${result}${out}" "^0.*\n    1  y +2 ")
 run(1 stats ${SAMPLES}/iris.csv --decimal comma)
 run(0 stats ${WORK}/missing.vdo --json)
-expect_json(y 1 Name)
-expect_json(1.5 1 Mean)
 expect_json("" 0 Mean)
 run(2 stats ${SAMPLES}/iris.csv --decimal dot)
 run(2 stats ${SAMPLES}/iris.csv --delimiter xy)
