@@ -5,11 +5,15 @@ foreach(expected
     "0;--version;^zemva [0-9]+.[0-9]+.[0-9]+\r?\n$"
     "0;--help;^usage: zemva COMMAND .options.\n.*\n  import  .*\n  pc  .*\nexample: zemva pc "
     "0;help;^usage: zemva COMMAND .options.\n"
-    "0;help pc;^usage: zemva pc FILE .options.\n.*\n  --ncv G  .*.7.\n.*\nexample: zemva pc "
     "0;pc --help;^usage: zemva pc FILE .options.\n"
     "0;options set -h;^usage: zemva options set KEY .VALUE. .options.\n"
     "2;help pcc;^zemva: unknown command 'pcc': did you mean 'pc'.\n"
     "2;impotr x;^zemva: unknown command 'impotr': did you mean 'import'.\n"
+    "2;con x;^zemva: unknown command 'con': did you mean 'convert'.\n"
+    "2;vectoxx x;^zemva: unknown command 'vectoxx': did you mean 'vectors'.\n"
+    "2;vectxxx x;^zemva: unknown command 'vectxxx'\n"
+    "2;SHO x;^zemva: unknown command 'SHO': did you mean 'show'.\n"
+    "2;xy;^zemva: unknown command 'xy'\n"
     "2;stats --al x;^zemva: unknown option '--al': did you mean '--all'.\nusage: zemva stats FILE .options.\n'zemva help stats' says more\n$"
     "2;options ste NCV 5;^zemva: unknown command 'ste': did you mean 'set'.\n"
     "1;info -- --none;^zemva: --none: DIO: File open error. .2004.\n$")
@@ -20,9 +24,16 @@ foreach(expected
   expect("${said}" "${regex}")
 endforeach()
 
+run(0 help pc)
+set(pc "${out}")
+run(0 help options)
+expect_golden(help.txt "${pc}\n${out}")
+
 # What an installation gives the shell.
 run(0 help --as man)
 expect("${out}" "^.TH ZEMVA 1\n.*\n.SH pc\n.*\n.B .-.-max.-iter N\n")
+run(0 help --as zsh)
+expect("${out}" "\n    \"[*]--output=.the file to write.:value:_files\" .*\n  info. _arguments .*\n    \"[*]--json.writes JSON.\" ")
 run(2 help --as html)
 find_program(bash bash)
 if(bash AND NOT PROGRAM MATCHES "wine")

@@ -24,6 +24,8 @@ foreach(expected
     "2;plot none.csv scores -o a.gif;^zemva: -o: 'a.gif' ends in none of .svg, .png, .pdf"
     "2;plot none.csv vip -o a.svg;^zemva: this figure takes responses, --y, or classes, "
     "2;plot none.csv scores -o a.svg --axes 1,0;^zemva: --axes: "
+    "2;plot none.csv scores -o a.svg --axes 128;^zemva: --axes: '128' is not a whole number from 1 to 127"
+    "2;plot none.csv scores -o a.svg --axes 1,2,3;^zemva: --axes: '1,2,3' is not A,B"
     "2;plot none.csv scores -o a.svg --model lda;^zemva: --model: 'lda' is none of pc, pls")
   list(POP_FRONT expected status line regex)
   separate_arguments(words UNIX_COMMAND "${line}")
@@ -39,8 +41,8 @@ set output 'made'\",1,2,3,0.5,3.1,10\n2,\"\\n\\x27 $(touch made) \\\",y,3,4,1,-1
 3,</title><script>a(),z,5,1,2,2.5,7.2,\n4,é ü,z,2,2,7,0,1.4,11\n5,EOD,,2,9,7,4,3.3,35\n6,,z,1,3,2,-2,2.9,14
 7,another of so many chars,y,4,6,,1,8.1,18\n8,eight,y,-2,0,5,-3,-6.5,3\n9,nine,z,7,5,4,2,9.4,20\n")
 set(scripts "")
-foreach(figure "overview" "scores" "loadings" "distances" "t2" "vip" "coefficients --response y" "predicted --response 'y, 2'"
-    "contributions --obs 4" "scores --components 1 --model pc" "loadings --components 1 --model pc")
+foreach(figure "overview" "scores" "loadings --axes 2,1" "distances" "t2" "vip" "coefficients --response y" "predicted --response 'y, 2'"
+    "contributions --obs 4 --axes 2" "scores --components 1 --model pc" "loadings --components 1 --model pc")
   separate_arguments(words UNIX_COMMAND "${figure} --y 'y,\"y, 2\"' --class-by kind")
   if(NOT figure MATCHES "components")
     list(APPEND words --components 2)
@@ -49,6 +51,9 @@ foreach(figure "overview" "scores" "loadings" "distances" "t2" "vip" "coefficien
   string(APPEND scripts "${out}")
 endforeach()
 expect_golden(figures.gp "${scripts}")
+# Four hundred bars: they are not sorted, and few of them are named.
+run(0 plot ${SAMPLES}/spectra.csv vip --y y1 --components 2 --script -)
+expect("${out}" "rotate by 90 right .'nm1100' 1, 'nm1118' 10, [^\n]*'nm1892' 397.\n.* noborder\n.bars1 << EOD\n1\t0\\.[0-9]*\t\"nm1100\"\n2\t")
 if(EXISTS ${WORK}/made OR EXISTS ${CMAKE_CURRENT_BINARY_DIR}/made)
   message(SEND_ERROR "a text of the table was run")
 endif()
@@ -123,10 +128,15 @@ expect_figure(${WORK}/mtcars_pls/loadings.svg "w.c.2., 24 %" "<title>qsec</title
 expect_figure(${WORK}/mtcars_pls/predicted-2.svg "qsec: RMSEE = 0.9" ">1:1<")
 expect_figure(${WORK}/iris_pc/t2.svg "99 %: 9.567" ">setosa_16<")
 
-# Figures of an earlier model do not stay; a saved model has those that need no data.
+# Figures of an earlier model do not stay, but what else is there does; a saved model has those that need no data.
+foreach(other predicted-x predicted- scores-2)
+  file(TOUCH ${WORK}/mtcars_pls/${other}.svg)
+endforeach()
 run(0 pls ${SAMPLES}/mtcars.vdo --y mpg --components 1 --plots ${WORK}/mtcars_pls
   --save ${WORK}/cars.mdl)
 expect("${err}" "predicted-2.svg: of an earlier model, is removed\r?\n")
+file(GLOB left RELATIVE ${WORK}/mtcars_pls ${WORK}/mtcars_pls/*-*.svg)
+expect("${left}" "^predicted-.svg;predicted-x.svg;scores-2.svg$")
 expect_figure(${WORK}/mtcars_pls/scores.svg "t.1., 58 %" ">observation<")
 run(0 plot ${WORK}/cars.mdl predicted -o -)
 expect("${out}" "mpg: RMSEE = 2.5")

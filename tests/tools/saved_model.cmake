@@ -9,7 +9,7 @@ function(expect_same_predictions test)
 endfunction()
 
 file(WRITE ${WORK}/test.csv ",,Petal.Width,new,Petal.Length,Sepal.Width,Sepal.Length
-5,average,1.1993333,1,3.758,3.0573333,5.8433332\n6,step,0.7687784,1,2.7333978,,5.4118563\n")
+5,\"an \"\"average\"\"\\\tone\",1.1993333,1,3.758,3.0573333,5.8433332\n6,step,0.7687784,1,2.7333978,,5.4118563\n")
 expect_same_predictions(${WORK}/test.csv pc ${SAMPLES}/iris.vdo)
 expect_same_predictions(${SAMPLES}/airquality.csv pc ${SAMPLES}/airquality.vdo --components 3)
 file(COPY_FILE ${SAMPLES}/mtcars.csv ${WORK}/cars.csv)
@@ -31,7 +31,7 @@ expect("${out}" "\n  SignRule2 +i2 +33\n.*\nModel\nType +PC-1\nName +M1\n.*\nDat
 run(0 info ${WORK}/model.mdl --json)
 expect_json(150 Model Observations)
 run(0 predict ${WORK}/model.mdl ${WORK}/test.csv --json)
-expect_json(average 0 ONam)
+expect_json("an \"average\"\\\tone" 0 ONam)
 
 run(0 vectors ${WORK}/model.mdl --get p[2] --get R2VX[1])
 set(saved "${out}")

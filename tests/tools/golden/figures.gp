@@ -279,43 +279,39 @@ set output 'loadings.svg'
 set encoding utf8
 set datafile separator "\t"
 set label 'Loadings' at screen 0.1125,0.955 left font ',17'
-set xlabel 'w*c[1], 54 %'
-set ylabel 'w*c[2], 30 %'
+set xlabel 'w*c[2], 30 %'
+set ylabel 'w*c[1], 54 %'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
 set bmargin at screen 0.125
-set xrange [-0.1020377:0.6530651]
-set yrange [-0.8344824:0.6725986]
+set xrange [-0.8344824:0.6725986]
+set yrange [-0.1020377:0.6530651]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
 set xzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
 set yzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
 $points1 << EOD
-0.5987645	0.5800585	"it’s `touch made`"
-0.5207098	-0.3142266	"b% \\"
--0.0556717	-0.7419423	"c ”q” <x>&"
-0.6066991	-0.170134	"twenty-four characters !"
+0.5800585	0.5987645	"it’s `touch made`"
+-0.3142266	0.5207098	"b% \\"
+-0.7419423	-0.0556717	"c ”q” <x>&"
+-0.170134	0.6066991	"twenty-four characters !"
 EOD
 $points2 << EOD
-0.5771771	0.4721722	"y"
-0.5725939	-0.3361474	"y, 2"
+0.4721722	0.5771771	"y"
+-0.3361474	0.5725939	"y, 2"
 EOD
 $names3 << EOD
-0.5771771	0.4721722	"y"
-0.5725939	-0.3361474	"y, 2"
--0.0556717	-0.7419423	"c ”q” <x>&"
-0.5207098	-0.3142266	"b% \\"
-EOD
-$names4 << EOD
-0.5987645	0.5800585	"it’s `touch made`"
-0.6066991	-0.170134	"twenty-four characters !"
+0.4721722	0.5771771	"y"
+-0.3361474	0.5725939	"y, 2"
+-0.7419423	-0.0556717	"c ”q” <x>&"
+-0.170134	0.6066991	"twenty-four characters !"
+-0.3142266	0.5207098	"b% \\"
 EOD
 plot $points1 using 1:2:3 with labels hypertext point pointtype 6 pointsize 0.7 linecolor rgb '#0072B2' title 'X, w*', \
      $points2 using 1:2:3 with labels hypertext point pointtype 4 pointsize 0.7 linecolor rgb '#D55E00' title 'Y, c', \
-     $names3 using 1:2:3 with labels left offset character 0.8,0 font ',11' notitle, \
-     $names4 using 1:2:3 with labels right offset character -0.8,0 font ',11' notitle
+     $names3 using 1:2:3 with labels left offset character 0.8,0 font ',11' notitle
 set terminal svg size 800,600 font 'Helvetica,14' background rgb 'white' noenhanced
 set output 'distances.svg'
 set encoding utf8
@@ -532,13 +528,13 @@ set encoding utf8
 set datafile separator "\t"
 set label 'What makes the score of é ü' at screen 0.1125,0.955 left font ',17'
 set xlabel ''
-set ylabel 'contribution to t[1], 54 %'
+set ylabel 'contribution to t[2], 30 %'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
 set bmargin at screen 0.3546667
 set xrange [0.4:4.6]
-set yrange [-0.3107687:0]
+set yrange [-1.093172:0.2582492]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
@@ -547,10 +543,10 @@ set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'b%% \' 2, 'c "q" 
 set boxwidth 0.8 absolute
 set style fill solid 1.0 border linecolor rgb 'black'
 $bars1 << EOD
-1	-0.1277732	"it’s `touch made`"
-2	-0.290438	"b% \\"
-3	-0.07579971	"c ”q” <x>&"
-4	-0.1037294	"twenty-four characters !"
+1	-0.1237815	"it’s `touch made`"
+2	0.1752672	"b% \\"
+3	-1.01019	"c ”q” <x>&"
+4	0.0290884	"twenty-four characters !"
 EOD
 plot $bars1 using 1:2 with boxes linecolor rgb '#1F4E79' notitle, \
      $bars1 using 1:2:3 with labels hypertext point pointtype 7 pointsize 0.2 linecolor rgb 'black' notitle
