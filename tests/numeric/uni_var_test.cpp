@@ -87,15 +87,6 @@ UniVar Nothing() {
   return uni_var;
 }
 
-TEST(UniVar, CountsTheStatisticsThatAreOn) {
-  EXPECT_EQ(UniVar().GetNumberOfStatistics(), 7);
-  EXPECT_EQ(Everything().GetNumberOfStatistics(), 13);
-  UniVar quartiles = Nothing();
-  EXPECT_EQ(quartiles.GetNumberOfStatistics(), 0);
-  quartiles.SetIsIQR(true);
-  EXPECT_EQ(quartiles.GetNumberOfStatistics(), 2);
-}
-
 // Five observations, of which the last is left out, and four variables, of which the second is.
 class UniVarTable : public testing::Test {
  protected:

@@ -1,16 +1,7 @@
 include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 
 run(0 options --ini ${WORK})
-foreach(line
-    "ExtMisVal +-100000.0 +-100000.0 +a real number\n"
-    "DefaultProjectDir +a path that exists\n"
-    "CompLimLoa +3\\.0 +3\\.0 +a real number from 1 to 5\n"
-    "MaxIter +200 +200 +an integer from 0 to 2147483647\n"
-    "VarPltMark +Name +Name +None, Number or Name\n"
-    "XOpt1 +0 +0 +no value\n"
-    "ReconstructWavelets +On +On +Off or On\n$")
-  expect("${out}" "${line}")
-endforeach()
+expect("${out}" "ExtMisVal +-100000.0 +-100000.0 +a real number\n.*\nReconstructWavelets +On +On +Off or On\n$")
 
 run(0 options --ini ${WORK} --json)
 expect_json(MaxIter 5 Option)
