@@ -11,9 +11,7 @@ foreach(arguments "plot;${SAMPLES}/iris.vdo;scores;-o;${WORK}/a.svg"
   run(1 ${arguments})
   expect("${err}" "^zemva: gnuplot: is not installed; it draws the figures\r?\n$")
 endforeach()
-if(EXISTS ${WORK}/none)
-  message(SEND_ERROR "without gnuplot there is a folder for its figures")
-endif()
+expect_none(${WORK}/none)
 set(ENV{PATH} "${path}")
 
 # What is wrong is said first of all.
@@ -54,9 +52,7 @@ expect_golden(figures.gp "${scripts}")
 # Four hundred bars: they are not sorted, and few of them are named.
 run(0 plot ${SAMPLES}/spectra.csv vip --y y1 --components 2 --script -)
 expect("${out}" "rotate by 90 right .'nm1100' 1, 'nm1118' 10, [^\n]*'nm1892' 397.\n.* noborder\n.bars1 << EOD\n1\t0\\.[0-9]*\t\"nm1100\"\n2\t")
-if(EXISTS ${WORK}/made OR EXISTS ${CMAKE_CURRENT_BINARY_DIR}/made)
-  message(SEND_ERROR "a text of the table was run")
-endif()
+expect_none(${WORK}/made ${CMAKE_CURRENT_BINARY_DIR}/made)
 
 if(PROGRAM MATCHES "wine")
   return()

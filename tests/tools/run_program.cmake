@@ -36,6 +36,15 @@ macro(expect_same_files a b)
   endif()
 endmacro()
 
+# expect_none(FILE...): there is none of them.
+function(expect_none)
+  foreach(file IN LISTS ARGN)
+    if(EXISTS ${file})
+      message(SEND_ERROR "there is ${file}")
+    endif()
+  endforeach()
+endfunction()
+
 # expect_golden(NAME TEXT): the text is that of golden/NAME. What it is instead is left in WORK.
 function(expect_golden name text)
   file(WRITE ${WORK}/${name} "${text}")
