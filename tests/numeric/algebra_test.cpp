@@ -65,16 +65,23 @@ TEST(Operators, AddSubtractAndMultiply) {
   EXPECT_EQ((a * MatrixOf(1, {1, 2, 3})).NRow(), 0) << "inner sizes differ";
 }
 
+template <typename Matrix>
+void CheckTurns() {
+  const Matrix empty(0, 0, 0.0f);
+  const Matrix a(1, 1, 2.0f);
+  Matrix::MStat = empty;
+  Matrix::MStat2 = empty;
+  EXPECT_EQ(&(a + a), &Matrix::MStat);
+  EXPECT_EQ(&(a * a), &Matrix::MStat2);
+  EXPECT_EQ(&(Matrix::MStat + Matrix::MStat2), &Matrix::MStat);
+  EXPECT_EQ(Matrix::MStat[1][1], 8);
+  EXPECT_EQ(Matrix::MStat2.NRow(), 0) << "an operand that is not overwritten is emptied";
+  EXPECT_EQ((a - Matrix::MStat)[1][1], -6);
+}
+
 TEST(Operators, TakeTurnsWithTheWorkMatrices) {
-  const FMatrix empty(0, 0, 0.0f);
-  const FMatrix a = MatrixOf(1, {2});
-  FMatrix::MStat = empty;
-  FMatrix::MStat2 = empty;
-  EXPECT_EQ(&(a + a), &FMatrix::MStat);
-  EXPECT_EQ(&(a * a), &FMatrix::MStat2);
-  EXPECT_EQ(&(FMatrix::MStat + FMatrix::MStat2), &FMatrix::MStat);
-  EXPECT_EQ(FMatrix::MStat[1][1], 8.0f);
-  EXPECT_EQ(FMatrix::MStat2.NRow(), 0) << "an operand that is not overwritten is emptied";
+  CheckTurns<FMatrix>();
+  CheckTurns<DMatrix>();
 }
 
 TEST(Operators, AProductLargerThanTheCacheAddsInOrder) {
@@ -232,9 +239,9 @@ TEST(MatrixFile, RefusesWhatIsNone) {
   EXPECT_EQ(matrix.Read(path.c_str()), 5000) << "no file";
   for (const char* text :
        {"", "zemva matrix", "zemva matrix 1", "zemva matrix 1 2\n3\n", "zemva matrix 1 1\n3 4\n",
-        "zemva matrix 1 1\nx\n", "zemva matrix 1 1\n3x\n", "zemva matrix -1 -1\n",
-        "zemva matrix 2000000000 2000000000\n1\n", "zemva matrix 2000000000 0\n",
-        "zemva matrix 99999999999 1\n", "other matrix 1 1\n3\n"}) {
+        "zemva matrix 1 1\nx\n", "zemva matrix 1 1\n3x\n", "zemva matrix -1 1\n",
+        "zemva matrix 1 -1\n", "zemva matrix 2000000000 2000000000\n1\n",
+        "zemva matrix 2000000000 0\n", "zemva matrix 99999999999 1\n", "other matrix 1 1\n3\n"}) {
     test::WriteBytes(path, text);
     EXPECT_EQ(matrix.Read(path.c_str()), 5000) << text;
     EXPECT_EQ(CellsOf(matrix), Floats{5});
@@ -245,6 +252,8 @@ TEST(MatrixFile, RefusesWhatIsNone) {
   test::WriteBytes(path, "zemva matrix 2 1\r\n.\r\n-2.5e1");
   EXPECT_EQ(matrix.Read(path.c_str()), 0);
   EXPECT_EQ(CellsOf(matrix), (Floats{kMissing, -25}));
+  test::WriteBytes(path, "zemva matrix 2 2 1 . 3 4");
+  EXPECT_EQ(matrix.Read(path.c_str()), 0) << "no character too many";
 }
 
 }  // namespace

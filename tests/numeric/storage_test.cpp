@@ -229,6 +229,8 @@ TEST(Construction, OfNothingFromNothing) {
   EXPECT_EQ(XI1Vector("v", 2, nullptr).GetStatus(), 5007);
   EXPECT_EQ(XFVector(static_cast<const XFVector*>(nullptr)).GetStatus(), 5007);
   EXPECT_EQ(DMatrix(static_cast<const FMatrix*>(nullptr)).GetStatus(), 5007);
+  EXPECT_EQ(DMatrix(static_cast<const DVector*>(nullptr)).GetStatus(), 5007);
+  EXPECT_EQ(FMatrix(static_cast<const FVector*>(nullptr)).GetStatus(), 5007);
   const FVector empty(0, 1.0f, true);
   EXPECT_EQ(empty.GetStatus(), 0);
   EXPECT_EQ(FMatrix(&empty).NRow(), 0);
