@@ -74,9 +74,9 @@ void CheckTurns() {
   EXPECT_EQ(&(a + a), &Matrix::MStat);
   EXPECT_EQ(&(a * a), &Matrix::MStat2);
   EXPECT_EQ(&(Matrix::MStat + Matrix::MStat2), &Matrix::MStat);
-  EXPECT_EQ(Matrix::MStat[1][1], 8);
+  EXPECT_EQ(Matrix::MStat[1][1], 8.0f);
   EXPECT_EQ(Matrix::MStat2.NRow(), 0) << "an operand that is not overwritten is emptied";
-  EXPECT_EQ((a - Matrix::MStat)[1][1], -6);
+  EXPECT_EQ((a - Matrix::MStat)[1][1], -6.0f);
 }
 
 TEST(Operators, TakeTurnsWithTheWorkMatrices) {
