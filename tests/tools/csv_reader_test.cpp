@@ -120,7 +120,7 @@ TEST(CsvReader, RefusesWhatDoesNotFitWhereItStands) {
       {"", "line 1, column 1: the file is empty"},
       {"\xEF\xBB\xBF\n\r\n", "line 1, column 1: the file is empty"},
       {"\xEF\xBB\xBF\x80", "line 1, column 1: the file is marked as UTF-8 but is something else"},
-      {std::string("a\n1\0", 4), "line 2, column 1: a zero byte: the file is no text"},
+      {std::string("\na\0", 3), "line 2, column 1: a zero byte: the file is no text"},
       {"a,b\n1,\"2\n3,4\n", "line 2, column 2: a quote is not closed"},
       {"a,b\n1,\"2\"3\n", "line 2, column 2: characters behind a closed quote"},
       {",\n1,x\n", "line 1, column 2: the table has no variable"},

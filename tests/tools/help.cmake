@@ -4,7 +4,6 @@ include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 foreach(expected
     "0;--version;^zemva [0-9]+.[0-9]+.[0-9]+\r?\n$"
     "0;--help;^usage: zemva COMMAND .options.\n.*\n  import  .*\n  pc  .*\nexample: zemva pc "
-    "0;help;^usage: zemva COMMAND .options.\n"
     "0;pc --help;^usage: zemva pc FILE .options.\n"
     "0;options set -h;^usage: zemva options set KEY .VALUE. .options.\n"
     "2;help pcc;^zemva: unknown command 'pcc': did you mean 'pc'.\n"

@@ -64,6 +64,7 @@ TEST(ModelOptions, RefusesWhatMeansNothing) {
       {{"a", "--exclude", "sepal.Length"},
        "--exclude: there is no variable 'sepal.Length': did you mean 'Sepal.Length'?"},
       {{"a", "--exclude", "Ж"}, "--exclude: there is no variable 'Ж'"},
+      {{"a", "--exclude", "\xF6\xDF"}, "--exclude: there is no variable 'öß'"},
       {{"a", "--exclude", "Sepal.Length,"}, "--exclude: a name is empty"},
       {{"a", "--exclude", "\"Sepal.Length"},
        "--exclude: quotes around a name are not closed in '\"Sepal.Length'"},
