@@ -103,9 +103,6 @@ TEST(CsvReader, FindsSeparatorsMarksEncodingsAndLabels) {
       {",,\x80\n1,\xE4\xDF,2\n", ",,\xE2\x82\xAC\n1,\xC3\xA4\xC3\x9F,2\n"},
       {",,\xE2\x82\xAC\n1,\xC3\xA4,2\n", ",,\xE2\x82\xAC\n1,\xC3\xA4,2\n"},
       {"\xEF\xBB\xBF,,\xE2\x82\xAC\n1,x,2\n", ",,\xE2\x82\xAC\n1,x,2\n"},
-      // An overlong zero, a surrogate and a character cut short are no UTF-8.
-      {",,\xC0\x80\n1,x,2\n", ",,\xC3\x80\xE2\x82\xAC\n1,x,2\n"},
-      {",,\xED\xA0\x80\n1,x,2\n", ",,\xC3\xAD\xC2\xA0\xE2\x82\xAC\n1,x,2\n"},
       {",,a\n1,x\xC3,2\n", ",,a\n1,x\xC3\x83,2\n"},
   };
   for (const Case& c : kCases) EXPECT_EQ(ReadAndPrint(c.in), c.out) << c.in;
@@ -220,6 +217,31 @@ TEST(CsvReader, ReadsUtf16WithAMark) {
     EXPECT_EQ(ReadAndPrint(Utf16(u"\uFEFF,,\U0001F600\n1,x,2\n", is_low_byte_first)),
               "line 1, column 3: the name '\xF0\x9F\x98\x80' is not in code page 1252");
   }
+}
+
+TEST(CodePage, KnowsCharactersToTheirBounds) {
+  // The first and the last character of each length, and about the surrogates.
+  const char* const kBounds = "\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
+  EXPECT_TRUE(IsUtf8(kBounds));
+  for (const char* const text : {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80",
+                                 "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80",
+                                 "\xF8\x88\x80\x80\x80", "\xC3", "\xE2\x82", "\xC3("}) {
+    EXPECT_FALSE(IsUtf8(text));
+  }
+  for (const bool is_low_byte_first : {true, false}) {
+    const auto read = [&](std::u16string_view units) {
+      return Utf8FromUtf16(Utf16(units, is_low_byte_first), is_low_byte_first);
+    };
+    EXPECT_EQ(read(u"\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"), kBounds);
+    for (const std::u16string& units :
+         {std::u16string{0xD800}, std::u16string{0xDC00, 0xDC00}, std::u16string{0xD800, 0xE000}}) {
+      EXPECT_EQ(read(units), std::nullopt);
+    }
+  }
+  std::size_t lost = 9;
+  EXPECT_EQ(CodePageFromUtf8("\x7F\u0081\u00A0ÿĀ", lost), "\x7F\x81\xA0\xFF?");
+  EXPECT_EQ(lost, 1u);
+  EXPECT_EQ(PrintableFromCodePage("\x1F \x7F\x80\x81\x9D\x9F\xA0"), "? ?€??Ÿ\u00A0");
 }
 
 TEST(CsvReader, DoesAsTheOptionsSay) {
