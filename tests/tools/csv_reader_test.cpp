@@ -221,7 +221,9 @@ TEST(CsvReader, ReadsUtf16WithAMark) {
 
 TEST(CodePage, KnowsCharactersToTheirBounds) {
   // The first and the last character of each length, and about the surrogates.
-  const char* const kBounds = "\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
+  using namespace std::string_view_literals;
+  constexpr std::string_view kBounds =
+      "\0\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"sv;
   EXPECT_TRUE(IsUtf8(kBounds));
   for (const char* const text : {"\x80", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80",
                                  "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80",
@@ -232,7 +234,7 @@ TEST(CodePage, KnowsCharactersToTheirBounds) {
     const auto read = [&](std::u16string_view units) {
       return Utf8FromUtf16(Utf16(units, is_low_byte_first), is_low_byte_first);
     };
-    EXPECT_EQ(read(u"\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"), kBounds);
+    EXPECT_EQ(read(u"\0\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"sv), kBounds);
     for (const std::u16string& units :
          {std::u16string{0xD800}, std::u16string{0xDC00, 0xDC00}, std::u16string{0xD800, 0xE000}}) {
       EXPECT_EQ(read(units), std::nullopt);
@@ -283,6 +285,14 @@ TEST(CsvReader, DoesAsTheOptionsSay) {
       {{.number_column = "bb"},
        ",,a,b\n1,x,2,3\n",
        "line 1, column 1: --numbers: there is no column 'bb': did you mean 'b'?",
+       nullptr},
+      {{.name_column = "0"},
+       "7,8\n1,2\n",
+       "line 1, column 1: --names: there is no column '0'",
+       nullptr},
+      {{.dropped_columns = {"3"}},
+       "7,8\n1,2\n",
+       "line 1, column 1: --drop: there is no column '3'",
        nullptr},
       {{.name_column = "a", .class_column = "a"},
        "a,b\nx,1\n",

@@ -56,7 +56,6 @@ double BetaFraction(double a, double b, double x) {
 // x^a (1 - x)^b / B(a, b), with what is too small to matter as 0.
 double FrontFactor(double a, double b, double x) {
   constexpr double kNegligible = 1e-36;
-  if (x == 0.0 || x == 1.0) return 0.0;
   const double factor = std::exp(LogGamma(a + b) - LogGamma(a) - LogGamma(b) + a * std::log(x) +
                                  b * std::log(1.0 - x));
   return factor < kNegligible ? 0.0 : factor;
