@@ -152,15 +152,16 @@ TEST(Listings, ShowEachKindOfValue) {
   doubles[2] = test::kNone;
   EXPECT_EQ(Shown(&doubles),
             "d is: NValA= 2\nDVector has 2 double values: \n     -2.001          .\n");
-  const XI1Vector bytes("b", 2, char{-7});
-  EXPECT_EQ(Shown(&bytes), "b is: NValA= 2\nI1Vector has 2 int8 values:\n        -7        -7\n");
+  const XI1Vector bytes("b", 8, char{-7});
+  EXPECT_EQ(Shown(&bytes),
+            "b is: NValA= 8\nI1Vector has 8 int8 values:\n        -7        -7"
+            "        -7        -7        -7        -7        -7\n        -7\n");
   const DMatrix matrix(1, 1, 0.25);
   EXPECT_EQ(Shown(&matrix), "DMatrix has 1 rows and 1 columns of double:\n      0.250\n");
-  XSVector texts("s", 2, 10);
-  texts.SetElement(1, "ABCDEFGHIJ");
-  EXPECT_EQ(Shown(&texts),
-            "s is:\nSVector has 2 strings of length 10 here truncated to 9.\n"
-            " ABCDEFGHI          \n");
+  XSVector texts("s", 8, 10);
+  texts.SetElement(7, "ABCDEFGHIJ");
+  EXPECT_EQ(Shown(&texts), "s is:\nSVector has 8 strings of length 10 here truncated to 9.\n" +
+                               std::string(60, ' ') + " ABCDEFGHI\n          \n");
 }
 
 TEST(Listings, SayWhatIsNull) {

@@ -47,7 +47,7 @@ std::optional<char32_t> TakeCharacter(std::string_view& text) {
   const auto ones = static_cast<std::size_t>(std::countl_one(static_cast<std::uint8_t>(lead)));
   const std::size_t length = std::max<std::size_t>(ones, 1);
   if (ones == 1 || ones > 4 || length > text.size()) return std::nullopt;
-  char32_t character = lead & (0xFFU >> (ones == 0 ? 0 : ones + 1));
+  char32_t character = lead & (0xFFU >> (ones + 1));
   for (std::size_t i = 1; i < length; ++i) {
     const unsigned byte = ByteAt(text, i);
     if ((byte & 0xC0) != 0x80) return std::nullopt;
