@@ -48,7 +48,10 @@ foreach(figure "overview" "scores" "loadings --axes 2,1" "distances" "t2" "vip" 
   run(0 plot ${WORK}/evil.csv ${words} --script -)
   string(APPEND scripts "${out}")
 endforeach()
-expect_golden(figures.gp "${scripts}")
+# In a crowd names go where there is room, and those of responses anywhere.
+run(0 plot ${SAMPLES}/spectra.csv loadings --y y1,y2 --components 2 --script -)
+string(REGEX REPLACE "^.*(\n.names3 )" "\\1" crowd "${out}")
+expect_golden(figures.gp "${scripts}${crowd}")
 # Of observations with limits those beyond are named.
 run(0 plot ${SAMPLES}/mtcars.csv distances --y mpg,hp --components 2 --script -)
 expect("${out}" "\n.names[0-9]* << EOD\n9\t1.73326\t\"Merc 230\"\nEOD\n")
