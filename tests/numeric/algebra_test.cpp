@@ -179,6 +179,9 @@ TEST(Svd, HoldsForMatricesOfEveryShapeAndRank) {
   EXPECT_NEAR(CheckSvd(near, kDoubleEpsilon), 4e-10, 1e-10);
   EXPECT_EQ(CheckSvd(FMatrix(6, 4, 0.0f), kFloatEpsilon), 0.0);
   EXPECT_EQ(CheckSvd(DMatrix(3, 2, 1e-300), kDoubleEpsilon), 0.0);
+  DMatrix uneven(2, 2, 1.0);
+  uneven[1][1] = 1e200;
+  EXPECT_EQ(CheckSvd(uneven, kDoubleEpsilon), 0.0);
   const FMatrix of_first_axis = MatrixOf(3, {1, 0, 0, 0, 0, 0, 0, 0, 0});
   EXPECT_EQ(CheckSvd(of_first_axis, kFloatEpsilon), 0.0);
 }

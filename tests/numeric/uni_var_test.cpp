@@ -134,6 +134,10 @@ TEST_F(UniVarTable, IsReturned) {
 
 TEST_F(UniVarTable, WithoutObservationsOrArguments) {
   std::ranges::fill(observations_.Values(), '\0');
+  observations_[3] = 1;
+  EXPECT_EQ(Nothing().Calc(&x_, &variables_, &observations_, window_), 0);
+  EXPECT_EQ(window_.log, " Var\n   1\n   3\n   4\n");
+  observations_[3] = 0;
   EXPECT_EQ(UniVar().Calc(&x_, &variables_, &observations_, window_), 0);
   EXPECT_TRUE(window_.log.ends_with("SD\nNo observations selected.\n"));
   XFMatrix* results = nullptr;

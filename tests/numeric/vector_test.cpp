@@ -27,6 +27,8 @@ TEST(FVector, StatisticsLeaveOutWhatIsMissing) {
   EXPECT_EQ(vector.IxMin(), 3);
   EXPECT_EQ(vector.IxMax(), 4);
   EXPECT_EQ(vector.IxAbsMax(), 3);
+  EXPECT_EQ(VectorOf({7}).Sum(), 7.0);
+  EXPECT_EQ(VectorOf({7}).Avg(), 7.0f);
   EXPECT_EQ(VectorOf({16777216, 1, 1, 1}).Sum(), 16777216.0) << "in float";
   EXPECT_EQ(VectorOf({16777216, 1, 1, 1}).SS(), 281474976710659.0);
 }
@@ -84,6 +86,7 @@ TEST(DVector, StatisticsLeaveOutWhatIsMissing) {
   vector[3] = -2.5;
   EXPECT_EQ(vector.NValA(), 2);
   EXPECT_EQ(vector.Avg(), -1.0);
+  EXPECT_EQ(DVector(1, 7.0).Avg(), 7.0);
   EXPECT_EQ(&vector.Min(), &vector[3]);
   EXPECT_EQ(&vector.Max(), &vector[1]);
   EXPECT_EQ(vector.IxAbsMax(), 3);
