@@ -71,11 +71,11 @@ expect_none(${WORK}/out/predictions.csv)
 # Classes from a column of texts.
 file(WRITE ${WORK}/kinds.csv
   "id,kind,x,y\n1,b,1,2\n2,a,3,5\n3,b,4,4\n4,b,2,7\n5,a,9,9\n6,b,5,3\n7,b,0,1\n")
-fails(1 ${WORK}/kinds.csv "kinds.csv: line 1, column 2: 'kind' holds texts: --class-by ")
+fails(1 "kinds.csv: line 1, column 2: 'kind' holds texts: --class-by " pc ${WORK}/kinds.csv)
 fit(${WORK}/kinds.csv --numbers id --class-by kind --only-class 1 --components 1)
 expect("${err}" "kinds.csv: 7 observations .numbers from 'id', no names., 2 variables, 2 classes from 'kind': 1 b .5., 2 a .2.\r?\n")
 expect("${out}" "NObs = 5,")
-fails(2 "${WORK}/kinds.csv;--class-by;kind;--class;1=1-3" "^zemva: --class-by and --class ")
+fails(2 "^zemva: --class-by and --class " pc ${WORK}/kinds.csv --class-by kind --class 1=1-3)
 
 # The settings file is where models start; the command line goes before it.
 run(0 options set MaxIter 2 --ini ${WORK})
@@ -106,27 +106,24 @@ expect("${err}" "sparse.csv: stopped after 1 component: MVA: Only missing [^\n]*
 
 # What stands against a model: the file, its data, the significance of the first component.
 file(WRITE ${WORK}/text.vdo "no project file")
-fails(1 ${WORK}/none.vdo "^zemva: [^\n]*none.vdo: DIO: File open error. \\(2004\\)\r?\n$")
-fails(1 ${WORK}/text.vdo "^zemva: [^\n]*text.vdo: line 1, column 1: there is no row below the header row\r?\n$")
+fails(1 "^zemva: [^\n]*none.vdo: DIO: File open error. \\(2004\\)\r?\n$" pc ${WORK}/none.vdo)
+fails(1 "^zemva: [^\n]*text.vdo: line 1, column 1: there is no row below the header row\r?\n$" pc ${WORK}/text.vdo)
 file(WRITE ${WORK}/constant.csv ",,a,b,c\n1,,1,2,7\n2,,3,2,1\n3,,2,2,5\n4,,9,2,0\n5,,4,2,2\n")
-fails(1 ${WORK}/constant.csv "X-variable 2 b\r?\n[^\n]*constant.csv: [^\n]* \\(8038\\)\r?\n$")
-fails(1 "${WORK}/constant.csv;--exclude;a,b,c" "constant.csv: [^\n]* \\(8017\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--class;1=1-3;--only-class;1" "iris.vdo: [^\n]* \\(8020\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--class;1=1-50;--only-class;1;--out;${WORK}/refused/deep"
-  "acc\\. to current rules\\.\r?\n[^\n]*iris.vdo: no component is significant; --components [^\n]*\n$")
-fails(1 "${WORK}/sparse.csv;--components;2;--ncv;2;--scale;None" "sparse.csv: [^\n]* \\(8043\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/text.vdo" "text.vdo: line 1, [^\n]*\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--test;${WORK}/none.vdo" "none.vdo: [^\n]* \\(2004\\)\r?\n$")
-fails(1 "${SAMPLES}/iris.vdo;--test;${SAMPLES}/mtcars.vdo" "mtcars.vdo: [^\n]* \\(8033\\)\r?\n$")
+fails(1 "X-variable 2 b\r?\n[^\n]*constant.csv: [^\n]* \\(8038\\)\r?\n$" pc ${WORK}/constant.csv)
+fails(1 "constant.csv: [^\n]* \\(8017\\)\r?\n$" pc ${WORK}/constant.csv --exclude a,b,c)
+fails(1 "iris.vdo: [^\n]* \\(8020\\)\r?\n$" pc ${SAMPLES}/iris.vdo --class 1=1-3 --only-class 1)
+fails(1 "acc\\. to current rules\\.\r?\n[^\n]*iris.vdo: no component is significant; --components [^\n]*\n$" pc ${SAMPLES}/iris.vdo --class 1=1-50 --only-class 1 --out ${WORK}/refused/deep)
+fails(1 "sparse.csv: [^\n]* \\(8043\\)\r?\n$" pc ${WORK}/sparse.csv --components 2 --ncv 2 --scale None)
+fails(1 "text.vdo: line 1, [^\n]*\r?\n$" pc ${SAMPLES}/iris.vdo --test ${WORK}/text.vdo)
+fails(1 "none.vdo: [^\n]* \\(2004\\)\r?\n$" pc ${SAMPLES}/iris.vdo --test ${WORK}/none.vdo)
+fails(1 "mtcars.vdo: [^\n]* \\(8033\\)\r?\n$" pc ${SAMPLES}/iris.vdo --test ${SAMPLES}/mtcars.vdo)
 
 # Files that cannot be written.
-run(1 pc ${WORK}/none.vdo --out ${WORK}/text.vdo/out)
-expect("${err}" "^zemva: [^\n]*/out: cannot be created\r?\n$")
+fails(1 "^zemva: [^\n]*/out: cannot be created\r?\n$" pc ${WORK}/none.vdo --out ${WORK}/text.vdo/out)
 file(MAKE_DIRECTORY ${WORK}/blocked/observations.csv)
-run(1 pc ${WORK}/none.vdo --out ${WORK}/blocked)
-expect("${err}" "^zemva: [^\n]*/observations.csv: cannot be written\r?\n$")
+fails(1 "^zemva: [^\n]*/observations.csv: cannot be written\r?\n$" pc ${WORK}/none.vdo --out ${WORK}/blocked)
 expect_none(${WORK}/refused)
 
 foreach(arguments "--ncv;1" "--exclude;petal.width" "--only-class;100" "--class;1=1-9;--only-class;2")
-  fails(2 "${SAMPLES}/iris.vdo;${arguments}" "^zemva: --[^\n]*\r?\nusage: ")
+  fails(2 "^zemva: --[^\n]*\r?\nusage: " pc ${SAMPLES}/iris.vdo ${arguments})
 endforeach()

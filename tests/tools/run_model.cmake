@@ -26,10 +26,3 @@ function(expect_all name)
   string(REPLACE "${WORK}/" "" all "${all}")
   expect_golden(${name} "${all}")
 endfunction()
-
-# fails(STATUS ARGUMENTS MESSAGE): what stands against a model, which is then not listed.
-function(fails status arguments message)
-  run(${status} ${MODEL} ${arguments})
-  expect("${err}" "${message}")
-  expect("${out}" "^$")
-endfunction()

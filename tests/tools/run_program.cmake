@@ -20,6 +20,13 @@ function(expect text regex)
   endif()
 endfunction()
 
+# fails(STATUS REGEX ARGUMENT...): what the program says of what it cannot do, with nothing else written.
+function(fails status message)
+  run(${status} ${ARGN})
+  expect("${err}" "${message}")
+  expect("${out}" "^$")
+endfunction()
+
 # expect_json(VALUE PATH...): what stands at a place of `out`, which must be JSON.
 function(expect_json value)
   string(JSON found ERROR_VARIABLE fault GET "${out}" ${ARGN})

@@ -30,7 +30,6 @@ expect_json("" 0 Mean)
 run(2 stats ${SAMPLES}/iris.csv --decimal dot)
 run(2 stats ${SAMPLES}/iris.csv --delimiter xy)
 
-run(1 stats ${WORK}/none.vdo)
-expect("${err}" "none.vdo: DIO: File open error. \\(2004\\)")
+fails(1 "none.vdo: DIO: File open error. \\(2004\\)" stats ${WORK}/none.vdo)
 run(2 stats)
 run(2 stats --every ${SAMPLES}/iris.vdo)

@@ -37,5 +37,4 @@ foreach(case
   expect("${err}" "${message}")
   expect("${out}" "^$")
 endforeach()
-run(2 vectors ${SAMPLES}/iris.vdo pca --list)
-expect("${err}" "takes pc or pls behind the file, not 'pca'")
+fails(2 "takes pc or pls behind the file, not 'pca'" vectors ${SAMPLES}/iris.vdo pca --list)
