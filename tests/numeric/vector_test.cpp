@@ -93,17 +93,17 @@ TEST(DVector, StatisticsLeaveOutWhatIsMissing) {
 }
 
 TEST(FVector, ArithmeticKeepsWhatIsMissing) {
-  XFVector vector = VectorOf({-4, kMissing, 9});
+  XFVector vector = VectorOf({-0.25f, kMissing, 9, 0});
   EXPECT_EQ(vector.Sqrt(), 5002);
-  EXPECT_EQ(ElementsOf(vector), (Floats{-4, -99, 9}));
+  EXPECT_EQ(ElementsOf(vector), (Floats{-0.25f, -99, 9, 0}));
   EXPECT_EQ(vector.Abs(), 0);
   EXPECT_EQ(vector.Sqrt(), 0);
-  EXPECT_EQ(ElementsOf(vector), (Floats{2, -99, 3}));
+  EXPECT_EQ(ElementsOf(vector), (Floats{0.5f, -99, 3, 0}));
   EXPECT_EQ(vector.VDivS(0), 5003);
   vector.VAddS(2);
   vector.VMulS(6);
   vector.VDivS(4);
-  EXPECT_EQ(ElementsOf(vector), (Floats{6, -99, 7.5f}));
+  EXPECT_EQ(ElementsOf(vector), (Floats{3.75f, -99, 7.5f, 3}));
   vector.VMulS(kMissing);
   EXPECT_EQ(vector.Sum(), kNone);
 }

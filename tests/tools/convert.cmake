@@ -18,13 +18,11 @@ converted(${WORK}/odd.csv)
 
 # Name and title: of the table, of the options, and of the data set that is replaced.
 run(0 convert ${SAMPLES}/iris.csv ${WORK}/a.vdo)
-run(0 info ${WORK}/a.vdo)
-expect("${out}" "Data set      iris\nNumber        1\nTitle         UnTitled\nObservations  150\n")
+says("Data set      iris\nNumber        1\nTitle         UnTitled\nObservations  150\n" info ${WORK}/a.vdo)
 fails(1 "^zemva: [^\n]*a.vdo: holds a data set already; --force replaces it\r?\n$" convert ${SAMPLES}/mtcars.csv ${WORK}/a.vdo)
 run(0 convert ${SAMPLES}/mtcars.csv ${WORK}/a.vdo --force --name "Größe" --title "Two words")
 run(0 convert ${SAMPLES}/USArrests.csv ${WORK}/a.vdo --force)
-run(0 info ${WORK}/a.vdo)
-expect("${out}" "Data set      Größe\nNumber        1\nTitle         Two words\nObservations  50\n")
+says("Data set      Größe\nNumber        1\nTitle         Two words\nObservations  50\n" info ${WORK}/a.vdo)
 
 # What cannot be done is said in one line, and leaves all files as they were.
 file(COPY ${WORK}/a.vdo DESTINATION ${WORK}/kept)
@@ -51,10 +49,8 @@ expect("${err}" "title[^\n]*: stored as 'x+'\r?\n[^\n]*: repaired: 1 cells made 
 run(0 convert ${WORK}/bad.csv ${WORK}/new.vdo --repair --verbose --force)
 expect("${err}" "^[^\n]*'z' is not a number: missing\r?\n[^\n]*renumbered 2\r?\n[^\n]*: repaired: [^\n]*\n[^\n]*: 2 observations .numbers from column 1, [^\n]*\n$")
 run(0 convert ${WORK}/bad.csv ${WORK}/new.vdo --repair --force --name ${name} --title ${title})
-run(0 info ${WORK}/new.vdo)
-expect("${out}" "Data set      ${name}\nNumber        1\nTitle         ${title}\n")
-run(0 import ${WORK}/new.vdo)
-expect("${out}" "^,,a\n1,x,2\n2,y,\n$")
+says("Data set      ${name}\nNumber        1\nTitle         ${title}\n" info ${WORK}/new.vdo)
+says("^,,a\n1,x,2\n2,y,\n$" import ${WORK}/new.vdo)
 
 foreach(wrong "convert;a.csv" "convert;a;b;c" "convert;a;b;--name")
   fails(2 "usage: zemva convert IN.csv OUT.vdo \\[options\\]" ${wrong})

@@ -29,10 +29,8 @@ run(0 help options)
 expect_golden(help.txt "${pc}\n${out}")
 
 # What an installation gives the shell.
-run(0 help --as man)
-expect("${out}" "^.TH ZEMVA 1\n.*\n.SH pc\n.*\n.B .-.-max.-iter N\n")
-run(0 help --as zsh)
-expect("${out}" "\n    \"[*]--output=.the file to write.:value:_files\" .*\n  info. _arguments .*\n    \"[*]--json.writes JSON.\" ")
+says("^.TH ZEMVA 1\n.*\n.SH pc\n.*\n.B .-.-max.-iter N\n" help --as man)
+says("\n    \"[*]--output=.the file to write.:value:_files\" .*\n  info. _arguments .*\n    \"[*]--json.writes JSON.\" " help --as zsh)
 run(2 help --as html)
 find_program(bash bash)
 if(bash AND NOT PROGRAM MATCHES "wine")

@@ -50,6 +50,5 @@ assert scores.shape == (32, 2) and abs(scores.loc['Mazda RX4', 't[1]'] - 0.6933)
 assert important['VNam'].iloc[0] == 'cyl'
 assert len(unusual) == sum(observations['DModX'] > limits['DCritWS', 'DModX', 0.95])
 " /usr/bin/python3)
-  run(0 stats ${WORK}/again.csv)
-  expect("${out}" "YPred.mpg.")
+  says("YPred.mpg." stats ${WORK}/again.csv)
 endif()

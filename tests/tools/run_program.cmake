@@ -20,6 +20,12 @@ function(expect text regex)
   endif()
 endfunction()
 
+# says(REGEX ARGUMENT...): what the program writes when all is well.
+function(says regex)
+  run(0 ${ARGN})
+  expect("${out}" "${regex}")
+endfunction()
+
 # fails(STATUS REGEX ARGUMENT...): what the program says of what it cannot do, with nothing else written.
 function(fails status message)
   run(${status} ${ARGN})
