@@ -258,6 +258,11 @@ TEST(CsvReader, DoesAsTheOptionsSay) {
        "x;1,5;2\ny;3;4\n",
        ",,Var_1,Var_2\n1,x,1.5,2\n2,y,3,4\n",
        "2 observations (no numbers, names from column 1), 2 variables"},
+      {{.is_without_header = true},
+       "x\ny\n",
+       "line 1, column 1: column 1 holds texts: --class-by makes classes of it, --names names of "
+       "observations, --drop leaves it out",
+       nullptr},
       {{.is_without_header = true, .name_column = "3"},
        "7,8,x\n",
        ",,Var_1,Var_2\n1,x,7,8\n",

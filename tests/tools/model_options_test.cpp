@@ -68,6 +68,7 @@ TEST(ModelOptions, RefusesWhatMeansNothing) {
       {{"a", "--exclude", "Sepal.Length,"}, "--exclude: a name is empty"},
       {{"a", "--exclude", "\"Sepal.Length"},
        "--exclude: quotes around a name are not closed in '\"Sepal.Length'"},
+      {{"a", "--exclude", "\"x\"y"}, "--exclude: quotes around a name are not closed in '\"x\"y'"},
       {{"a", "--exclude", "\"x, \"\"y\"\"\""}, "--exclude: there is no variable 'x, \"y\"'"},
       {{"a", "--exclude-obs", "7-"},
        "--exclude-obs: '7-' is no number of an observation, and no range of them"},
@@ -114,7 +115,7 @@ TEST(ModelOptions, RefusesWhatMeansNothing) {
 
 TEST(ModelOptions, ComeToBothOfAModelsParts) {
   ModelOptions options = Parse({"--class", "3=2,149-150", "--scale", "ParN", "a", "--exclude",
-                                "Sepal.Width,\"Petal.Width\"", "--ncv", "5", "--max-iter=9",
+                                "\"Sepal.Width\",Petal.Width", "--ncv", "5", "--max-iter=9",
                                 "--exclude-obs", "7-9", "--y", "Petal.Length", "--y-scale=Ctr"});
   Irises irises;
   Workset& workset = irises.workset;
