@@ -53,6 +53,8 @@ string(REGEX REPLACE "^.*(\n.names3 )" "\\1" crowd "${out}")
 expect_golden(figures.gp "${scripts}${crowd}")
 # Of observations with limits those beyond are named.
 says("\n.names[0-9]* << EOD\n9\t1.73326\t\"Merc 230\"\nEOD\n" plot ${SAMPLES}/mtcars.csv distances --y mpg,hp --components 2 --script -)
+fails(1 "zemva: contributions: the model has no such observation\r?\n$"
+  plot ${SAMPLES}/mtcars.csv contributions --components 1 --obs 33 --script -)
 # An ellipse may be small.
 says("title '95 % .T2.'" plot ${SAMPLES}/spectra.csv scores --exclude y1,y2 --scale Ctr --components 6 --axes 5,6 --script -)
 # Four hundred bars: they are not sorted, and few of them are named.
