@@ -76,8 +76,9 @@ TEST(XFMatrix, ColumnsOfTallAndWideMatricesAgreeWithVectors) {
 TEST(XFMatrix, AutoscaleGivesUnitVarianceAboutTheCentre) {
   XFMatrix matrix = test::RandomMatrix(200, 40, 0.1);
   for (int i = 1; i <= 200; ++i) {
-    matrix[i][1] = 7;                             // constant
-    matrix[i][2] = i == 5 ? 3 : kMissing;         // a single value
+    matrix[i][1] = 7;                      // constant
+    matrix[i][2] = i == 5 ? 3 : kMissing;  // a single value
+    matrix[i][4] = i == 5 || i == 9 ? static_cast<float>(i) : kMissing;
     matrix[i][3] = i % 2 == 0 ? 1e6f : 1e6f + 2;  // deviations far smaller than the mean
   }
   matrix.SetActValInfo();

@@ -251,7 +251,7 @@ TEST(CsvReader, DoesAsTheOptionsSay) {
     CsvOptions options;
     const char* in;
     const char* out;
-    const char* description;
+    const char* description = nullptr;
   };
   const Case kCases[] = {
       {{.is_without_header = true},
@@ -261,8 +261,7 @@ TEST(CsvReader, DoesAsTheOptionsSay) {
       {{.is_without_header = true},
        "x\ny\n",
        "line 1, column 1: column 1 holds texts: --class-by makes classes of it, --names names of "
-       "observations, --drop leaves it out",
-       nullptr},
+       "observations, --drop leaves it out"},
       {{.is_without_header = true, .name_column = "3"},
        "7,8,x\n",
        ",,Var_1,Var_2\n1,x,7,8\n",
@@ -289,24 +288,15 @@ TEST(CsvReader, DoesAsTheOptionsSay) {
        "1 observation (no numbers, no names), 1 variable"},
       {{.number_column = "bb"},
        ",,a,b\n1,x,2,3\n",
-       "line 1, column 1: --numbers: there is no column 'bb': did you mean 'b'?",
-       nullptr},
-      {{.name_column = "0"},
-       "7,8\n1,2\n",
-       "line 1, column 1: --names: there is no column '0'",
-       nullptr},
+       "line 1, column 1: --numbers: there is no column 'bb': did you mean 'b'?"},
+      {{.name_column = "0"}, "7,8\n1,2\n", "line 1, column 1: --names: there is no column '0'"},
       {{.dropped_columns = {"3"}},
        "7,8\n1,2\n",
-       "line 1, column 1: --drop: there is no column '3'",
-       nullptr},
+       "line 1, column 1: --drop: there is no column '3'"},
       {{.name_column = "a", .class_column = "a"},
        "a,b\nx,1\n",
-       "line 1, column 1: --names: the column 'a' is given for something else",
-       nullptr},
-      {{.dropped_columns = {"1"}},
-       "a\n1\n",
-       "line 1, column 1: the table has no variable",
-       nullptr},
+       "line 1, column 1: --names: the column 'a' is given for something else"},
+      {{.dropped_columns = {"1"}}, "a\n1\n", "line 1, column 1: the table has no variable"},
   };
   for (const Case& c : kCases) {
     EXPECT_EQ(ReadAndPrint(c.in, nullptr, c.options), c.out) << c.in;
