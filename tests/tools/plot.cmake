@@ -32,7 +32,7 @@ endforeach()
 
 # Every kind of figure of a table whose texts mean something elsewhere: in the script they mean nothing.
 # The numbers are those of a separate program in double precision.
-file(WRITE ${WORK}/evil.csv "ONum,ONam,kind,\"it's `touch made`\",\"b% \\\",\"c \"\"q\"\" <x>&\",twenty-four characters !,y,\"y, 2\"
+file(WRITE ${WORK}/evil.csv "ONum,ONam,kind,\"it's `touch made`\",\"b% \\\",\"c \"\"q\"\" <x>&\",twenty-three characters,y,\"y, 2\"
 1,\"a' 'b','\"\"\",\"x'`touch made`
 set output 'made'\",1,2,3,0.5,3.1,10\n2,\"\\n\\x27 $(touch made) \\\",y,3,4,1,-1.5,5.9,12
 3,</title><script>a(),z,5,1,2,2.5,7.2,\n4,é ü,z,2,2,7,0,1.4,11\n5,EOD,,2,9,7,4,3.3,35\n6,,z,1,3,2,-2,2.9,14

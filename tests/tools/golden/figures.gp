@@ -296,7 +296,7 @@ $points1 << EOD
 0.5800585	0.5987645	"it’s `touch made`"
 -0.3142266	0.5207098	"b% \\"
 -0.7419423	-0.0556717	"c ”q” <x>&"
--0.170134	0.6066991	"twenty-four characters !"
+-0.170134	0.6066991	"twenty-three characters"
 EOD
 $points2 << EOD
 0.4721722	0.5771771	"y"
@@ -306,7 +306,7 @@ $names3 << EOD
 0.4721722	0.5771771	"y"
 -0.3361474	0.5725939	"y, 2"
 -0.7419423	-0.0556717	"c ”q” <x>&"
--0.170134	0.6066991	"twenty-four characters !"
+-0.170134	0.6066991	"twenty-three characters"
 -0.3142266	0.5207098	"b% \\"
 EOD
 plot $points1 using 1:2:3 with labels hypertext point pointtype 6 pointsize 0.7 linecolor rgb '#0072B2' title 'X, w*', \
@@ -411,19 +411,19 @@ set ylabel 'VIP'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
-set bmargin at screen 0.3546667
+set bmargin at screen 0.3426667
 set xrange [0.4:4.6]
 set yrange [0:1.242362]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
 set xzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
-set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'twenty-four characters !' 2, 'b%% \' 3, 'c "q" <x>&' 4)
+set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'twenty-three characters' 2, 'b%% \' 3, 'c "q" <x>&' 4)
 set boxwidth 0.8 absolute
 set style fill solid 1.0 border linecolor rgb 'black'
 $bars1 << EOD
 1	1.161086	"it’s `touch made`"
-2	1.099793	"twenty-four characters !"
+2	1.099793	"twenty-three characters"
 3	0.987133	"b% \\"
 4	0.684035	"c ”q” <x>&"
 EOD
@@ -444,19 +444,19 @@ set ylabel 'CoeffCS, 2 comp.'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
-set bmargin at screen 0.3546667
+set bmargin at screen 0.3426667
 set xrange [0.4:4.6]
 set yrange [-0.4525142:0.6895531]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
 set xzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
-set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'twenty-four characters !' 2, 'b%% \' 3, 'c "q" <x>&' 4)
+set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'twenty-three characters' 2, 'b%% \' 3, 'c "q" <x>&' 4)
 set boxwidth 0.8 absolute
 set style fill solid 1.0 border linecolor rgb 'black'
 $bars1 << EOD
 1	0.6194262	"it’s `touch made`"
-2	0.2698563	"twenty-four characters !"
+2	0.2698563	"twenty-three characters"
 3	0.1522022	"b% \\"
 4	-0.3823873	"c ”q” <x>&"
 EOD
@@ -532,21 +532,21 @@ set ylabel 'contribution to t[2], 30 %'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
-set bmargin at screen 0.3546667
+set bmargin at screen 0.3426667
 set xrange [0.4:4.6]
 set yrange [-1.093172:0.2582492]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
 set xzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
-set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'b%% \' 2, 'c "q" <x>&' 3, 'twenty-four characters !' 4)
+set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'b%% \' 2, 'c "q" <x>&' 3, 'twenty-three characters' 4)
 set boxwidth 0.8 absolute
 set style fill solid 1.0 border linecolor rgb 'black'
 $bars1 << EOD
 1	-0.1237815	"it’s `touch made`"
 2	0.1752672	"b% \\"
 3	-1.01019	"c ”q” <x>&"
-4	0.0290884	"twenty-four characters !"
+4	0.0290884	"twenty-three characters"
 EOD
 plot $bars1 using 1:2 with boxes linecolor rgb '#1F4E79' notitle, \
      $bars1 using 1:2:3 with labels hypertext point pointtype 7 pointsize 0.2 linecolor rgb 'black' notitle
@@ -623,21 +623,21 @@ set ylabel 'p[1], 55 %'
 set lmargin at screen 0.1125
 set rmargin at screen 0.96875
 set tmargin at screen 0.8666667
-set bmargin at screen 0.3546667
+set bmargin at screen 0.3426667
 set xrange [0.4:4.6]
 set yrange [0:0.6758817]
 set key at screen 0.985,0.91 right top horizontal
 set tics nomirror out
 set border 3
 set xzeroaxis linetype -1 linewidth 0.5 linecolor rgb '#808080'
-set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'b%% \' 2, 'c "q" <x>&' 3, 'twenty-four characters !' 4)
+set xtics scale 0 rotate by 90 right ('it''s `touch made`' 1, 'b%% \' 2, 'c "q" <x>&' 3, 'twenty-three characters' 4)
 set boxwidth 0.8 absolute
 set style fill solid 1.0 border linecolor rgb 'black'
 $bars1 << EOD
 1	0.493803	"it’s `touch made`"
 2	0.5583159	"b% \\"
 3	0.213169	"c ”q” <x>&"
-4	0.6316652	"twenty-four characters !"
+4	0.6316652	"twenty-three characters"
 EOD
 plot $bars1 using 1:2 with boxes linecolor rgb '#1F4E79' notitle, \
      $bars1 using 1:2:3 with labels hypertext point pointtype 7 pointsize 0.2 linecolor rgb 'black' notitle
