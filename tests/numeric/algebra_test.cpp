@@ -23,7 +23,8 @@ double LargestDifference(const Matrix& a, const Matrix& b) {
   double largest = 0.0;
   for (int i = 1; i <= a.NRow(); ++i) {
     for (int j = 1; j <= a.NCol(); ++j) {
-      largest = std::max(largest, std::fabs(static_cast<double>(a[i][j] - b[i][j])));
+      const double difference = std::fabs(static_cast<double>(a[i][j] - b[i][j]));
+      largest = std::isnan(difference) ? HUGE_VAL : std::max(largest, difference);
     }
   }
   return largest;
