@@ -57,7 +57,8 @@ fails(1 "zemva: contributions: the model has no such observation\r?\n$"
   plot ${SAMPLES}/mtcars.csv contributions --components 1 --obs 33 --script -)
 # An ellipse may be small.
 says("title '95 % .T2.'" plot ${SAMPLES}/spectra.csv scores --exclude y1,y2 --scale Ctr --components 6 --axes 5,6 --script -)
-# Four hundred bars: they are not sorted, and few of them are named.
+# Names that fit side by side take no room below; of four hundred bars, which are not sorted, few are named.
+says("bmargin at screen 0.125\n.*\nset xtics scale 0 .'Sepal.Length' 1, " plot ${SAMPLES}/iris.csv contributions --script -)
 run(0 plot ${SAMPLES}/spectra.csv vip --y y1 --components 2 --script -)
 expect("${out}" "rotate by 90 right .'nm1100' 1, 'nm1118' 10, [^\n]*'nm1892' 397.\n.* noborder\n.bars1 << EOD\n1\t0\\.[0-9]*\t\"nm1100\"\n2\t")
 expect_none(${WORK}/made ${CMAKE_CURRENT_BINARY_DIR}/made)

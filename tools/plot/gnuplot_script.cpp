@@ -203,7 +203,7 @@ class ScriptWriter {
     return kTickCharacter * static_cast<double>(LongestTick() + 1) > room;
   }
   double Bottom() const {
-    if (figure_.categories.empty() || !IsUpright()) return kBottom;
+    if (!IsUpright()) return kBottom;
     return std::max(kBottom, 40.0 + kTickCharacter * static_cast<double>(LongestTick()));
   }
 
