@@ -38,7 +38,7 @@ set output 'made'\",1,2,3,0.5,3.1,10\n2,\"\\n\\x27 $(touch made) \\\",y,3,4,1,-1
 3,</title><script>a(),z,5,1,2,2.5,7.2,\n4,é ü,z,2,2,7,0,1.4,11\n5,EOD,,2,9,7,4,3.3,35\n6,,z,1,3,2,-2,2.9,14
 7,another of so many chars,y,4,6,,1,8.1,18\n8,eight,y,-2,0,5,-3,-6.5,3\n9,nine,z,7,5,4,2,9.4,20\n")
 set(scripts "")
-foreach(figure "overview" "scores" "loadings --axes 2,1" "distances" "t2" "vip" "coefficients --response y" "predicted --response 'y, 2'"
+foreach(figure "overview" "scores" "loadings --axes 2,1" "distances" "t2" "vip" "coefficients --response y" "predicted --response '\"y, 2\"'"
     "contributions --obs 4 --axes 2" "scores --components 1 --model pc" "loadings --components 1 --model pc")
   separate_arguments(words UNIX_COMMAND "${figure} --y 'y,\"y, 2\"' --class-by kind")
   if(NOT figure MATCHES "components")

@@ -466,62 +466,54 @@ set terminal svg size 800,600 font 'Helvetica,14' background rgb 'white' noenhan
 set output 'predicted.svg'
 set encoding utf8
 set datafile separator "\t"
-set label 'y: RMSEE = 1.404' at screen 0.1125,0.955 left font ',17'
+set label 'y, 2: RMSEE = 4.139' at screen 0.1125,0.955 left font ',17'
 set xlabel 'observed'
 set ylabel 'predicted'
 set lmargin at screen 0.1125
 set rmargin at screen 0.78125
 set tmargin at screen 0.8666667
 set bmargin at screen 0.125
-set xrange [-7.658401:11.20699]
-set yrange [-7.658401:11.20699]
+set xrange [0.76:37.24]
+set yrange [0.76:37.24]
 set key at screen 0.985,0.8666667 right top vertical
 set tics nomirror out
 set border 3
 $line1 << EOD
--6.5	-6.5
-10.04859	10.04859
+3	3
+35	35
 EOD
 $points2 << EOD
-3.3	4.20734	"EOD"
+35	31.42678	"EOD"
 EOD
 $points3 << EOD
-3.1	2.466431	"a’ ’b’,’”"
+10	11.80827	"a’ ’b’,’”"
 EOD
 $points4 << EOD
-5.9	5.689236	"\\n\\x27 $(touch made) \\"
-8.1	6.204926	"another of so many chars"
--6.5	-4.968279	"eight"
+12	10.46109	"\\n\\x27 $(touch made) \\"
+18	20.93137	"another of so many chars"
+3	3.355772	"eight"
 EOD
 $points5 << EOD
-7.2	8.622801	"</title><script>a()"
-1.4	0.1571475	"é ü"
-2.9	2.110314	"6"
-9.4	10.04859	"nine"
+11	15.09455	"é ü"
+14	8.071238	"6"
+20	22.56878	"nine"
 EOD
 $names6 << EOD
--6.5	-4.968279	"eight"
-1.4	0.1571475	"é ü"
-3.3	4.20734	"EOD"
-9.4	10.04859	"nine"
-3.1	2.466431	"a’ ’b’,’”"
-EOD
-$names7 << EOD
-8.1	6.204926	"another of so many chars"
-7.2	8.622801	"</title><script>a()"
-2.9	2.110314	"6"
-EOD
-$names8 << EOD
-5.9	5.689236	"\\n\\x27 $(touch made) \\"
+14	8.071238	"6"
+11	15.09455	"é ü"
+35	31.42678	"EOD"
+18	20.93137	"another of so many chars"
+20	22.56878	"nine"
+10	11.80827	"a’ ’b’,’”"
+12	10.46109	"\\n\\x27 $(touch made) \\"
+3	3.355772	"eight"
 EOD
 plot $line1 using 1:2 with lines dashtype 2 linewidth 1.5 linecolor rgb 'black' title '1:1', \
      $points2 using 1:2:3 with labels hypertext point pointtype 6 pointsize 0.7 linecolor rgb '#0072B2' title 'no class', \
      $points3 using 1:2:3 with labels hypertext point pointtype 4 pointsize 0.7 linecolor rgb '#D55E00' title 'x''`touch made`?se…', \
      $points4 using 1:2:3 with labels hypertext point pointtype 8 pointsize 0.7 linecolor rgb '#009E73' title 'y', \
      $points5 using 1:2:3 with labels hypertext point pointtype 12 pointsize 0.7 linecolor rgb '#8E3A80' title 'z', \
-     $names6 using 1:2:3 with labels left offset character 0.8,0 font ',11' notitle, \
-     $names7 using 1:2:3 with labels right offset character -0.8,0 font ',11' notitle, \
-     $names8 using 1:2:3 with labels center offset character 0,-0.7 font ',11' notitle
+     $names6 using 1:2:3 with labels left offset character 0.8,0 font ',11' notitle
 set terminal svg size 800,600 font 'Helvetica,14' background rgb 'white' noenhanced
 set output 'contributions.svg'
 set encoding utf8
