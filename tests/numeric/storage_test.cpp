@@ -227,13 +227,13 @@ TEST(Construction, OfNothingFromNothing) {
   EXPECT_EQ(FMatrix(2, -1, 0.0f, true).GetStatus(), 5004);
   EXPECT_EQ(XFMatrix("M", nullptr, 2, 2).GetStatus(), 5007);
   EXPECT_EQ(XI1Vector("v", 2, nullptr).GetStatus(), 5007);
+  EXPECT_EQ(XI1Vector("v", 2, nullptr).NVal(), 0);
   EXPECT_EQ(XFVector(static_cast<const XFVector*>(nullptr)).GetStatus(), 5007);
   EXPECT_EQ(DMatrix(static_cast<const FMatrix*>(nullptr)).GetStatus(), 5007);
   EXPECT_EQ(DMatrix(static_cast<const DVector*>(nullptr)).GetStatus(), 5007);
   EXPECT_EQ(FMatrix(static_cast<const FVector*>(nullptr)).GetStatus(), 5007);
   const FVector empty(0, 1.0f, true);
-  EXPECT_EQ(empty.GetStatus(), 0);
-  EXPECT_EQ(FMatrix(&empty).NRow(), 0);
+  EXPECT_EQ(FMatrix(&empty).GetStatus(), 0);
   EXPECT_STREQ(XFVector(nullptr, 0, 0.0f).GetName(), "");
   const DVector column(2, 0.5);
   EXPECT_EQ(DMatrix(&column).GetElement(2, 1), 0.5);
