@@ -1,4 +1,4 @@
-# Helpers of the tests of commands that fit a model. MODEL is the command.
+# What the tests of commands that fit a model share. MODEL is the command.
 include(${CMAKE_CURRENT_LIST_DIR}/run_program.cmake)
 
 # fit(ARGUMENT...): runs the command with its files in WORK/out.

@@ -1,4 +1,4 @@
-# Helpers of the program's tests. PROGRAM is the command, SAMPLES the samples, WORK a folder.
+# What the program's tests share. PROGRAM is the command, SAMPLES the samples, WORK a folder.
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 # No settings but those of the test.
