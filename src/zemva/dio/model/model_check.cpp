@@ -99,7 +99,8 @@ bool IsBlock(const ModelRecord& model, const BlockRecord& block) {
          AreCounts(info.row_counts, n, k) && AreCounts(info.column_counts, k, n) &&
          HaveLength(k, {&info.loaded_average, &info.smallest, &info.largest, &info.weights}) &&
          IsStage(info.loaded, n, k) &&
-         (!is_centred || (HaveLength(k, {&info.reference}) && IsStage(info.centred, n, k)));
+         (!is_centred || (HaveLength(k, {&info.reference}) && IsStage(info.centred, n, k))) &&
+         (!is_centred || block.block == EBlock::kY || HaveLength(k, {&info.centred.mpow}));
 }
 
 // --- Components and results ---

@@ -227,7 +227,10 @@ void TakeTable(PayloadReader& payload, std::shared_ptr<BlkInfo>& table) {
   table = std::make_shared<BlkInfo>("BlkInfoX", static_cast<short>(variable_count));
   Check(*table);
   TakeRows(payload, payload.GetExtent(0), *table, [&](short number, const char* name) {
-    if (number < 1 || number > BlkInfo::kMaxBlock) payload.Fail();
+    if (number < 1 || number > BlkInfo::kMaxBlock) {
+      payload.Fail();
+      return status::kOk;
+    }
     const auto type = TakeType(payload, BlkInfo::kFourthRoot);
     const auto count = payload.Take<short>();
     return table->AddItm(static_cast<char>(number), name, type, count, payload.Take<float>());
