@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #if !defined(_WIN32)
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,10 +42,6 @@ TEST(AtomicFile, ReplacesTheFileOnCommitOnly) {
   EXPECT_EQ(test::ReadBytes(path), "new");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1)
       << "a file was left behind";
-}
-
-TEST(AtomicFile, FailsInAFolderThatDoesNotExist) {
-  const test::TempFolder folder;
   EXPECT_FALSE(Save(folder.File("no/such/a.txt"), "x"));
 }
 
@@ -85,12 +84,13 @@ TEST(AtomicFile, AFileKeepsItsOwner) {
   }
 }
 
-TEST(AtomicFile, MakesWhatADanglingLinkPointsTo) {
+TEST(AtomicFile, MakesWhatADanglingLinkPointsToAndTheLongestName) {
   const test::TempFolder folder;
   fs::create_symlink("made.txt", folder.File("link"));
   EXPECT_TRUE(Save(folder.File("link"), "new"));
   EXPECT_TRUE(fs::is_symlink(folder.File("link")));
   EXPECT_EQ(test::ReadBytes(folder.File("made.txt")), "new");
+  EXPECT_TRUE(Save(folder.File(std::string(255, 'n')), "x")) << "the longest name is no obstacle";
 }
 
 TEST(AtomicFile, IsWrittenToAFileOfItsOwnThatIsAsPrivateAsTheOld) {
@@ -154,9 +154,23 @@ TEST(AtomicFile, RemovesWhatALinkPointsToWhereItMayBeWritten) {
   EXPECT_FALSE(AtomicFile::Remove(folder.Path().string()));
 }
 
-TEST(AtomicFile, ANameAsLongAsAFolderTakesIsNoObstacle) {
+TEST(AtomicFile, AKillLeavesTheOldFileOrTheNewOne) {
   const test::TempFolder folder;
-  EXPECT_TRUE(Save(folder.File(std::string(255, 'n')), "x"));
+  const std::string path = folder.File("a.txt");
+  const std::string texts[] = {std::string(500'000, '0'), std::string(700'000, '1')};
+  ASSERT_TRUE(Save(path, texts[0]));
+  for (int round = 0; round < 30; ++round) {
+    const pid_t child = fork();
+    for (int i = 0; child == 0; ++i) Save(path, texts[i % 2]);
+    std::this_thread::sleep_for(std::chrono::milliseconds(5 + round));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::string found = test::ReadBytes(path);
+    EXPECT_TRUE(found == texts[0] || found == texts[1]) << found.size() << " bytes";
+  }
+  ASSERT_TRUE(Save(path, "last"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1)
+      << "what was left is still there";
 }
 
 TEST(AtomicFile, ADeviceIsWrittenToAndNotReplaced) {

@@ -142,37 +142,6 @@ TEST(DatasetMergeObs, MatchesVariablesByNameAndRenumbersRepeatedNumbers) {
   EXPECT_EQ(window.log, "Observations have been reidentified starting with Obs_1.\n");
 }
 
-TEST(DatasetMergeVar, RepairsRepeatedNamesAndTells) {
-  const std::string tight(21, 'n'), loose(22, 'n');
-  const struct {
-    std::vector<std::string> names, others, merged;
-    std::string log;
-  } cases[] = {
-      {{"B", "B_1"},
-       {"B", "C"},
-       {"B", "B_1", "B_2", "C"},
-       "Duplicate variable name B.\nChanged to B_2.\n"},
-      {{tight},
-       {tight},
-       {tight, tight + "_1"},
-       "Duplicate variable name " + tight + ".\nChanged to " + tight + "_1.\n"},
-      {{loose},
-       {loose},
-       {"Var_1", "Var_2"},
-       "Duplicate variable name " + loose +
-           ".\nVariable name too long, can not fix duplicate name.\n"
-           "Variables have been renamed starting with Var_1.\n"},
-  };
-  for (const auto& c : cases) {
-    test::RecordingWindow window;
-    const auto dataset = MakeDataset(WithVariables(2, c.names), window);
-    const auto other = MakeDataset(WithVariables(2, c.others), window);
-    EXPECT_EQ(dataset->MergeVar(other.get(), false), 8055);
-    EXPECT_EQ(Content(*dataset).variables, Numbered(c.merged));
-    EXPECT_EQ(window.log, c.log);
-  }
-}
-
 TEST(DatasetMergeVar, ARenamingAnswersTheObservationTablesStatus) {
   StreamWindow window;
   const auto dataset = MakeDataset(SmallTable(1, 1), window);
@@ -181,30 +150,47 @@ TEST(DatasetMergeVar, ARenamingAnswersTheObservationTablesStatus) {
   EXPECT_EQ(Content(*dataset).variables, Numbered({"Var_1", "Var_2"}));
 }
 
-TEST(DatasetTranspose, RepairsRepeatedNamesAndTells) {
-  const std::string loose(22, 'n');
+// Of variables that are merged with others, or of observations that become variables.
+TEST(DatasetEdit, RepairsRepeatedNamesAndTells) {
+  const std::string tight(21, 'n'), loose(22, 'n');
+  const std::string repeated = "Duplicate variable name ";
+  const std::string too_long = ".\nVariable name too long, can not fix duplicate name.\n";
+  using Names = std::vector<std::string>;
   const struct {
-    std::vector<std::string> names, variables;
+    Names names, others, repaired;
     std::string log;
   } cases[] = {
+      {{"B", "B_1"}, {"B", "C"}, {"B", "B_1", "B_2", "C"}, repeated + "B.\nChanged to B_2.\n"},
+      {{tight},
+       {tight},
+       {tight, tight + "_1"},
+       repeated + tight + ".\nChanged to " + tight + "_1.\n"},
+      {{loose},
+       {loose},
+       {"Var_1", "Var_2"},
+       repeated + loose + too_long + "Variables have been renamed starting with Var_1.\n"},
       {{"A", "A_2", "A", "A"},
+       {},
        {"A", "A_2", "A_2_2", "A_3"},
-       "Duplicate variable name A.\nChanged to A_2.\n"
-       "Duplicate variable name A.\nChanged to A_3.\n"
-       "Duplicate variable name A_2.\nChanged to A_2_2.\n"},
+       repeated + "A.\nChanged to A_2.\n" + repeated + "A.\nChanged to A_3.\n" + repeated +
+           "A_2.\nChanged to A_2_2.\n"},
       {{loose, loose},
+       {},
        {"V1", "V2"},
-       "Duplicate variable name " + loose +
-           ".\nVariable name too long, can not fix duplicate name.\n"
-           "New variable names are given starting with V1.\n"},
+       repeated + loose + too_long + "New variable names are given starting with V1.\n"},
   };
   for (const auto& c : cases) {
     test::RecordingWindow window;
-    PlainTable table = SmallTable(static_cast<int>(c.names.size()), 1);
-    for (std::size_t i = 0; i < c.names.size(); ++i) table.observations[i].name = c.names[i];
-    const auto dataset = MakeDataset(table, window);
-    EXPECT_EQ(dataset->Transpose(false), 8055);
-    EXPECT_EQ(Content(*dataset).variables, Numbered(c.variables));
+    const auto dataset = MakeDataset(WithVariables(2, c.names), window);
+    if (c.others.empty()) {
+      EXPECT_EQ(dataset->Transpose(true), 0);  // the names are now those of observations
+      window.log.clear();
+      EXPECT_EQ(dataset->Transpose(false), 8055);
+    } else {
+      EXPECT_EQ(dataset->MergeVar(MakeDataset(WithVariables(2, c.others), window).get(), false),
+                8055);
+    }
+    EXPECT_EQ(Content(*dataset).variables, Numbered(c.repaired));
     EXPECT_EQ(window.log, c.log);
   }
 }

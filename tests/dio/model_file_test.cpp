@@ -280,21 +280,7 @@ TEST_F(ModelFile, KeepsEveryOptionInTheRecordOfItsReader) {
       Model::Read(path_.c_str(), &bench.owner, window_, &options, status_));
   ASSERT_EQ(status_, 0);
   EXPECT_EQ(read->GetModOpt(), &options);
-  const auto values = [](const ModOpt& p) {
-    return std::make_tuple(
-        p.GetIsCenter(), p.GetIsXDesigned(), p.GetIsSeq(), p.GetIsRule(), p.GetRuleValidate(),
-        p.GetSeqValidate(), p.GetNComp(), p.GetMaxIter(), p.GetNCV(), p.GetCLS(),
-        p.GetMaxMisValObsLS(), p.GetMaxMisValVarLS(), p.GetMaxMisValObsPS(), p.GetMaxMisValVarPS(),
-        p.GetLagDecay(), p.GetIsShoScrLim(), p.GetIsShoLoaLim(), p.GetXOpt1(), p.GetAUseLS(),
-        p.GetIsBackTraYLS(), p.GetIsNormDistLS(), p.GetSignLevLS(), p.GetIsStdResLS(),
-        p.GetAUsePS(), p.GetIsBackTraYPS(), p.GetIsNormDistPS(), p.GetSignLevPS(), p.GetIsWResPS(),
-        p.GetIsWResLS(), p.GetIsResFilePS(), p.GetIsResWinPS(), p.GetIsStdResPS(),
-        p.GetIsSaveResPS(), p.GetIsScaResPS(), p.GetAShow(), p.GetECoefficient(), p.GetDModType(),
-        p.GetEObjectPlotMark(), p.GetER2(), p.GetEVariablePlotMark(), p.GetObjectPlotMarkLength(),
-        p.GetObjectPlotMarkStart(), p.GetVariablePlotMarkLength(), p.GetVariablePlotMarkStart(),
-        p.GetSelectVariable(), p.GetIsModifiedByUser());
-  };
-  EXPECT_TRUE(values(options) == values(o));
+  EXPECT_TRUE(options == o);
   EXPECT_EQ(read->MakeRecord().loading_limit, 1.25f);
 }
 

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "support/recording_window.h"
@@ -17,8 +14,6 @@
 #if !defined(_WIN32)
 #include <signal.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #endif
 
 namespace zemva {
@@ -186,50 +181,6 @@ TEST_F(SaveTest, FullDiskIsAWriteErrorAndTheOldFileStays) {
   signal(SIGXFSZ, SIG_DFL);
   EXPECT_EQ(window_.log.find("corrupt"), std::string::npos) << "it is the disk that is at fault";
   EXPECT_EQ(dataset->Save(), 0);
-}
-
-TEST_F(SaveTest, KilledInMidSaveTheOldFileOrTheNewOneIsThere) {
-  constexpr short kRows = 200;
-  constexpr short kColumns = 500;
-  XFMatrix* matrix = new XFMatrix("M", kRows, kColumns, 0.0f);
-  ObsInfo* observations = new ObsInfo("ObsInfo");
-  for (short i = 1; i <= kRows; ++i) observations->AddObs(i, "o");
-  VarInfo* variables = new VarInfo("VarInfo");
-  for (short j = 1; j <= kColumns; ++j) variables->AddVar(j, "v");
-  Dataset dataset("Saved", path_.c_str(), window_, matrix, observations, variables);
-  ASSERT_EQ(dataset.Save(), 0);
-  int versions_seen = 0;
-  float seen_last = -1.0f;
-  constexpr std::chrono::microseconds kLongestDelay(1000000);
-  std::chrono::microseconds delay(2000);
-  for (int round = 0; round < 30; ++round) {
-    const pid_t child = fork();
-    if (child == 0) {
-      for (float version = 1.0f;; version += 1.0f) {
-        for (int i = 1; i <= kRows; ++i) std::fill_n((*matrix)[i] + 1, kColumns, version);
-        if (dataset.Save() != 0) _exit(1);
-      }
-    }
-    std::this_thread::sleep_for(delay + std::chrono::microseconds(777 * round));
-    kill(child, SIGKILL);
-    int child_status;
-    waitpid(child, &child_status, 0);
-    ASSERT_TRUE(WIFSIGNALED(child_status)) << "the child could not save";
-
-    const auto found = LoadFrom(path_);
-    const float version = (*found)[1][1];
-    for (int i = 1; i <= kRows; ++i) {
-      const float* row = (*found)[static_cast<short>(i)];
-      ASSERT_EQ(std::count(row + 1, row + 1 + kColumns, version), kColumns) << "row " << i;
-    }
-    // On a busy machine a save takes longer: wait until some are finished.
-    if (version == seen_last) delay = std::min(delay + delay / 2, kLongestDelay);
-    versions_seen += version != seen_last;
-    seen_last = version;
-  }
-  ASSERT_EQ(dataset.Save(), 0);
-  EXPECT_EQ(FilesInFolder(), 1u) << "what was left is still there";
-  EXPECT_GT(versions_seen, 1) << "no save was ever finished";
 }
 
 #endif

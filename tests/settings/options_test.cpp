@@ -194,140 +194,100 @@ TEST_F(GlobalOptionsTest, ASavedValueIsLoadedByTheNext) {
   EXPECT_TRUE(first.IsChanged());
 }
 
+// What a project answers, or a model that is made in it.
 template <auto kGetter>
-int Get(const PrjOpt& options) {
-  return static_cast<int>((options.*kGetter)());
+double Get(const PrjOpt& options) {
+  if constexpr (requires { (options.*kGetter)(); }) {
+    return static_cast<double>((options.*kGetter)());
+  } else {
+    return static_cast<double>((ModOpt(&options).*kGetter)());
+  }
 }
 
 // A word that is not legal can still be in an option: the default of one is such.
-TEST(PrjOpt, GettersMapWordsToValues) {
+TEST(PrjOpt, ValuesReachTheProjectAndItsModels) {
   struct Words : PrjOpt {
     Words() : PrjOpt(true) {}
     using Options::SetText;
   };
   using enum EOptType;
-  struct Case {
+  const struct {
     EOptType type;
-    int (*get)(const PrjOpt&);
-    std::string words;  // some that are none
+    double (*get)(const PrjOpt&);
+    std::string words;
     std::string values;
+  } cases[] = {
+      {LogCompLim, Get<&ModOpt::GetIsShoScrLim>, "Off On off", "0 1 1 "},
+      {LogCompLim, Get<&ModOpt::GetIsShoLoaLim>, "Off On off", "0 1 1 "},
+      {BackTraYLS, Get<&ModOpt::GetIsBackTraYLS>, "Off On x", "0 1 1 "},
+      {BackTraYPS, Get<&ModOpt::GetIsBackTraYPS>, "Off On x", "0 1 1 "},
+      {ReconstructWavelets, Get<&PrjOpt::GetReconstructWavelets>, "Off On x", "0 1 1 "},
+      {ColumnPlotMark, Get<&PrjOpt::GetColumnPlotMark>, "Off On x", "0 1 1 "},
+      {MPowResLS, Get<&ModOpt::GetIsWResLS>, "Off On on", "0 1 0 "},
+      {MPowResPS, Get<&ModOpt::GetIsWResPS>, "Off On x", "0 1 0 "},
+      {ResFilePS, Get<&ModOpt::GetIsResFilePS>, "Off On x", "0 1 0 "},
+      {ResFilePS, Get<&ModOpt::GetIsSaveResPS>, "Off On x", "0 1 0 "},
+      {ScaResPS, Get<&ModOpt::GetIsScaResPS>, "Off On x", "0 1 0 "},
+      {VariMode, Get<&ModOpt::GetER2>, "R2 R2adj r2", "0 1 1 "},
+      {DModType, Get<&ModOpt::GetDModType>, "DModX DModY x", "0 1 1 "},
+      {DesignedX, Get<&PrjOpt::GetDesignedX>, "Designed Undesigned x", "0 1 1 "},
+      {ResidType, Get<&ModOpt::GetIsStdResLS>, "Scaled Standardized standardized", "0 1 1 "},
+      {ResidType, Get<&ModOpt::GetIsStdResPS>, "Scaled Standardized standardized", "0 1 1 "},
+      {ModDistType, Get<&ModOpt::GetIsNormDistLS>, "Absolute Normalized x", "0 1 0 "},
+      {ModDistType, Get<&ModOpt::GetIsNormDistPS>, "Absolute Normalized x", "0 1 0 "},
+      {ModDistTypePS, Get<&PrjOpt::GetModDistTypePS>, "Absolute Normalized x", "0 1 1 "},
+      {ModDistTypePS, Get<&ModOpt::GetIsNormDistPS>, "Absolute Normalized", "1 1 "},
+      {VarPltMark, Get<&ModOpt::GetEVariablePlotMark>, "Number Name x", "1 2 0 "},
+      {ObsPltMark, Get<&ModOpt::GetEObjectPlotMark>, "Number Name x", "1 2 0 "},
+      {TimeMode, Get<&PrjOpt::GetTimeType>, "Time Discrete x", "0 1 0 "},
+      {CrossValidation, Get<&ModOpt::GetSeqValidate>, "NoCV CV On Eig", "0 2 2 0 "},
+      {AutofitStop, Get<&ModOpt::GetRuleValidate>, "Auto CV Eig x", "2 2 3 0 "},
+      {MaxIter, Get<&ModOpt::GetMaxIter>, "12 100000", "12 32767 "},
+      {NCV, Get<&ModOpt::GetNCV>, "5", "5 "},
+      {CompLimScr, Get<&ModOpt::GetCLS>, "2", "2 "},
+      {MaxMisValLS, Get<&ModOpt::GetMaxMisValObsLS>, "30", "30 "},
+      {MaxMisValLS, Get<&ModOpt::GetMaxMisValVarLS>, "30", "30 "},
+      {MaxMisValPS, Get<&ModOpt::GetMaxMisValObsPS>, "10", "10 "},
+      {MaxMisValPS, Get<&ModOpt::GetMaxMisValVarPS>, "10", "10 "},
+      {LagDecay, Get<&ModOpt::GetLagDecay>, "0.5", "0.5 "},
+      {SignLevLS, Get<&ModOpt::GetSignLevLS>, "0.125", "0.125 "},
+      {SignLev, Get<&ModOpt::GetSignLevPS>, "0.25", "0.25 "},
+      {ObsPltMarkLen, Get<&ModOpt::GetObjectPlotMarkLength>, "3", "3 "},
+      {ObsPltMarkSta, Get<&ModOpt::GetObjectPlotMarkStart>, "4", "4 "},
+      {VarPltMarkLen, Get<&ModOpt::GetVariablePlotMarkLength>, "5", "5 "},
+      {VarPltMarkSta, Get<&ModOpt::GetVariablePlotMarkStart>, "6", "6 "},
+      {NumberFormat, Get<&PrjOpt::GetFormatNumber>, "4", "4 "},
+      {NumberFormat, Get<&ModOpt::GetIsRule>, "4", "0 "},  // whatever the options are
+      {DModXCritDistLimit, Get<&PrjOpt::GetDModXCritDistLimit>, "1 2.5", "1 2.5 "},
+      {XScoreCritDistLimit, Get<&PrjOpt::GetXScoreCritDistLimit>, "2 1.5", "2 1.5 "},
   };
-  const Case cases[] = {
-      {LogCompLim, Get<&PrjOpt::GetLogCompLim>, "Off On off", "011"},
-      {BackTraYLS, Get<&PrjOpt::GetBackTraYLS>, "Off On x", "011"},
-      {BackTraYPS, Get<&PrjOpt::GetBackTraYPS>, "Off On x", "011"},
-      {ReconstructWavelets, Get<&PrjOpt::GetReconstructWavelets>, "Off On x", "011"},
-      {ColumnPlotMark, Get<&PrjOpt::GetColumnPlotMark>, "Off On x", "011"},
-      {MPowResLS, Get<&PrjOpt::GetMPowResLS>, "Off On on", "010"},
-      {MPowResPS, Get<&PrjOpt::GetMPowResPS>, "Off On x", "010"},
-      {ResFilePS, Get<&PrjOpt::GetResFilePS>, "Off On x", "010"},
-      {ScaResPS, Get<&PrjOpt::GetScaResPS>, "Off On x", "010"},
-      {VariMode, Get<&PrjOpt::GetVariMode>, "R2 R2adj r2", "011"},
-      {DModType, Get<&PrjOpt::GetDModType>, "DModX DModY x", "011"},
-      {DesignedX, Get<&PrjOpt::GetDesignedX>, "Designed Undesigned x", "011"},
-      {ResidType, Get<&PrjOpt::GetResidType>, "Scaled Standardized standardized", "011"},
-      {ModDistType, Get<&PrjOpt::GetModDistType>, "Absolute Normalized x", "010"},
-      {ModDistTypePS, Get<&PrjOpt::GetModDistTypePS>, "Absolute Normalized x", "011"},
-      {VarPltMark, Get<&PrjOpt::GetVarPltMark>, "Number Name x", "120"},
-      {ObsPltMark, Get<&PrjOpt::GetObjPltMark>, "Number Name x", "120"},
-      {TimeMode, Get<&PrjOpt::GetTimeType>, "Time Discrete x", "010"},
-      {CrossValidation, Get<&PrjOpt::GetCrossValidation>, "NoCV CV On Eig", "0220"},
-      {AutofitStop, Get<&PrjOpt::GetAutofitStopCriteria>, "Auto CV Eig x", "2230"},
-  };
-  Words options;
   for (const auto& [type, get, words, values] : cases) {
+    Words options;
     std::istringstream stream(words);
-    std::string found;
+    std::ostringstream found;
     for (std::string word; stream >> word;) {
       options.SetText(type, word.c_str());
-      found += std::to_string(get(options));
+      found << get(options) << " ";
     }
-    EXPECT_EQ(found, values) << Options::GetString(type) << ": " << words;
+    EXPECT_EQ(found.str(), values) << Options::GetString(type) << ": " << words;
   }
-  EXPECT_FALSE(options.SetCrossValidation(EValidate::Eig));
-  EXPECT_EQ(options.GetFormatNumber(), 3);
-  EXPECT_FLOAT_EQ(options.GetDModXCritDistLimit(), 1.0F);
-  EXPECT_FLOAT_EQ(options.GetXScoreCritDistLimit(), 2.0F);
-  EXPECT_EQ(options.GetValidatePermutations(), 10);
-}
-
-template <auto kGetter>
-double Field(const ModOpt& options) {
-  return static_cast<double>((options.*kGetter)());
-}
-
-TEST(ModOpt, TakesOverEachOptionOfAProject) {
-  using enum EOptType;
-  const struct {
-    EOptType option;
-    const char* value;
-    double (*field)(const ModOpt&);
-    double expected;
-  } cases[] = {
-      {AutofitStop, "Eig", Field<&ModOpt::GetRuleValidate>, 3},
-      {CrossValidation, "NoCV", Field<&ModOpt::GetSeqValidate>, 0},
-      {MaxIter, "100000", Field<&ModOpt::GetMaxIter>, 32767},
-      {NCV, "5", Field<&ModOpt::GetNCV>, 5},
-      {CompLimScr, "2", Field<&ModOpt::GetCLS>, 2},
-      {MaxMisValLS, "30", Field<&ModOpt::GetMaxMisValObsLS>, 30},
-      {MaxMisValLS, "30", Field<&ModOpt::GetMaxMisValVarLS>, 30},
-      {MaxMisValPS, "10", Field<&ModOpt::GetMaxMisValObsPS>, 10},
-      {MaxMisValPS, "10", Field<&ModOpt::GetMaxMisValVarPS>, 10},
-      {LagDecay, "0.5", Field<&ModOpt::GetLagDecay>, 0.5},
-      {LogCompLim, "On", Field<&ModOpt::GetIsShoScrLim>, 1},
-      {LogCompLim, "On", Field<&ModOpt::GetIsShoLoaLim>, 1},
-      {BackTraYLS, "Off", Field<&ModOpt::GetIsBackTraYLS>, 0},
-      {BackTraYPS, "Off", Field<&ModOpt::GetIsBackTraYPS>, 0},
-      {ModDistType, "Absolute", Field<&ModOpt::GetIsNormDistLS>, 0},
-      {ModDistType, "Absolute", Field<&ModOpt::GetIsNormDistPS>, 0},
-      {ModDistTypePS, "Absolute", Field<&ModOpt::GetIsNormDistPS>, 1},
-      {SignLevLS, "0.125", Field<&ModOpt::GetSignLevLS>, 0.125},
-      {SignLev, "0.25", Field<&ModOpt::GetSignLevPS>, 0.25},
-      {ResidType, "Scaled", Field<&ModOpt::GetIsStdResLS>, 0},
-      {ResidType, "Scaled", Field<&ModOpt::GetIsStdResPS>, 0},
-      {MPowResPS, "On", Field<&ModOpt::GetIsWResPS>, 1},
-      {MPowResLS, "On", Field<&ModOpt::GetIsWResLS>, 1},
-      {ResFilePS, "On", Field<&ModOpt::GetIsResFilePS>, 1},
-      {ResFilePS, "On", Field<&ModOpt::GetIsSaveResPS>, 1},
-      {ScaResPS, "On", Field<&ModOpt::GetIsScaResPS>, 1},
-      {DModType, "DModY", Field<&ModOpt::GetDModType>, 1},
-      {ObsPltMark, "None", Field<&ModOpt::GetEObjectPlotMark>, 0},
-      {VarPltMark, "Number", Field<&ModOpt::GetEVariablePlotMark>, 1},
-      {VariMode, "R2adj", Field<&ModOpt::GetER2>, 1},
-      {ObsPltMarkLen, "3", Field<&ModOpt::GetObjectPlotMarkLength>, 3},
-      {ObsPltMarkSta, "4", Field<&ModOpt::GetObjectPlotMarkStart>, 4},
-      {VarPltMarkLen, "5", Field<&ModOpt::GetVariablePlotMarkLength>, 5},
-      {VarPltMarkSta, "6", Field<&ModOpt::GetVariablePlotMarkStart>, 6},
-      {NumberFormat, "4", Field<&ModOpt::GetIsRule>, 0},  // whatever the options are
-  };
-  for (const auto& [option, value, field, expected] : cases) {
-    PrjOpt project(true);
-    EXPECT_TRUE(project.SetValue(option, value));
-    EXPECT_EQ(field(ModOpt(&project)), expected) << Options::GetString(option);
-  }
+  EXPECT_EQ(PrjOpt(true).GetValidatePermutations(), 10);
+  EXPECT_FALSE(PrjOpt(true).SetCrossValidation(EValidate::Eig));
 }
 
 TEST(ModOpt, OutsideAProjectDiffersFromTheDefaults) {
-  const ModOpt defaults;
-  const ModOpt outside(nullptr);
-  const auto differences = [&](auto... fields) {
-    std::ostringstream text;
-    ((text << fields(defaults) << "/" << fields(outside) << " "), ...);
-    return text.str();
-  };
-  EXPECT_EQ(differences(Field<&ModOpt::GetIsXDesigned>, Field<&ModOpt::GetIsSeq>,
-                        Field<&ModOpt::GetIsBackTraYLS>, Field<&ModOpt::GetIsNormDistLS>,
-                        Field<&ModOpt::GetMaxMisValObsLS>, Field<&ModOpt::GetMaxMisValVarLS>,
-                        Field<&ModOpt::GetMaxMisValObsPS>, Field<&ModOpt::GetMaxMisValVarPS>,
-                        Field<&ModOpt::GetIsRule>, Field<&ModOpt::GetIsBackTraYPS>),
-            "0/1 1/0 1/0 1/0 50/20 50/20 50/20 50/20 1/1 1/1 ");
-  EXPECT_EQ(defaults.GetLagDecay(), 0.95F);
-  EXPECT_EQ(outside.GetLagDecay(), 1.0F);
-  ModOpt copy;
-  copy.SetNComp(200);
-  EXPECT_EQ(copy.GetNComp(), 127) << "the most that 8 bits hold";
-  copy.Copy(outside);
-  EXPECT_EQ(copy.GetNComp(), 0);
+  ModOpt outside(nullptr);
+  std::ostringstream text;
+  for (const ModOpt& o : {ModOpt(), outside}) {
+    text << o.GetIsXDesigned() << o.GetIsSeq() << o.GetIsBackTraYLS() << o.GetIsNormDistLS() << " "
+         << o.GetMaxMisValObsLS() << " " << o.GetMaxMisValVarLS() << " " << o.GetMaxMisValObsPS()
+         << " " << o.GetMaxMisValVarPS() << " " << o.GetLagDecay() << "; ";
+  }
+  EXPECT_EQ(text.str(), "0111 50 50 50 50 0.95; 1000 20 20 20 20 1; ");
+  outside.SetNComp(200);
+  EXPECT_EQ(outside.GetNComp(), 127) << "the most that 8 bits hold";
+  outside.Copy(ModOpt());
+  EXPECT_TRUE(outside == ModOpt());
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <random>
-#include <thread>
 #include <utility>
 
 #include "support/temp_folder.h"
@@ -153,27 +152,6 @@ TEST(ProfileDamage, APipeIsNeitherReadNorWritten) {
   ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
   EXPECT_EQ(Read(file, "a", "k"), "none");
   EXPECT_FALSE(FileProfile().Write({"a", "k", "1"}, file.c_str()));
-}
-
-TEST(ProfileDamage, AKillLeavesTheOldFileOrTheNewOne) {
-  const test::TempFolder folder;
-  const std::string file = folder.File("a.ini");
-  const std::string ballast = "\n; " + std::string(500'000, 'x') + "\n";
-  test::WriteBytes(file, "[a]\nk=0" + ballast);
-  for (int round = 0; round < 30; ++round) {
-    const pid_t child = InChild([&] {
-      for (int i = 0;; ++i) {
-        FileProfile().Write({"a", "k", i % 2 == 0 ? "11" : "0"}, file.c_str());
-      }
-      return true;
-    });
-    std::this_thread::sleep_for(std::chrono::milliseconds(5 + round));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    const std::string found = test::ReadBytes(file);
-    EXPECT_TRUE(found == "[a]\nk=0" + ballast || found == "[a]\nk=11" + ballast)
-        << found.size() << " bytes";
-  }
 }
 
 TEST(ProfileDamage, AFullDiskLeavesTheOldFile) {

@@ -27,6 +27,8 @@ class ZEMVA_API ModOpt {
 
   // Takes over all fields.
   void Copy(const ModOpt& other) { *this = other; }
+  // Whether all fields are the same.
+  bool operator==(const ModOpt& other) const = default;
 
   // Whether the X data are centred.
   bool GetIsCenter() const { return is_center_; }
