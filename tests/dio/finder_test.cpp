@@ -36,13 +36,22 @@ TEST(Finder, LookupTakesComponentNumbersOutOfNames) {
     int value;
     int component;
   } cases[] = {
-      {"P", true, 35, -1},        {"P1", true, 35, 1},         {"P12", true, 35, 12},
-      {"S2T", true, 43, -1},  // in the table as it stands
-      {"SSVC3X", true, 179, 3},   {"SSVC12X", true, 179, 12},  {"isBackTraYLS", true, 90, -1},
-      {"ObjInfo", true, 135, -1}, {"objinfo", false, 216, -1},  // case-sensitive
-      {"P123", false, 216, 23},                                 // two digits at the most
-      {"5", false, 216, 5},       {"55", false, 216, 5},  // the first character is no first digit
-      {"", false, 216, -1},       {"Nothing", false, 216, -1},
+      {"P", true, 35, -1},
+      {"P1", true, 35, 1},
+      {"P12", true, 35, 12},
+      {"P05", true, 35, 5},
+      {"P90", true, 35, 90},
+      {"SSVC3X", true, 179, 3},
+      {"SSVC12X", true, 179, 12},
+      {"ObjInfo", true, 135, -1},
+      {"isBackTraYLS", true, 90, -1},
+      {"Nothing", false, 216, -1},
+      {"", false, 216, -1},
+      {"S2T", true, 43, -1},        // in the table as it stands
+      {"objinfo", false, 216, -1},  // case-sensitive
+      {"P123", false, 216, 23},     // two digits at the most
+      {"5", false, 216, 5},         // the first character is no first digit
+      {"55", false, 216, 5},
   };
   for (const auto& c : cases) {
     ItemName value;

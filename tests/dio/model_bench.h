@@ -45,7 +45,7 @@ inline void UseAll(Workset& workset, ModOpt& options) {
 }
 
 inline void MakeClasses(Workset& workset, ModOpt&) {
-  for (short i = 1; i <= 14; ++i) workset.SetOClass(i, static_cast<char>(i % 3 == 0 ? 8 : 3));
+  for (short i = 1; i <= 14; ++i) workset.SetOClass(i, static_cast<char>(i % 3 == 0 ? 99 : 1));
   workset.SetOClass(5, 0);
 }
 
@@ -55,7 +55,7 @@ inline constexpr KindOfModel kKindsOfModels[] = {
     {"not centred", EModType::kPC1, 0, [](Workset&, ModOpt& o) { o.SetIsCenter(false); }, 2},
     {"by the rules", EModType::kPCAll, 0,
      [](Workset&, ModOpt& o) { o.SetIsRule(true), o.SetSeqValidate(EValidate::CV); }, 1},
-    {"of a class", EModType::kPC1Cl, 3, MakeClasses, 2},
+    {"of a class", EModType::kPC1Cl, 1, MakeClasses, 2},
     {"of a variable without variance", EModType::kNoVarianceCheck, 0, Leave, 1},
     {"partial least squares, with all tables", EModType::kPLS12, 0, UseAll, 3},
     {"the other way round", EModType::kPLS21, 0, UseAll, 1},

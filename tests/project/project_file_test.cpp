@@ -132,6 +132,21 @@ TEST_F(ProjectFolder, OverwritesNoDataSetByAnother) {
   EXPECT_NE(test::ReadBytes(folder_.File("project.ini")).find("name=iris"), std::string::npos);
 }
 
+TEST_F(ProjectFolder, TakesTheNumbersOfItsObjectsFromTheirFiles) {
+  const std::pair<const char*, short> cases[] = {
+      {"x7.vdo", 7},     {"7.vdo", 7},          {"dataset7.1.vdo", 1}, {"7x.vdo", 1},
+      {"x0.vdo", 1},     {"x32767.vdo", 32767}, {"x32768.vdo", 1},     {"x123456.vdo", 1},
+      {"x00002.vdo", 2}, {"x000002.vdo", 1},
+  };
+  for (const auto& [file, number] : cases) {
+    std::filesystem::copy(ZEMVA_SAMPLES "/iris.vdo", folder_.File(file));
+    EXPECT_TRUE(IniFile(folder_.File("project.ini").c_str()).SetMainDatasetAddress(file));
+    Project opened("", window_);
+    ASSERT_EQ(opened.Open(path_.c_str()), 0);
+    EXPECT_NE(opened.GetDataset(number), nullptr) << file;
+  }
+}
+
 // Written once and kept: every later release reads them.
 TEST_F(ProjectFolder, SetsOfTheFirstVersionAreRead) {
   const auto dataset = test::Sample("iris");

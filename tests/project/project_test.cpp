@@ -157,6 +157,14 @@ TEST_F(ProjectOfOneTable, DeletesInTheRightOrder) {
   EXPECT_EQ(project_.DelWorkset(workset_), 8049);
   EXPECT_EQ(project_.DelPredset(predset), 8041);
   EXPECT_EQ(project_.GetWorkset(workset_)->SetIsObsIn(1, false), 8049);  // frozen
+  const short other = project_.AddDataset(Table("abcd", 5));
+  const short of_other = project_.AddPredset(other, workset_, "PS");
+  ASSERT_EQ(project_.ExecPS(model, of_other), 0);
+  EXPECT_EQ(project_.DelDataset(other), 8041);
+  EXPECT_EQ(project_.DelPSResults(model), 0);
+  EXPECT_EQ(project_.DelDataset(other), 0);
+  EXPECT_EQ(project_.GetPredset(of_other), nullptr) << "no model holds its results";
+  ASSERT_EQ(project_.ExecPS(model, predset), 0);
   EXPECT_EQ(project_.DelPSResults(model), 0);
   EXPECT_EQ(project_.DelPredset(predset), 0);
   EXPECT_EQ(project_.ExecPS(model, predset), 8030);
@@ -173,19 +181,6 @@ TEST_F(ProjectOfOneTable, DeletesInTheRightOrder) {
                                      project_.DelWorkset(workset_), project_.DelPredset(predset),
                                      project_.DelDataset(dataset_)};
   EXPECT_EQ(statuses, (std::vector<int>{8010, 8010, 8010, 8010, 8011, 8030, 8009}));
-}
-
-TEST_F(ProjectOfOneTable, DeletesTheDataOfAPredictionSetWhenNoModelHoldsResults) {
-  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
-  project_.GetModel(model)->GetModOpt().SetNComp(1);
-  ASSERT_EQ(project_.Compute(model), 0);
-  const short other = project_.AddDataset(Table("abcd", 5));
-  const short predset = project_.AddPredset(other, workset_, "PS");
-  ASSERT_EQ(project_.ExecPS(model, predset), 0);
-  EXPECT_EQ(project_.DelDataset(other), 8041);
-  EXPECT_EQ(project_.DelPSResults(model), 0);
-  EXPECT_EQ(project_.DelDataset(other), 0);
-  EXPECT_EQ(project_.GetPredset(predset), nullptr);
 }
 
 TEST_F(ProjectOfOneTable, OwnsModelsThatAreMadeWithIt) {
@@ -238,29 +233,28 @@ TEST_F(ProjectOfOneTable, ARefusalDoesNotStandAgainstTheNextOperation) {
 }
 
 TEST_F(ProjectOfOneTable, RefusesWhatItCannotMake) {
-  EXPECT_EQ(project_.AddDataset(nullptr), 0);
-  EXPECT_EQ(project_.GetStatus(), 8022);
-  EXPECT_EQ(project_.AddDataset(project_.GetDataset(dataset_)), 0);
-  EXPECT_EQ(project_.GetStatus(), 8023);
-  EXPECT_EQ(project_.AddWorkset(7, "WS"), 0);
-  EXPECT_EQ(project_.GetStatus(), 8009);
-  EXPECT_EQ(project_.AddPredset(dataset_, 7, "PS"), 0);
-  EXPECT_EQ(project_.GetStatus(), 8011);
-  EXPECT_EQ(project_.AddModel(workset_, static_cast<EModType>(8), 0), 0);
-  EXPECT_EQ(project_.GetStatus(), 8045);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC2, 0), 0);  // there is no Y
-  EXPECT_EQ(project_.GetStatus(), 8017);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPLS12, 0), 0);
-  EXPECT_EQ(project_.GetStatus(), 8018);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1Cl, 3), 0);  // nor a class
-  EXPECT_EQ(project_.GetStatus(), 8020);
+  const auto refusal = [&](short number) { return number == 0 ? project_.GetStatus() : 0; };
+  const auto model = [&](EModType type, char selector = 0) {
+    return refusal(project_.AddModel(workset_, type, selector));
+  };
+  EXPECT_EQ(refusal(project_.AddDataset(nullptr)), 8022);
+  EXPECT_EQ(refusal(project_.AddDataset(project_.GetDataset(dataset_))), 8023);
+  EXPECT_EQ(refusal(project_.AddWorkset(7, "WS")), 8009);
+  EXPECT_EQ(refusal(project_.AddPredset(7, workset_, "PS")), 8009);
+  EXPECT_EQ(refusal(project_.AddPredset(dataset_, 7, "PS")), 8011);
+  EXPECT_EQ(model(static_cast<EModType>(8)), 8045);
+  EXPECT_EQ(model(EModType::kPC2), 8017);  // there is no Y
+  EXPECT_EQ(model(EModType::kPLS12), 8018);
+  EXPECT_EQ(model(EModType::kPC1Cl, 3), 8020);  // nor a class
   const short elsewhere = project_.AddWorkset(dataset_, "WS2");
   const short predset = project_.AddPredset(dataset_, elsewhere, "PS");
-  const short model = project_.AddModel(workset_, EModType::kPC1, 0);
-  EXPECT_EQ(project_.ExecPS(model, predset), 8040);
+  EXPECT_EQ(project_.ExecPS(project_.AddModel(workset_, EModType::kPC1, 0), predset), 8040);
   for (int i = 2; i <= 99; ++i) EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1, 0), i);
-  EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1, 0), 0);
-  EXPECT_EQ(project_.GetStatus(), 8031);
+  EXPECT_EQ(model(EModType::kPC1), 8031);
+  for (const short number : {short{99}, short{50}}) {
+    EXPECT_EQ(project_.DelModel(number), 0);
+    EXPECT_EQ(project_.AddModel(workset_, EModType::kPC1, 0), number) << "the one that is free";
+  }
 }
 
 TEST_F(ProjectOfOneTable, ComputesEachModelOnItsOwnWorkSetAndNoFurtherThanAsked) {
