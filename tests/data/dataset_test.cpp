@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "data/plain_table.h"
 #include "support/recording_window.h"
@@ -28,17 +29,13 @@ TEST(Dataset, ConstructionRefusesWhatDoesNotFitAndLeavesThePartsToTheCaller) {
   VarInfo column("VarInfo"), no_column("VarInfo");
   row.AddObs(1, "o");
   column.AddVar(1, "x");
-  const struct {
-    XFMatrix* matrix;
-    ObsInfo* observations;
-    VarInfo* variables;
-  } cases[] = {{&matrix, &no_row, &column},
-               {&matrix, &row, &no_column},
-               {nullptr, &row, &column},
-               {&matrix, nullptr, &column},
-               {&matrix, &row, nullptr}};
-  for (const auto& c : cases) {
-    const Dataset dataset("n", "a", window, c.matrix, c.observations, c.variables);
+  const std::tuple<XFMatrix*, ObsInfo*, VarInfo*> cases[] = {{&matrix, &no_row, &column},
+                                                             {&matrix, &row, &no_column},
+                                                             {nullptr, &row, &column},
+                                                             {&matrix, nullptr, &column},
+                                                             {&matrix, &row, nullptr}};
+  for (const auto& [values, observations, variables] : cases) {
+    const Dataset dataset("n", "a", window, values, observations, variables);
     EXPECT_EQ(dataset.GetStatus(), 8013);
     EXPECT_FALSE(dataset.IsLoaded());
   }

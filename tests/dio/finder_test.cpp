@@ -29,6 +29,8 @@ TEST(Finder, TableHolds212NamesAndEachIsFoundByNameAndByNumber) {
   EXPECT_EQ(Finder::GetItemType("NoSuchName"), ItemName{216});
 }
 
+// Two digits at the most, of which the first is not the first of the name. What is in the table as
+// it stands has no number.
 TEST(Finder, LookupTakesComponentNumbersOutOfNames) {
   const struct {
     const char* field;
@@ -36,21 +38,11 @@ TEST(Finder, LookupTakesComponentNumbersOutOfNames) {
     int value;
     int component;
   } cases[] = {
-      {"P", true, 35, -1},
-      {"P1", true, 35, 1},
-      {"P12", true, 35, 12},
-      {"P05", true, 35, 5},
-      {"P90", true, 35, 90},
-      {"SSVC3X", true, 179, 3},
-      {"SSVC12X", true, 179, 12},
-      {"ObjInfo", true, 135, -1},
-      {"isBackTraYLS", true, 90, -1},
-      {"Nothing", false, 216, -1},
-      {"", false, 216, -1},
-      {"S2T", true, 43, -1},        // in the table as it stands
-      {"objinfo", false, 216, -1},  // case-sensitive
-      {"P123", false, 216, 23},     // two digits at the most
-      {"5", false, 216, 5},         // the first character is no first digit
+      {"P", true, 35, -1},         {"P1", true, 35, 1},        {"P12", true, 35, 12},
+      {"P05", true, 35, 5},        {"P90", true, 35, 90},      {"SSVC3X", true, 179, 3},
+      {"SSVC12X", true, 179, 12},  {"ObjInfo", true, 135, -1}, {"isBackTraYLS", true, 90, -1},
+      {"Nothing", false, 216, -1}, {"", false, 216, -1},       {"S2T", true, 43, -1},
+      {"objinfo", false, 216, -1}, {"P123", false, 216, 23},   {"5", false, 216, 5},
       {"55", false, 216, 5},
   };
   for (const auto& c : cases) {

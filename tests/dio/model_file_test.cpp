@@ -388,7 +388,11 @@ TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {
   const std::string path = folder_.File("results.vdo");
   DIOExp results(path.c_str(), "Results", window_);
   EXPECT_EQ(results.Save(), 8009);
+  ObsInfo one("One");
+  one.AddObs(1, "o");
+  EXPECT_EQ(results.SetObservations(one), 0);
   const ModelRecord record = bench.model->MakeRecord();
+  EXPECT_EQ(results.Add(record.components[1]->t), 8021);
   EXPECT_EQ(results.SetObservations(*record.observations), 0);
   EXPECT_EQ(results.Add(record.components[1]->t), 0);
   EXPECT_EQ(results.Add(record.components[0]->p), 8021);
