@@ -67,7 +67,11 @@ class ModelFile : public testing::Test {
   int status_ = 0;
 };
 
-TEST_F(ModelFile, OfAnyKindAnswersAsTheSavedModelDid) {
+TEST_F(ModelFile, OfAnyKindAnswersAndPredictsAsTheSavedModelDid) {
+  const auto others = test::SmallDataset("fedcbax", test::Noise().Table(9, 7));
+  const auto narrow = test::SmallDataset("ab", test::Noise().Table(5, 2));
+  const Workset of_narrow("WS", *narrow, window_);
+  Predset stranger("PS", *narrow, of_narrow);
   for (const KindOfModel& kind : kKindsOfModels) {
     SCOPED_TRACE(kind.what);
     ModelBench bench(kind);
@@ -82,6 +86,21 @@ TEST_F(ModelFile, OfAnyKindAnswersAsTheSavedModelDid) {
       read->SetModAddr(folder_.File("again.mdl").c_str());
       EXPECT_EQ(read->Save(7), 0);
       EXPECT_TRUE(BytesOf(folder_.File("again.mdl")) == first);
+      if (is_unloaded || read->GetA() == 0) continue;
+      // Without its data; of others, and of its own observations, beside the work set again.
+      Predset of_saved("PS", *others, bench.workset);
+      Predset of_read("PS", *others, *read->GetVarInfoDS());
+      Predset own("PS", *bench.dataset, bench.workset);
+      EXPECT_EQ(bench.model->ExecPS(of_saved), 0);
+      EXPECT_EQ(read->ExecPS(of_read), 0);
+      EXPECT_EQ(read->GetNObsPS(), 9);
+      EXPECT_EQ(Difference(*read, *bench.model), "");
+      EXPECT_EQ(bench.model->ExecPS(own), 0);
+      EXPECT_EQ(read->ExecPS(own), 0);
+      EXPECT_TRUE(read->IsMembPS(1));
+      EXPECT_EQ(Difference(*read, *bench.model), "");
+      EXPECT_EQ(read->ExecPS(stranger), 8040);
+      EXPECT_EQ(bench.model->DeletePSResults(), 0);
     }
   }
 }
@@ -198,33 +217,6 @@ TEST_F(ModelFile, GivesAllVectorsButThoseOfTheDataOfX) {
   EXPECT_GT(given, 2500);
 }
 
-TEST_F(ModelFile, PredictsWithoutItsDataToTheBit) {
-  for (const KindOfModel& kind : kKindsOfModels) {
-    SCOPED_TRACE(kind.what);
-    ModelBench bench(kind);
-    if (bench.model->GetA() == 0) continue;
-    const auto read = SaveAndRead(*bench.model);
-    const auto others = test::SmallDataset("fedcbax", test::Noise().Table(9, 7));
-    Predset of_saved("PS", *others, bench.workset);
-    Predset of_read("PS", *others, *read->GetVarInfoDS());
-    EXPECT_EQ(bench.model->ExecPS(of_saved), 0);
-    EXPECT_EQ(read->ExecPS(of_read), 0);
-    EXPECT_EQ(read->GetNObsPS(), 9);
-    EXPECT_EQ(Difference(*read, *bench.model), "");
-    // Its own observations, beside the work set again.
-    Predset own("PS", *bench.dataset, bench.workset);
-    EXPECT_EQ(bench.model->ExecPS(own), 0);
-    EXPECT_EQ(read->ExecPS(own), 0);
-    EXPECT_TRUE(read->IsMembPS(1));
-    EXPECT_EQ(Difference(*read, *bench.model), "");
-
-    const auto narrow = test::SmallDataset("ab", test::Noise().Table(5, 2));
-    const Workset other("WS", *narrow, window_);
-    Predset stranger("PS", *narrow, other);
-    EXPECT_EQ(read->ExecPS(stranger), 8040);
-  }
-}
-
 TEST_F(ModelFile, TakesItsDataAgainAndIsFittedFurther) {
   for (const KindOfModel& kind : kKindsOfModels) {
     if (kind.component_count == 0 || kind.type == EModType::kPCAll) continue;
@@ -314,6 +306,9 @@ TEST_F(ModelFile, SavesAModelWithoutDataAndAnUnloadedOne) {
   EXPECT_EQ(unloaded->GetT(1, 3), bench.model.GetT(1, 3));
   EXPECT_EQ(unloaded->Load(), 0);
   EXPECT_EQ(unloaded->GetObsInfo()->GetNItm(), 5);
+  EXPECT_STREQ(unloaded->GetModAddr(), path_.c_str());
+  EXPECT_EQ(unloaded->DeleteFiles(), 0);
+  EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
 TEST_F(ModelFile, IsSavedOverNothingElse) {
@@ -375,14 +370,6 @@ TEST_F(ModelFile, StaysAsItWasWhereTheDiskIsFull) {
 
 #endif
 
-TEST_F(ModelFile, OfAReadModelIsItsOwn) {
-  test::Bench bench("ab", {{1, 2}, {3, 4}, {5, 7}, {8, 2}});
-  const auto read = SaveAndRead(bench.model);
-  EXPECT_STREQ(read->GetModAddr(), path_.c_str());
-  EXPECT_EQ(read->DeleteFiles(), 0);
-  EXPECT_FALSE(std::filesystem::exists(path_));
-}
-
 TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {
   ModelBench bench(kKindsOfModels[0]);
   const std::string path = folder_.File("results.vdo");
@@ -393,6 +380,9 @@ TEST_F(ModelFile, ResultsAreDataOfAFurtherModel) {
   EXPECT_EQ(results.SetObservations(one), 0);
   const ModelRecord record = bench.model->MakeRecord();
   EXPECT_EQ(results.Add(record.components[1]->t), 8021);
+  DIOExp without_names(path.c_str(), "Results", window_);
+  EXPECT_EQ(without_names.Add(record.components[1]->t), 0);
+  EXPECT_EQ(without_names.SetObservations(one), 8021);
   EXPECT_EQ(results.SetObservations(*record.observations), 0);
   EXPECT_EQ(results.Add(record.components[1]->t), 0);
   EXPECT_EQ(results.Add(record.components[0]->p), 8021);

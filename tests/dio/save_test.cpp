@@ -146,6 +146,10 @@ TEST_F(SaveTest, MoreThanTwoGigabytesAreRefused) {
   const auto small = SmallDataset();
   DangerousDataSetManipulator::SetDM(small.get(), matrix);
   EXPECT_EQ(DioData(other_.c_str(), nullptr, window_).Save(*small), 2001);
+  DioFile file(other_.c_str(), window_);
+  int size = 0;
+  EXPECT_EQ(file.NewFile(), 0);
+  EXPECT_EQ(file.WriteMXF4("Dataset", *matrix, size, nullptr), 2001);
   EXPECT_FALSE(fs::exists(other_));
 }
 
