@@ -225,35 +225,6 @@ TEST_F(DioDataTest, LongNamesAreCutAndPutWhatFollowsOutOfStep) {
   EXPECT_EQ(std::string(dataset_->GetDSNam()), fits);
 }
 
-TEST_F(DioDataTest, TablesThatAreAbsentOrShortAnswerWithNone) {
-  std::vector<std::string> items = SmallItems();
-  items[kObsInfo] = test::ObsInfoItem({{1, "only"}});
-  items[kVarInfo] = "";
-  ASSERT_EQ(Load(FileOfItems(items)), 0);
-  short number = 5;
-  char* name = nullptr;
-  EXPECT_EQ(dataset_->GetObsInfo(2, number, name), 8021);
-  EXPECT_EQ(name, nullptr);
-  EXPECT_EQ(dataset_->GetVarInfo(1, number, name), 8021);
-  EXPECT_EQ(name, nullptr);
-}
-
-TEST_F(DioDataTest, CountsHoldWhereTheMatrixIsLarger) {
-  for (const short count : std::initializer_list<short>{0, 2}) {
-    ASSERT_EQ(Load(FileWith(kNObs, Item("NOBJ", "i2", {}, test::I2(count)))), 0);
-    EXPECT_EQ(dataset_->GetNObsDS(), count);
-    EXPECT_EQ(dataset_->GetDMPtr()->NRow(), count);
-  }
-}
-
-TEST_F(DioDataTest, ObservationLabelsAreKept) {
-  const std::vector<test::Record> records = {{1, "a"}, {2, "b"}, {3, "c"}};
-  const std::string item = test::ObsInfoItem(records, {"start", std::string(22, ' '), ""});
-  ASSERT_EQ(Load(FileWith(kObsInfo, item)), 0);
-  EXPECT_STREQ(dataset_->GetOIPtr()->GetLabel(1), "start");
-  EXPECT_EQ(std::string(dataset_->GetOIPtr()->GetLabel(2)), std::string(22, ' '));
-}
-
 TEST_F(DioDataTest, PartsAreReadWithoutTheRest) {
   test::WriteBytes(path_, test::SmallFile());
   DioData data(path_.c_str(), nullptr, window_);
@@ -279,6 +250,7 @@ TEST_F(DioDataTest, PartsAreReadWithoutTheRest) {
     EXPECT_EQ(data.GetVar(outside, vector), 2019);
     EXPECT_EQ(data.GetObs(outside, vector), 2019);
   }
+  EXPECT_EQ(data.GetVar(3, vector), 2019);
   XFMatrix* matrix = nullptr;
   ASSERT_EQ(data.GetMatrix(matrix), 0);
   EXPECT_EQ((*matrix)[3][2], 6.0f);

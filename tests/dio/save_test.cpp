@@ -155,14 +155,6 @@ TEST_F(SaveTest, MoreThanTwoGigabytesAreRefused) {
 
 #if !defined(_WIN32)
 
-TEST_F(SaveTest, DeletingFollowsALink) {
-  test::WriteBytes(path_, test::SmallFile());
-  fs::create_symlink("file.vdo", other_);
-  EXPECT_EQ(DioData(other_.c_str(), nullptr, window_).Delete(), 0);
-  EXPECT_FALSE(fs::exists(path_));
-  EXPECT_TRUE(fs::is_symlink(other_));
-}
-
 TEST_F(SaveTest, FullDiskIsAWriteErrorAndTheOldFileStays) {
   const auto dataset = SmallDataset();
   dataset->SetDSAddr("/dev/full");

@@ -58,11 +58,12 @@ TEST(ProfileDamage, AnEndlessLineIsReadOnce) {
 TEST(ProfileDamage, Utf16IsLeftAlone) {
   const test::TempFolder folder;
   const std::string file = folder.File("a.ini");
-  const std::string text = "\xFF\xFE[\0a\0]\0\n\0k\0=\0\x31\0"s;
-  test::WriteBytes(file, text);
-  EXPECT_EQ(Read(file, "a", "k"), "none");
-  EXPECT_FALSE(FileProfile().Write({"a", "k", "2"}, file.c_str()));
-  EXPECT_EQ(test::ReadBytes(file), text);
+  for (const std::string& text : {"\xFF\xFE[\0a\0]\0\n\0k\0=\0\x31\0"s, "\xFE\xFF\0[\0a\0]"s}) {
+    test::WriteBytes(file, text);
+    EXPECT_EQ(Read(file, "a", "k"), "none");
+    EXPECT_FALSE(FileProfile().Write({"a", "k", "2"}, file.c_str()));
+    EXPECT_EQ(test::ReadBytes(file), text);
+  }
 }
 
 // A pass over the file for every entry that moves would take minutes.

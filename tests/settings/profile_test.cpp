@@ -159,6 +159,7 @@ struct WriteCase {
 const WriteCase kWriteCases[] = {
     // Values, new and changed; the rest of the file stays.
     {"", {{"a", "k", "1"}}, "a", "k", "1", "[a]\nk=1\n"},
+    {"\xEF\xBB\xBF", {{"a", "k", "1"}}, "a", "k", "1", "\xEF\xBB\xBF[a]\nk=1\n"},
     {"[a]\nk=1", {{"a", "l", "2"}}, "a", "l", "2", "[a]\nk=1\nl=2\n"},
     {"[a]\nk=1", {{" b ", " l ", " 2 "}}, "b", "l", "2", "[a]\nk=1\n[b]\nl= 2 \n"},
     {"; c\r\n[a]\r\n K  = 1 \r\n\r\n[b]\r\nx\r\n",
