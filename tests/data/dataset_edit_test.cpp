@@ -103,6 +103,18 @@ TEST(DatasetEdit, NoDataSetGrowsBeyond32767) {
   EXPECT_EQ(full->AddObs(1, "one more"), 0);
   EXPECT_EQ(full->GetStatus(), 8021);
   EXPECT_EQ(full->GetOIPtr()->GetNItm(), 32767);
+  const auto one = MakeDataset(SmallTable(1, 1), window);
+  const auto almost_tall = MakeDataset(SmallTable(32766, 1), window);
+  const auto almost_wide = MakeDataset(SmallTable(1, 32766), window);
+  for (const int status : {0, 8021}) {
+    EXPECT_EQ(almost_tall->MergeObs(one.get(), true), status);
+    EXPECT_EQ(almost_tall->GetNObsDS(), 32767);
+    EXPECT_EQ(almost_wide->MergeVar(one.get(), true), status);
+    EXPECT_EQ(almost_wide->GetNVarDS(), 32767);
+  }
+  EXPECT_EQ(almost_wide->DelVar(32767), 0);
+  EXPECT_EQ(almost_wide->AddVar("v"), 32767);
+  EXPECT_EQ(almost_wide->AddVar("v"), 0);
 }
 
 TEST(DatasetEdit, TablesThatAFileLeftOutAreAddedByTheFirstEdit) {

@@ -92,6 +92,9 @@ TEST(Dataset, SavedAndLoadedItIsTheSame) {
   EXPECT_EQ(std::string(loaded.GetOIPtr()->GetLabel(2)).substr(0, 7), " label ");
 
   loaded.Unload();
+  EXPECT_EQ(dataset->MergeVar(&loaded, false), 8055);
+  EXPECT_EQ(dataset->GetNVarDS(), 4);
+  EXPECT_FALSE(loaded.IsLoaded()) << "it was loaded meanwhile";
   EXPECT_EQ(loaded.DeleteFileA(), 0);
   EXPECT_EQ(loaded.Load(), 2004);
 }

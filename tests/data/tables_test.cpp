@@ -117,6 +117,10 @@ TEST(ObsInfo, DeletingClosesTheGapAndKeepsTheItemNumbers) {
 TEST(ObsInfo, ExtractKeepsSelectedRowsAndLabels) {
   ObsInfo table = ThreeObservations();
   table.SetLabel(3, std::string(40, 'l').c_str());
+  for (const int none : {0, 4}) {
+    table.SetLabel(none, "x");
+    EXPECT_STREQ(table.GetLabel(none), "");
+  }
   XI1Vector selection("sel", 3, 1);
   selection[1] = 2;
   const std::unique_ptr<ObsInfo> extract(table.ExtObsInfo(&selection));
