@@ -129,8 +129,9 @@ TEST(AtomicFile, RemovesWhatIsLeftOfProcessesThatAreGone) {
   const std::vector<std::string> kept = {
       name(getppid(), "-1"),   name(gone, ""),
       name(gone, "-1a"),       folder.File(".saving--1"),
-      folder.File(".saving-"), folder.File("saving-" + std::to_string(gone) + "-1")};
-  std::vector<std::string> leftovers = {name(gone, "-1"), name(gone, "-17")};
+      folder.File(".saving-"), folder.File("saving-" + std::to_string(gone) + "-1"),
+      name(1234567890, "-1")};
+  std::vector<std::string> leftovers = {name(gone, "-1"), name(gone, "-17"), name(999999999, "-1")};
   for (int i = 1; i <= 120; ++i) leftovers.push_back(name(getpid(), "-" + std::to_string(i)));
   for (const auto& files : {kept, leftovers}) {
     for (const std::string& file : files) test::WriteBytes(file, "cut off");

@@ -12,7 +12,6 @@
 #include "zemva/data/dataset.h"
 #include "zemva/dio/dataset/dio_data.h"
 #include "zemva/numeric/x_matrix.h"
-#include "zemva/plugin/ko_import.h"
 
 namespace zemva {
 namespace {
@@ -87,15 +86,6 @@ TEST_F(DamagedFile, RowsThatNoBytesStandForAreBounded) {
   EXPECT_EQ(LoadAndReadAll(test::FileOfItems(items)), 0);
   for (int i = 0; i < 50; ++i) items.insert(items.begin(), rows_of_nothing);
   EXPECT_EQ(LoadAndReadAll(test::FileOfItems(items)), 2005);
-}
-
-TEST_F(DamagedFile, NeverReachesTheHostAsMoreThanAFailedOpen) {
-  test::WriteBytes(path_, test::SmallFile().substr(0, 500));
-  KoImportInitPackage(nullptr);
-  void* handle = this;
-  EXPECT_EQ(KoImportIsCorrectFileType(nullptr, path_.c_str()), 1);
-  EXPECT_FALSE(KoImportOpen(nullptr, path_.c_str(), nullptr, &handle));
-  EXPECT_EQ(handle, nullptr);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Projects in folders.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
@@ -71,7 +72,11 @@ TEST_F(ProjectFolder, OpensAsItWasSavedWhereverItIs) {
   Project saved("Project", window_);
   Fill(saved);
   ASSERT_EQ(saved.Save(path_.c_str()), 0);
+  const std::string first = folder_.File("dataset1.vdo");
+  const auto old = std::filesystem::last_write_time(first) - std::chrono::hours(1);
+  std::filesystem::last_write_time(first, old);
   ASSERT_EQ(saved.Save(path_.c_str()), 0);
+  EXPECT_EQ(std::filesystem::last_write_time(first), old) << "it has not changed";
   const test::TempFolder elsewhere;
   std::filesystem::remove(elsewhere.Path());  // one system copies into no folder that is there
   std::filesystem::copy(folder_.Path(), elsewhere.Path());
@@ -145,6 +150,11 @@ TEST_F(ProjectFolder, TakesTheNumbersOfItsObjectsFromTheirFiles) {
     ASSERT_EQ(opened.Open(path_.c_str()), 0);
     EXPECT_NE(opened.GetDataset(number), nullptr) << file;
   }
+  IniFile list(folder_.File("project.ini").c_str());
+  EXPECT_TRUE(list.SetMainDatasetAddress("x7.vdo") && list.AddSecondaryDataset("", "7.vdo"));
+  Project opened("", window_);
+  ASSERT_EQ(opened.Open(path_.c_str()), 0);
+  EXPECT_NE(opened.GetDataset(8), nullptr) << "7 is taken";
 }
 
 // Written once and kept: every later release reads them.
@@ -207,6 +217,7 @@ TEST_F(ProjectFolder, RefusesWhatIsNotItsOwn) {
   Fill(project);
   test::WriteBytes(folder_.File("model2.mdl"), "Something of somebody else's");
   EXPECT_EQ(project.Save(path_.c_str()), 2005);
+  EXPECT_STREQ(project.GetModel(2)->GetModel()->GetModAddr(), "NoAddress");
   EXPECT_FALSE(std::filesystem::exists(folder_.File("project.ini")));
   const auto other = SmallDataset("abcdeg", Noise().Table(14, 6));
   Workset workset("WS", *other, window_);

@@ -242,6 +242,9 @@ TEST_F(IniFileTest, APathKeepsItsSeparatorAndMovesWithTheProject) {
       {"/home/u/p.ini", "C:\\old\\a.mdl", "/home/u/a.mdl"},
       {"E:\\new\\p.ini", "/old/a.b.mdl", "E:\\new\\a.b.mdl"},
       {"E:p.ini", "C:a.mdl", "E:a.mdl"},
+      {"A:p.ini", "a:a.mdl", "A:a.mdl"},
+      {"Z:p.ini", "z:a.mdl", "Z:a.mdl"},
+      {"[:p.ini", "{:a.mdl", "{:a.mdl"},  // no letters, no drives
       {"p.ini", "sub/a", "a"},
   };
   for (const auto& [project, stored, moved] : cases) {
