@@ -93,15 +93,6 @@ TEST(ItmInfo, AFullTableRefusesAnotherRow) {
   EXPECT_EQ(table.GetOIx(32767), 32767);
 }
 
-TEST(ObsInfo, LookUpStartsBehindTheLastHitAndGoesRound) {
-  ObsInfo table("Obs");
-  for (const int number : {5, 7, 5, 9}) table.AddObs(static_cast<short>(number), "");
-  const struct {
-    short number, position;
-  } lookups[] = {{5, 1}, {5, 3}, {5, 1}, {8, 0}, {5, 3}, {9, 4}, {5, 1}, {7, 2}, {7, 2}};
-  for (const auto& lookup : lookups) EXPECT_EQ(table.GetOIx(lookup.number), lookup.position);
-}
-
 TEST(ObsInfo, DeletingClosesTheGapAndKeepsTheItemNumbers) {
   ObsInfo table = ThreeObservations();
   EXPECT_EQ(table.DelObs(20), 0);
