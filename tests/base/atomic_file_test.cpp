@@ -43,6 +43,9 @@ TEST(AtomicFile, ReplacesTheFileOnCommitOnly) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1)
       << "a file was left behind";
   EXPECT_FALSE(Save(folder.File("no/such/a.txt"), "x"));
+  AtomicFile late(folder.File("b"));
+  fs::create_directory(folder.File("b"));
+  EXPECT_FALSE(late.Commit()) << "a folder has taken its place";
 }
 
 #if !defined(_WIN32)

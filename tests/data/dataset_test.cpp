@@ -47,6 +47,7 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
   Dataset dataset("n", folder.File("none.vdo").c_str(), window);
   EXPECT_EQ(dataset.Load(), 2004);
   EXPECT_EQ(dataset.GetNObsDS(), 0);
+  EXPECT_EQ(dataset.GetNValA(), 0);
   EXPECT_EQ(dataset.GetDMPtr(), nullptr);
   EXPECT_EQ(dataset[1], nullptr);
   short number;

@@ -13,7 +13,7 @@ TEST(StreamWindow, KeepsTheLastTextThatItWrote) {
   test::RecordingWindow window;
   EXPECT_EQ(window.GetLastText(), nullptr);
   const char* const texts[] = {"a", "b", "muted"};
-  window << texts[0] << texts[1];
+  window << texts[0] << texts[1] << static_cast<const char*>(nullptr);
   window.SetMuted(true);
   window << texts[2];
   EXPECT_EQ(window.log, "ab");

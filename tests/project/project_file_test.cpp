@@ -128,6 +128,10 @@ TEST_F(ProjectFolder, OverwritesNoDataSetByAnother) {
   EXPECT_EQ(std::string(list.GetMainDatasetAddress()), second);
   EXPECT_EQ(std::string(list.GetSecondaryDatasetAddress(1)), folder_.File("_dataset2.vdo"));
 
+  const test::TempFolder elsewhere;
+  ASSERT_EQ(project.Save(elsewhere.Path().string().c_str()), 0);
+  EXPECT_TRUE(std::filesystem::exists(elsewhere.File("dataset1.vdo"))) << "it has all its files";
+
   // The primary data set stays the primary one while it is missing.
   std::filesystem::rename(second, folder_.File("away"));
   Project opened("", window_);
