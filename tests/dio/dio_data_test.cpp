@@ -160,6 +160,13 @@ TEST_F(DioDataTest, RefusalsHaveTheirCodes) {
        2005, false},
       {"rows of nothing", FileWith(kMatrix, Item("Dataset", "mxf4", {32767, 0}, test::Z("m"))),
        2005, false},
+      {"more variables than bytes", FileWith(kVarInfo, Item("VarInfo", "vari", {32767}, "")), 2005,
+       false},
+      {"more observations than bytes",
+       FileWith(kObsInfo,
+                Item("ObjInfo", "obji", {3},
+                     test::I2(1) + test::Z("O") + std::string(3, '\0') + test::I2(32767))),
+       2005, false},
       {"variables without a count", FileWith(kVarInfo, Item("VarInfo", "vari", {}, "")), 2005,
        false},
   };

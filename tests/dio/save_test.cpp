@@ -80,7 +80,8 @@ TEST_F(SaveTest, ReplacingKeepsAllThatIsNotTheDataSet) {
   items.insert(items.begin(), ignored);
   items.push_back(kind);
   const std::string model = test::SuperItemOf("Model", "mod", "a body of some other layout");
-  const std::string tail = "bytes behind the last super item";
+  // Bytes behind the last super item, so many that one is left when whole blocks are copied.
+  const std::string tail((std::size_t{1} << 16) + 1 - model.size(), 't');
   const std::string old =
       test::FileOf(1, 2, test::SuperItemOf("Small", "data", test::Joined(items)) + model) + tail;
   test::WriteBytes(path_, old);
