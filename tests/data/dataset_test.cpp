@@ -50,9 +50,10 @@ TEST(Dataset, AFileThatIsNotThereLeavesItUnloaded) {
   EXPECT_EQ(dataset.GetNValA(), 0);
   EXPECT_EQ(dataset.GetDMPtr(), nullptr);
   EXPECT_EQ(dataset[1], nullptr);
-  short number;
+  short number = 5;
   char* name;
   EXPECT_EQ(dataset.GetObsInfo(1, number, name), 2004);
+  EXPECT_EQ(number, 0);
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(dataset.SetVarName(1, "x"), 2004);
   EXPECT_EQ(dataset.DeleteFileA(), 1002);

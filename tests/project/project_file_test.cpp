@@ -213,6 +213,19 @@ TEST_F(ProjectFolder, NamesWhatIsMissingOpensTheRestAndLosesNothing) {
   EXPECT_NE(whole.GetPredset(1), nullptr);
   EXPECT_STREQ(whole.GetWorkset(2)->GetNam(), "Second");
   EXPECT_STREQ(whole.GetWorkset(3)->GetNam(), "Third");
+
+  // A model by another number, and then none.
+  std::string list = test::ReadBytes(folder_.File("project.ini"));
+  for (std::size_t at = 0; (at = list.find("model2", at)) != std::string::npos;) list[at + 5] = '1';
+  test::WriteBytes(folder_.File("project.ini"), list);
+  std::filesystem::rename(folder_.File("model2.mdl"), folder_.File("model1.mdl"));
+  for (const bool is_there : {true, false}) {
+    Project opened("", window_);
+    ASSERT_EQ(opened.Open(path_.c_str()), 0);
+    EXPECT_EQ(opened.GetModel(1) != nullptr, is_there);
+    EXPECT_EQ(window_.log.find("Could not open model1.mdl") == std::string::npos, is_there);
+    std::filesystem::remove(folder_.File("model1.mdl"));
+  }
 }
 
 TEST_F(ProjectFolder, RefusesWhatIsNotItsOwn) {
