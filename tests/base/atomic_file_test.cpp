@@ -165,7 +165,9 @@ TEST(AtomicFile, AKillLeavesTheOldFileOrTheNewOne) {
   ASSERT_TRUE(Save(path, texts[0]));
   for (int round = 0; round < 30; ++round) {
     const pid_t child = fork();
-    for (int i = 0; child == 0; ++i) Save(path, texts[i % 2]);
+    if (child == 0) {
+      for (int i = 0;; ++i) Save(path, texts[i % 2]);
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(5 + round));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);

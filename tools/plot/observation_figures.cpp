@@ -65,10 +65,13 @@ LineSeries Level(std::string title, std::initializer_list<double> heights, doubl
 // The ellipse with these half-axes about the middle of two scores.
 LineSeries Ellipse(double half_x, double half_y) {
   constexpr int kSteps = 180;
+  // On an axis, what is 0 comes as some 1e-16, another one on each system.
+  const auto on_axis = [](double share) { return std::abs(share) < 1e-12 ? 0.0 : share; };
   LineSeries ellipse{kEllipseTitle, {{}}};
   for (int step = 0; step <= kSteps; ++step) {
     const double angle = 2.0 * std::numbers::pi * step / kSteps;
-    ellipse.lines.front().emplace_back(half_x * std::cos(angle), half_y * std::sin(angle));
+    ellipse.lines.front().emplace_back(half_x * on_axis(std::cos(angle)),
+                                       half_y * on_axis(std::sin(angle)));
   }
   return ellipse;
 }
