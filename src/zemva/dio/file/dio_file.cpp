@@ -71,12 +71,14 @@ void DioFile::CloseSuperItemFile() {
 int DioFile::NewFile() {
   if (is_open_) return status::dio::kPathChangeWhileOpen;
   if (path_.IsEmpty()) return status::dio::kFileNameMissing;
+  buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
   written_ = std::make_unique<AtomicFile>(path_.Get());
   stream_ = written_->GetStream();
   if (stream_ == nullptr) {
     written_.reset();
     return status::dio::kCreationError;
   }
+  std::setvbuf(stream_, buffer_.get(), _IOFBF, kBufferSize);
   is_open_ = true;
   return status::kOk;
 }

@@ -161,7 +161,7 @@ class ZEMVA_API DioFile {
   int ReadElements(Element*& values, int n);
 
   bool is_open_ = false;
-  std::unique_ptr<char[]> buffer_;  // of the stream that is read: many small items in one call
+  std::unique_ptr<char[]> buffer_;  // of the stream: many small items in one call
   std::FILE* stream_ = nullptr;
   FixedText<260> path_;
   StreamWindow& window_;

@@ -12,7 +12,6 @@
 namespace zemva {
 namespace {
 
-constexpr std::int64_t kLargestKept = 1 << 25;  // in memory, of a file that is written
 constexpr std::int64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 // Items have two dimensions at the most, a super item has one.
 constexpr int kLargestHeader = ItemHeader::kFixedSize + 2 * sizeof(std::int16_t);
@@ -70,31 +69,18 @@ int StoredFile::CheckTarget() {
 }
 
 int StoredFile::Write(std::string_view name, const std::function<int(const Sink&)>& walk) {
+  const std::int16_t version = version_;
+  int status = file_.NewSuperItemFile(type_, name, std::span(&version, 1));
+  if (status != status::kOk) return status;
   std::int64_t size = SuperHeader::kSize + kSuperItemHeader;
-  std::vector<char> body;  // of a file that is not large, to be made once
-  int status = walk([&](const ItemHeader& header, std::span<const char> payload) {
+  status = walk([&](const ItemHeader& header, std::span<const char> payload) {
     size += header.size;
     if (size > kLargestFile) return status::dio::kDimension;
-    if (size > kLargestKept) return status::kOk;
-    const std::vector<char> bytes = EncodeItemHeader(header);
-    body.insert(body.end(), bytes.begin(), bytes.end());
-    body.insert(body.end(), payload.begin(), payload.end());
-    return status::kOk;
+    const int written = file_.WriteItemHeader(header);
+    return written == status::kOk
+               ? file_.WriteBlock(payload.data(), static_cast<int>(payload.size()))
+               : written;
   });
-  if (status != status::kOk) return status;
-  const std::int16_t version = version_;
-  status = file_.NewSuperItemFile(type_, name, std::span(&version, 1));
-  if (status != status::kOk) return status;
-  if (size <= kLargestKept) {
-    status = file_.WriteBlock(body.data(), static_cast<int>(body.size()));
-  } else {
-    status = walk([&](const ItemHeader& header, std::span<const char> payload) {
-      const int written = file_.WriteItemHeader(header);
-      return written == status::kOk
-                 ? file_.WriteBlock(payload.data(), static_cast<int>(payload.size()))
-                 : written;
-    });
-  }
   const auto file_size = static_cast<int>(size);
   const int super_item_size = file_size - static_cast<int>(SuperHeader::kSize);
   if (status == status::kOk) status = file_.WriteSuperItemSize(super_item_size);

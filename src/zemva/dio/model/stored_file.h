@@ -106,7 +106,7 @@ class StoredFile {
   // 0 where there is nothing at the path, or a file of one such super item; else the code of Open.
   int CheckTarget();
   // Writes a file of a super item of that name. `walk` hands all items to a sink, as WriteItems
-  // does, and is called again for a large file: 2001, before the first byte, for more than 2 GiB.
+  // does. 2001 for more than 2 GiB. Where it fails, what stands at the path stays.
   int Write(std::string_view name, const std::function<int(const Sink&)>& walk);
 
  private:
