@@ -353,6 +353,9 @@ TEST(Project, TellsWhereMemoryRunsOut) {
 }
 
 TEST_F(ProjectOfOneTable, ListsItsModels) {
+  window_.log.clear();
+  project_.GetWMInfo().ShowAll(window_);
+  EXPECT_EQ(window_.log, "WMInfo has 0 items:\n");
   project_.GetModel(project_.AddModel(workset_, EModType::kPC1, 0))->GetModOpt().SetNComp(1);
   project_.AddModel(workset_, EModType::kPCAll, 0);
   ASSERT_EQ(project_.Compute(1), 0);

@@ -31,9 +31,7 @@ int ForEach(void* table, const Axis& axis, int first, int count, Element* to, Vi
   if (table == nullptr || to == nullptr) return status::mva::kNullPointer;
   Dataset& dataset = zemva::DatasetOf(table);
   const int most = (dataset.*axis.count)();
-  if (first < 1 || count < 0 || first > most + 1 || count > most + 1 - first) {
-    return status::mva::kIndexOutOfRange;
-  }
+  if (first < 1 || count < 0 || count > most + 1 - first) return status::mva::kIndexOutOfRange;
   for (int i = 0; i < count; ++i) {
     visit(dataset, static_cast<short>(first + i), static_cast<std::size_t>(i));
   }
