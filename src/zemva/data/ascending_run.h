@@ -4,28 +4,10 @@
 
 #include <algorithm>
 #include <optional>
-#include <utility>
+
+#include "zemva/data/itm_count.h"
 
 namespace zemva {
-
-// How many items of a table there are of some kind: none once the table was moved from.
-class ItmCount {
- public:
-  ItmCount() = default;
-  ItmCount(const ItmCount&) = default;
-  ItmCount& operator=(const ItmCount&) = default;
-  ItmCount(ItmCount&& other) noexcept : value_(std::exchange(other.value_, 0)) {}
-  ItmCount& operator=(ItmCount&& other) noexcept {
-    value_ = std::exchange(other.value_, 0);
-    return *this;
-  }
-
-  void Set(int value) { value_ = value; }
-  int Get() const { return value_; }
-
- private:
-  int value_ = 0;
-};
 
 // How many of the first rows of a table are known to have ascending numbers, as most tables have
 // throughout: a row is then found by halving, and rows that are added or taken out change nothing

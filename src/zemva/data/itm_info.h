@@ -13,6 +13,7 @@
 #include "zemva/base/export.h"
 #include "zemva/base/fixed_text.h"
 #include "zemva/data/ascending_run.h"
+#include "zemva/data/itm_count.h"
 #include "zemva/errors/status.h"
 #include "zemva/errors/stream_window.h"
 
